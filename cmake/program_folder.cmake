@@ -1,0 +1,13 @@
+# Lays the data of the program out beside its executables.
+file(GLOB OSTRINKA_CATALOGUES CONFIGURE_DEPENDS resources/*.lang)
+add_custom_target(program_folder ALL
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${OSTRINKA_APP}
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${OSTRINKA_CATALOGUES} ${OSTRINKA_APP}
+  VERBATIM)
+if(EXISTS ${CMAKE_SOURCE_DIR}/tools/make_psc.py)
+  add_custom_command(OUTPUT ${OSTRINKA_APP}/psc.bin
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${OSTRINKA_APP}
+    COMMAND python3 ${CMAKE_SOURCE_DIR}/tools/make_psc.py ${CMAKE_SOURCE_DIR}/resources/postal_codes.txt ${OSTRINKA_APP}/psc.bin
+    DEPENDS tools/make_psc.py resources/postal_codes.txt VERBATIM)
+  add_custom_target(postal_table ALL DEPENDS ${OSTRINKA_APP}/psc.bin)
+endif()

@@ -1,0 +1,74 @@
+// The state of the running program, and the only one: passed by reference, so that a test can hold two programs at once.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/catalogue.h"
+#include "app/company_record.h"
+#include "app/main_view.h"
+#include "app/settings.h"
+#include "base/format.h"
+#include "platform/platform.h"
+
+namespace ostrinka {
+
+class ClassQDBASE;
+class ClassPRINT;
+class PostalTable;
+
+struct LoginResult {
+  std::string user, password;
+  bool accepted = false;
+};
+
+struct ProgramVersion {
+  int16_t major, minor, revision;
+};
+inline constexpr ProgramVersion kProgramVersion{1, 0, 0};
+inline constexpr int kTableSlots = 32;
+
+class Program {
+ public:
+  // Runs the mobile test: a file "mobile" in the application folder moves the settings there.
+  explicit Program(Platform& platform);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  Platform& platform;
+  Locale locale = Locale::Polish();
+  bool mobile = false;
+  Settings settings;
+  Catalogue catalogue;
+  std::string skin_path;
+  bool database_open = false;
+  std::vector<std::string> TempPageFiles;
+  LoginResult login;
+  std::array<std::shared_ptr<ClassQDBASE>, kTableSlots + 1> tables;  // by table number, from 1
+  std::shared_ptr<ClassPRINT> CurrentPrintJob;
+  std::shared_ptr<PostalTable> postal;
+  CompanyRecord company;
+  MainView* main_view = nullptr;      // null until the main window stands
+  int32_t current_customer = 0;       // record handed from an editor to the line dialog and the picker
+  int32_t current_advance = 0;        // record of the advance invoice picked in the line dialog
+
+  std::string ApplicationFolder() const { return platform.application_folder; }  // exactly one closing slash
+  std::string IconsFolder() const { return platform.application_folder + "Icons/"; }
+  // Folder of the company database, from the settings, with a closing slash.
+  std::string DatabaseFolder();
+  // The markers <APP> and <USB> resolved, backslashes as slashes.
+  std::string ResolveFolder(std::string_view path) const;
+
+  std::string Text(std::string_view key, std::initializer_list<std::string_view> arguments = {}) const {
+    return catalogue.Text(key, arguments);
+  }
+  // The program's own message box with the text of `key`.
+  Answer Message(std::string_view key, MessageKind kind, std::initializer_list<std::string_view> arguments = {});
+  Answer ShowMessage(const std::string& text, MessageKind kind);
+  void Status(const std::string& text);  // the status line of the main window
+};
+
+}  // namespace ostrinka

@@ -1,0 +1,188 @@
+// ClassQDBASE: one open table of the system's own flat-file database.
+//
+// One object is one table file and its companions. Operations never throw; a failure is a false result passed through DErr, kept as the last
+// error and, when ShowErrMsg is set, told to `error_event`. Records count from 1 and never move: deletion marks.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/value.h"
+#include "platform/platform.h"
+
+namespace ostrinka {
+
+class Control;
+class Form;
+
+// Type codes of fields, as they stand in the file.
+enum FieldType : int32_t {
+  kByte = 1, kBoolean = 2, kInteger = 3, kLong = 4, kSingle = 5, kDouble = 6, kCurrency = 7, kDate = 8, kText = 9, kLink = 100, kMemo = 200,
+};
+enum UserType : int32_t { kOwner = 1024, kReadWrite = 512, kInvalidUser = 256 };
+enum SortOrder { ordAsc = 1, ordDesc = 2 };
+enum ExportFormat { kSeparatedValues = 64, kXml = 128 };
+
+// A field by name (".NAME" raw, "@NAME" through the link) or by number from 1.
+class FieldId {
+ public:
+  FieldId(int number) : number_(number) {}
+  FieldId(const char* name) : name_(name) {}
+  FieldId(std::string_view name) : name_(name) {}
+  FieldId(const std::string& name) : name_(name) {}
+  bool by_number() const { return number_ >= 0; }
+  int number() const { return number_; }
+  const std::string& name() const { return name_; }
+
+ private:
+  std::string name_;
+  int number_ = -1;
+};
+
+// Colours and texts of a table view.
+struct TableLook {
+  Colour foreground = 0, background = 0xFFFFFF, line = 0xC0C0C0, highlight = 0xC07030;
+  double zoom = 1;
+  double twips_per_pixel = 15;
+  std::string true_text = "Tak", false_text = "Nie";
+};
+
+// A cell as it was drawn, in pixels.
+struct TableCell {
+  int column = 0, left = 0, top = 0, right = 0, bottom = 0, field = 0;
+  int32_t record = 0;
+  int position = 0;  // of the cell in its row, from 1
+};
+
+class ClassQDBASE {
+ public:
+  explicit ClassQDBASE(Platform& platform);
+  ~ClassQDBASE();
+  ClassQDBASE(const ClassQDBASE&) = delete;
+  ClassQDBASE& operator=(const ClassQDBASE&) = delete;
+
+  // --- events and errors
+  std::function<void(int code, const std::string& message)> error_event;
+  std::function<void(const std::string& line, bool start)> debug_event;  // start is false for "...OK"
+  bool ShowErrMsg = false;
+  void DErr(int code, std::string_view detail);
+  int last_error_code() const;               // -1 when the last opening or operation failed with none
+  const std::string& last_error() const;     // "Can't open database < ... >", "" for none
+
+  // --- table file and users
+  bool DATABASE_OPEN(const std::string& file, std::string_view user, std::string_view password, bool create, bool select, bool links);
+  void DATABASE_CLOSE();
+  bool IsOpen() const;
+  std::string DATABASE_PATH() const;
+  int64_t DATABASE_SIZE();
+  bool UPDATE(bool reload);
+  int USER_COUNT();
+  std::string USER_NAME(int n);
+  std::string USER_PASS(int n);
+  int32_t USER_TYPE(int n);
+  int32_t LOGIN_TYPE() const;
+  bool LOGIN_EXIST();
+  bool USER_ADD(std::string_view name, std::string_view password, int32_t type);
+  bool USER_DELETE(int n);
+  bool USER_SET(int n, std::string_view name, std::string_view password, int32_t type);
+
+  // --- fields
+  bool FIELD_ADD(std::string_view name, int32_t type, int32_t length, std::string_view link_file, std::string_view link_field);
+  bool FIELD_DELETE(const FieldId& id);
+  bool FIELD_EXISTS(const FieldId& id);
+  std::string FIELD_NAME(int n);
+  std::string FIELD_LFILE(int n);
+  std::string FIELD_LFIELD(int n);
+  int32_t FIELD_TYPE(const FieldId& id);  // 0 on failure
+  int32_t FIELD_LEN(const FieldId& id);   // 0 on failure
+  bool FIELD_RENAME(const FieldId& id, std::string_view new_name, bool force);
+  bool FIELD_SET(int n, std::string_view name, int32_t type, int32_t length);
+  int FIELD_COUNT() const;
+
+  // --- records
+  bool RECORD_ADD(const std::vector<Value>& values = {});
+  bool RECORD_LOAD(int32_t n);
+  bool RECORD_SAVE(int32_t n, bool revive = false);
+  bool RECORD_DELETE(int32_t n);
+  bool RECORD_EXIST(int32_t n);
+  bool RECORD_LOCK(int32_t n);
+  bool RECORD_UNLOCK(int32_t n);
+  bool RECORD_SHOW(int32_t n);
+  bool RECORD_SELECT(int32_t n) const;
+  int32_t RECORD_LENGTH() const;
+  int32_t RECORD_COUNT();  // -1 when closed
+  int32_t RECORD_POSITION() const;
+  bool RECORD_POSITION(int32_t n);
+  bool MOVE_FIRST();
+  bool MOVE_PREV();
+  bool MOVE_NEXT();
+  bool MOVE_LAST();
+  // A field of the buffer: numbers as they are, anything else as text without nulls, trimmed; a date as text. Empty on failure.
+  Value FIELD(const FieldId& id);
+  bool FIELD(const FieldId& id, const Value& value);
+  // The same without the last step: a date stays a date.
+  Value FieldRaw(const FieldId& id);
+  // Readers of a known type; 0, false or "" where the value does not convert.
+  std::string Text(const FieldId& id);
+  int32_t Int(const FieldId& id);
+  double Real(const FieldId& id);
+  Currency Money(const FieldId& id);
+  bool Flag(const FieldId& id);
+  Date Day(const FieldId& id);
+
+  // --- selection
+  // Called now and then during a long scan with 0 to 100; may be empty.
+  std::function<void(int percent)> progress;
+  int32_t SELECTION(std::string_view fields, std::string_view condition, std::string_view order_field, int order, int32_t first = 0,
+                    int32_t last = 0);
+  const std::vector<int32_t>& selection() const;
+  const std::vector<int>& columns() const;  // field numbers on show
+
+  // --- table view
+  void TABLE_FIELD_FORMAT(const FieldId& field, int width, std::string_view title, std::string_view format, bool sum_up, int alignment);
+  int ColumnWidth(int n) const;
+  void ColumnWidth(int n, int width);
+  std::string ColumnTitle(int n) const;
+  void TABLE_SUMUP(bool flag);
+  void TABLE_DRAW(Canvas& surface, int first_row, int first_column, bool show_header, const TableLook& look);
+  int TABLE_ROWS() const;
+  bool TABLE_REFRESH();
+  bool TABLE_CLICK(int mode, int x, int y, int& left, int& top, int& width, int& height);
+  int TABLE_COLUMN(int x, int y) const;
+  int CELL_GOTO(int direction, int& left, int& top, int& width, int& height);  // the status
+  int MAX_ROWS() const;
+  int MAX_COLUMNS() const;
+  bool HideTSelectRow = false;
+  const std::vector<TableCell>& cells() const;
+  int clicked_field() const;
+  // Text of a cell as the view shows it: row from 1 in the selection, field number.
+  std::string CellText(int row, int field, const TableLook& look);
+
+  // --- form binding
+  void FORM_CONNECT(Form& form);
+  void FORM_DISCONNECT();
+  void FORM_OBJECT_ADD(Control& control, const FieldId& field);
+  void FORM_REFRESH();
+  void FORM_SAVE();
+
+  // --- attachments
+  bool MEMO_ADD(const FieldId& field, const std::string& file);
+  bool MEMO_DEL(const FieldId& field, int index);
+  bool MEMO_EXEC(const FieldId& field, int index);
+  void MEMO_REFRESH(const FieldId& field);
+  // Of `memo_file`, or of this table's companion when empty.
+  bool MEMO_FILE_COMPRESS_(const std::string& memo_file = {});
+
+  // --- export
+  bool DATABASE_EXPORT(const std::string& file, int format, bool all, char separator, char quote);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace ostrinka

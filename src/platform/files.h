@@ -1,0 +1,53 @@
+// Files and folders as the system uses them. Paths are UTF-8; both slashes separate.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ostrinka {
+
+// One open file with positional access. Positions count from 0.
+class File {
+ public:
+  virtual ~File() = default;
+  virtual int64_t Size() = 0;  // -1 on error
+  // Bytes read, fewer only at the end of the file; -1 on error.
+  virtual int64_t ReadAt(int64_t position, void* to, size_t length) = 0;
+  // All or nothing is promised to the caller only in the result: false when any byte was not written.
+  virtual bool WriteAt(int64_t position, const void* from, size_t length) = 0;
+  virtual bool Resize(int64_t length) = 0;
+  // Locks of this open file (not of the process) on a range of bytes. Never waits: false when another open file holds a lock in the way.
+  virtual bool Lock(int64_t position, int64_t length, bool exclusive) = 0;
+  virtual bool Unlock(int64_t position, int64_t length) = 0;
+  // Whether the path it was opened by still names this file.
+  virtual bool StillNamed() = 0;
+  // The platform's text of the last failure.
+  virtual std::string LastError() const = 0;
+};
+
+enum class OpenMode { kRead, kReadWrite, kCreate };  // kCreate: read and write, made when missing, for user and group only
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+  // Null on failure, with the platform's text in `error` when given. A folder is a failure.
+  virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode, std::string* error = nullptr) = 0;
+  virtual bool FileExists(const std::string& path) = 0;    // a plain file
+  virtual bool FolderExists(const std::string& path) = 0;
+  virtual int64_t FileSize(const std::string& path) = 0;   // -1 when absent
+  virtual bool Remove(const std::string& path) = 0;        // a file
+  virtual bool Rename(const std::string& from, const std::string& to) = 0;
+  virtual bool MakeFolder(const std::string& path) = 0;    // one level; true as well when it is there
+  virtual bool MakeFolders(const std::string& path) = 0;   // each level in turn
+  virtual std::vector<std::string> ListFiles(const std::string& folder) = 0;  // bare names of plain files, sorted
+  virtual std::string TemporaryFolder() = 0;               // with a closing slash
+
+  // Whole files. Read gives false when absent, unreadable or above `limit` bytes; Write replaces the file through a neighbour and a rename.
+  bool ReadAll(const std::string& path, std::string& content, int64_t limit = int64_t{1} << 30);
+  bool WriteAll(const std::string& path, std::string_view content);
+};
+
+}  // namespace ostrinka

@@ -1,0 +1,22 @@
+// Files and folders of a POSIX system, with open-file-description locks.
+#pragma once
+
+#include "platform/files.h"
+
+namespace ostrinka {
+
+class PosixFileSystem : public FileSystem {
+ public:
+  std::unique_ptr<File> Open(const std::string& path, OpenMode mode, std::string* error = nullptr) override;
+  bool FileExists(const std::string& path) override;
+  bool FolderExists(const std::string& path) override;
+  int64_t FileSize(const std::string& path) override;
+  bool Remove(const std::string& path) override;
+  bool Rename(const std::string& from, const std::string& to) override;
+  bool MakeFolder(const std::string& path) override;
+  bool MakeFolders(const std::string& path) override;
+  std::vector<std::string> ListFiles(const std::string& folder) override;
+  std::string TemporaryFolder() override;
+};
+
+}  // namespace ostrinka

@@ -1,0 +1,44 @@
+// What the system asks of the person in front of it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ostrinka {
+
+class Form;
+
+// Kinds of message boxes: a question has yes and no, the others one button.
+enum class MessageKind { kPlain = 0, kError = 16, kWarning = 48, kQuestion = 52, kInformation = 64 };
+enum class Answer { kOk, kCancel, kYes, kNo };
+
+// A filter of a file dialog: "Grafika (*.bmp; *.jpg)" and {"*.bmp", "*.jpg"}.
+struct FileFilter {
+  std::string name;
+  std::vector<std::string> patterns;
+};
+
+class UserInterface {
+ public:
+  virtual ~UserInterface() = default;
+  virtual void ShowModal(Form& form) = 0;  // returns when the form closes
+  virtual Answer ShowMessage(const std::string& text, MessageKind kind) = 0;
+  // Nothing when the person cancels.
+  virtual std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) = 0;
+  virtual std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal) = 0;
+  virtual std::optional<std::string> AskFolder(const std::string& title) = 0;
+  virtual void ShowStatus(const std::string& text) = 0;  // the status line of the main window
+  virtual void TurnEvents() = 0;                         // lets waiting events of the window run
+  virtual void Beep() = 0;
+  virtual void SetBusy(bool busy) = 0;                   // the hourglass
+  virtual void ShowSplash(bool shown) = 0;               // 424 by 222 pixels in the centre of the screen
+  virtual void ShowMainWindow() = 0;
+  virtual void RedrawMainWindow() = 0;
+  virtual void StartMainTimer(int milliseconds) = 0;
+  virtual void StopMainTimer() = 0;
+  virtual bool OpenWithSystem(const std::string& target) = 0;  // a file, a web address or "mailto:..." with its program
+  virtual void EndProgram() = 0;                               // windows are destroyed, the loop ends
+};
+
+}  // namespace ostrinka

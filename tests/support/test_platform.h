@@ -1,0 +1,145 @@
+// The surroundings of a program under test: real files in a temporary folder of its own, everything else told or recorded.
+#pragma once
+
+#include <stdlib.h>
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/platform.h"
+#include "platform/posix/posix_files.h"
+
+namespace ostrinka {
+
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "ostrinka-test-XXXXXX").string();
+    path_ = std::string(mkdtemp(pattern.data())) + "/";
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  const std::string& path() const { return path_; }
+  std::string operator/(const std::string& name) const { return path_ + name; }
+
+ private:
+  std::string path_;
+};
+
+class TestUserInterface : public UserInterface {
+ public:
+  std::vector<std::pair<std::string, MessageKind>> messages;
+  std::deque<Answer> answers;                         // for questions, in order; kNo when none is left
+  std::deque<std::optional<std::string>> file_answers;
+  std::function<void(Form&)> on_modal;                // plays the person in front of a form
+  std::vector<std::string> status, opened;
+  int beeps = 0, turns = 0, redraws = 0;
+  bool ended = false, window_shown = false;
+
+  void ShowModal(Form& form) override { if (on_modal) on_modal(form); }
+  Answer ShowMessage(const std::string& text, MessageKind kind) override {
+    messages.emplace_back(text, kind);
+    if (kind != MessageKind::kQuestion) return Answer::kOk;
+    if (answers.empty()) return Answer::kNo;
+    Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  std::optional<std::string> NextFile() {
+    if (file_answers.empty()) return std::nullopt;
+    std::optional<std::string> answer = file_answers.front();
+    file_answers.pop_front();
+    return answer;
+  }
+  std::optional<std::string> AskOpenFile(const std::vector<FileFilter>&) override { return NextFile(); }
+  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>&, const std::string&) override { return NextFile(); }
+  std::optional<std::string> AskFolder(const std::string&) override { return NextFile(); }
+  void ShowStatus(const std::string& text) override { status.push_back(text); }
+  void TurnEvents() override { ++turns; }
+  void Beep() override { ++beeps; }
+  void SetBusy(bool) override {}
+  void ShowSplash(bool) override {}
+  void ShowMainWindow() override { window_shown = true; }
+  void RedrawMainWindow() override { ++redraws; }
+  void StartMainTimer(int) override {}
+  void StopMainTimer() override {}
+  bool OpenWithSystem(const std::string& target) override { opened.push_back(target); return true; }
+  void EndProgram() override { ended = true; }
+};
+
+class TestClock : public Clock {
+ public:
+  Date now = *Date::FromYmd(2008, 3, 5);
+  Date Now() override { return now; }
+};
+
+class TestRandom : public Random {
+ public:
+  double Fraction() override { return static_cast<double>(engine_()) / 4294967296.0; }
+
+ private:
+  std::mt19937 engine_{1};
+};
+
+class TestWaiter : public Waiter {
+ public:
+  void Wait(int) override {}
+};
+
+class NoPrinter : public Printer {
+ public:
+  State Query() override { return State::kMissing; }
+  std::optional<PaperSize> Paper() override { return std::nullopt; }
+  bool StartDocument(const std::string&) override { return false; }
+  Canvas* StartPage(bool, double&) override { return nullptr; }
+  bool EndPage() override { return false; }
+  bool EndDocument() override { return false; }
+};
+
+class NoPictures : public PictureDecoder {
+ public:
+  std::optional<Picture> Decode(const std::string&) override { return std::nullopt; }
+};
+
+class NoDownload : public Download {
+ public:
+  bool Fetch(const std::string&, const std::string&, int64_t) override { return false; }
+};
+
+class NoSerial : public SerialPort {
+ public:
+  bool Open(const std::string&, int) override { return false; }
+  bool Write(const std::string&) override { return false; }
+  int64_t Read(void*, size_t, int) override { return -1; }
+  void Close() override {}
+};
+
+// `platform` has its application folder in `folder`/app/ and its per-user settings in `folder`/user/.
+struct TestPlatform {
+  TemporaryFolder folder;
+  PosixFileSystem files;
+  TestUserInterface ui;
+  TestClock clock;
+  TestRandom random;
+  TestWaiter waiter;
+  NoPrinter printer;
+  NoPictures pictures;
+  NoDownload download;
+  NoSerial serial;
+  Platform platform{files, ui, clock, random, waiter, printer, pictures, download, serial, folder / "app/", folder / "user/"};
+  TestPlatform() {
+    files.MakeFolder(folder / "app");
+    files.MakeFolder(folder / "user");
+  }
+};
+
+}  // namespace ostrinka
