@@ -69,6 +69,8 @@ class Control {
 
  protected:
   friend class Form;
+  // What every change by a person ends with: the form counts as changed, the window draws, the rules run.
+  void ChangedByUser();
   std::string name_;
   Form* form_ = nullptr;
 

@@ -34,7 +34,7 @@ struct Cell {
   unsigned flags = kPlain;
   Cell(std::string key, Control& field, int columns = 12, unsigned bits = kPlain)
       : caption_key(std::move(key)), control(&field), span(columns), flags(bits) {}
-  Cell(std::nullptr_t, int columns) : control(nullptr), span(columns) {}
+  explicit Cell(int gap) : control(nullptr), span(gap) {}  // a gap of so many columns
 };
 
 class GroupLayout;
@@ -94,7 +94,8 @@ enum ButtonFlags : unsigned { kNoFlags = 0, kDefault = 1, kCancel = 2 };
 struct FormButton {
   std::string caption_key;
   ButtonControl* button;
-  unsigned flags = kNoFlags;
+  unsigned flags;
+  FormButton(std::string key, ButtonControl& control, unsigned bits = kNoFlags) : caption_key(std::move(key)), button(&control), flags(bits) {}
 };
 
 class Form {

@@ -1,0 +1,169 @@
+#include "platform/posix/posix_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace ostrinka {
+namespace {
+
+std::string PlatformPath(const std::string& path) {
+  std::string result = path;
+  std::replace(result.begin(), result.end(), '\\', '/');
+  return result;
+}
+
+class PosixFile : public File {
+ public:
+  PosixFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+  ~PosixFile() override { close(descriptor_); }
+
+  int64_t Size() override {
+    struct stat status;
+    return Check(fstat(descriptor_, &status)) ? static_cast<int64_t>(status.st_size) : -1;
+  }
+
+  int64_t ReadAt(int64_t position, void* to, size_t length) override {
+    size_t done = 0;
+    while (done < length) {
+      const ssize_t got = pread(descriptor_, static_cast<char*>(to) + done, length - done, position + static_cast<int64_t>(done));
+      if (got < 0 && errno == EINTR) continue;
+      if (got < 0) {
+        error_ = errno;
+        return -1;
+      }
+      if (got == 0) break;
+      done += static_cast<size_t>(got);
+    }
+    return static_cast<int64_t>(done);
+  }
+
+  bool WriteAt(int64_t position, const void* from, size_t length) override {
+    size_t done = 0;
+    while (done < length) {
+      const ssize_t put = pwrite(descriptor_, static_cast<const char*>(from) + done, length - done, position + static_cast<int64_t>(done));
+      if (put < 0 && errno == EINTR) continue;
+      if (put <= 0) {
+        error_ = put < 0 ? errno : ENOSPC;
+        return false;
+      }
+      done += static_cast<size_t>(put);
+    }
+    return true;
+  }
+
+  bool Resize(int64_t length) override { return Check(ftruncate(descriptor_, length)); }
+
+  bool Lock(int64_t position, int64_t length, bool exclusive) override {
+    return SetLock(position, length, static_cast<short>(exclusive ? F_WRLCK : F_RDLCK));
+  }
+  bool Unlock(int64_t position, int64_t length) override { return SetLock(position, length, F_UNLCK); }
+
+  bool StillNamed() override {
+    struct stat own, named;
+    return fstat(descriptor_, &own) == 0 && stat(path_.c_str(), &named) == 0 && own.st_dev == named.st_dev && own.st_ino == named.st_ino;
+  }
+
+  std::string LastError() const override { return std::strerror(error_); }
+
+ private:
+  bool Check(int result) {
+    if (result != 0) error_ = errno;
+    return result == 0;
+  }
+
+  bool SetLock(int64_t position, int64_t length, short type) {
+    struct flock lock {};
+    lock.l_type = type;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = position;
+    lock.l_len = length;
+    return Check(fcntl(descriptor_, F_OFD_SETLK, &lock));
+  }
+
+  int descriptor_;
+  std::string path_;
+  int error_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<File> PosixFileSystem::Open(const std::string& path, OpenMode mode, std::string* error) {
+  const std::string name = PlatformPath(path);
+  const int flags = mode == OpenMode::kRead ? O_RDONLY : mode == OpenMode::kReadWrite ? O_RDWR : O_RDWR | O_CREAT;
+  int descriptor = open(name.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0660);
+  struct stat status;
+  if (descriptor >= 0 && (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))) {
+    close(descriptor);
+    descriptor = -1;
+    errno = EISDIR;
+  }
+  if (descriptor < 0) {
+    if (error) *error = std::strerror(errno);
+    return nullptr;
+  }
+  return std::make_unique<PosixFile>(descriptor, name);
+}
+
+bool PosixFileSystem::FileExists(const std::string& path) {
+  struct stat status;
+  return stat(PlatformPath(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool PosixFileSystem::FolderExists(const std::string& path) {
+  struct stat status;
+  return stat(PlatformPath(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+int64_t PosixFileSystem::FileSize(const std::string& path) {
+  struct stat status;
+  if (stat(PlatformPath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return -1;
+  return static_cast<int64_t>(status.st_size);
+}
+
+bool PosixFileSystem::Remove(const std::string& path) { return unlink(PlatformPath(path).c_str()) == 0; }
+
+bool PosixFileSystem::Rename(const std::string& from, const std::string& to) {
+  return rename(PlatformPath(from).c_str(), PlatformPath(to).c_str()) == 0;
+}
+
+bool PosixFileSystem::MakeFolder(const std::string& path) {
+  return mkdir(PlatformPath(path).c_str(), 0770) == 0 || FolderExists(path);
+}
+
+bool PosixFileSystem::MakeFolders(const std::string& path) {
+  const std::string name = PlatformPath(path);
+  for (size_t at = name.find('/', 1); at != std::string::npos; at = name.find('/', at + 1)) {
+    if (!MakeFolder(name.substr(0, at))) return false;
+  }
+  return name.empty() || MakeFolder(name);
+}
+
+std::vector<std::string> PosixFileSystem::ListFiles(const std::string& folder) {
+  std::vector<std::string> names;
+  const std::string name = PlatformPath(folder);
+  DIR* directory = opendir(name.c_str());
+  if (!directory) return names;
+  while (const dirent* entry = readdir(directory)) {
+    if (FileExists(name + "/" + entry->d_name)) names.emplace_back(entry->d_name);
+  }
+  closedir(directory);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string PosixFileSystem::TemporaryFolder() {
+  const char* named = std::getenv("TMPDIR");
+  std::string folder = named && *named ? named : "/tmp";
+  if (folder.back() != '/') folder += '/';
+  return folder;
+}
+
+}  // namespace ostrinka

@@ -1,0 +1,158 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <pty.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <thread>
+
+#include "base/bytes.h"
+#include "platform/posix/posix_system.h"
+#include "support/test_platform.h"
+
+namespace ostrinka {
+namespace {
+
+class PosixTest : public ::testing::Test {
+ protected:
+  TemporaryFolder folder;
+  PosixFileSystem files;
+};
+
+TEST_F(PosixTest, LocksBelongToTheOpenFileAndReachOtherProcesses) {
+  const auto first = files.Open(folder / "t", OpenMode::kCreate);
+  auto second = files.Open(folder / "t", OpenMode::kReadWrite);
+  ASSERT_TRUE(first->Lock(100, 10, true));
+  EXPECT_FALSE(second->Lock(105, 1, true));
+  EXPECT_TRUE(second->Lock(110, 1, true));
+  second.reset();  // closing another open file of this process releases nothing of the first
+  const pid_t child = fork();
+  if (child == 0) {
+    PosixFileSystem own;
+    const auto file = own.Open(folder / "t", OpenMode::kReadWrite);
+    _exit(file->Lock(100, 10, true) ? 1 : file->Lock(110, 1, true) ? 0 : 2);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST_F(PosixTest, AReplacedFileIsNoLongerNamedByItsPath) {
+  ASSERT_TRUE(files.WriteAll(folder / "a", "1"));
+  const auto open = files.Open(folder / "a", OpenMode::kReadWrite);
+  EXPECT_TRUE(open->StillNamed());
+  ASSERT_TRUE(files.WriteAll(folder / "b", "2"));
+  ASSERT_TRUE(files.Rename(folder / "b", folder / "a"));
+  EXPECT_FALSE(open->StillNamed());
+}
+
+TEST_F(PosixTest, FoldersAreNoFilesAndBothSlashesSeparate) {
+  ASSERT_TRUE(files.MakeFolders((folder / "x\\y") + "\\z\\"));
+  std::string error;
+  EXPECT_EQ(files.Open(folder / "x/y", OpenMode::kRead, &error), nullptr);
+  EXPECT_FALSE(error.empty());
+  ASSERT_TRUE(files.WriteAll(folder / "x\\f", "abc"));
+  EXPECT_EQ(files.FileSize(folder / "x/f"), 3);
+  EXPECT_EQ(files.ListFiles(folder / "x"), std::vector<std::string>{"f"});
+  std::string content;
+  EXPECT_FALSE(files.ReadAll(folder / "x/f", content, 2));
+}
+
+TEST_F(PosixTest, SerialPortTalksToATerminal) {
+  int master = -1, slave = -1;
+  char name[256];
+  ASSERT_EQ(openpty(&master, &slave, name, nullptr, nullptr), 0);
+  PosixSerialPort port;
+  ASSERT_TRUE(port.Open(name, 19200));
+  ASSERT_TRUE(port.Write(std::string("\x1BP\0#", 4)));
+  char sent[8];
+  EXPECT_EQ(read(master, sent, sizeof sent), 4);
+  EXPECT_EQ(std::string(sent, 4), std::string("\x1BP\0#", 4));
+  ASSERT_EQ(write(master, "\r\n", 2), 2);
+  EXPECT_EQ(port.Read(sent, sizeof sent, 1000), 2);
+  EXPECT_EQ(std::string(sent, 2), "\r\n");
+  EXPECT_EQ(port.Read(sent, 1, 1), 0);
+  EXPECT_FALSE(port.Open(folder / "no-port", 9600));
+  close(master);
+  close(slave);
+}
+
+// Answers one request on a loopback port with the given bytes.
+class OneAnswer {
+ public:
+  explicit OneAnswer(std::string answer) {
+    listener_ = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    if (bind(listener_, reinterpret_cast<sockaddr*>(&address), size) != 0 || listen(listener_, 1) != 0) std::abort();
+    getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
+    port = ntohs(address.sin_port);
+    thread_ = std::thread([this, answer] {
+      const int connection = accept(listener_, nullptr, nullptr);
+      char request[4096];
+      if (read(connection, request, sizeof request) > 0 && write(connection, answer.data(), answer.size()) < 0) std::abort();
+      close(connection);
+    });
+  }
+  ~OneAnswer() {
+    thread_.join();
+    close(listener_);
+  }
+  std::string Url() const { return "http://127.0.0.1:" + std::to_string(port) + "/dir.txt"; }
+  int port = 0;
+
+ private:
+  int listener_;
+  std::thread thread_;
+};
+
+TEST_F(PosixTest, ADownloadCountsOnlyWhenItIsCompleteAndSuccessful) {
+  const struct {
+    const char* answer;
+    bool counts;
+  } rows[] = {{"HTTP/1.0 200 OK\r\nContent-Length: 5\r\n\r\nhello", true},
+              {"HTTP/1.0 200 OK\r\nContent-Length: 9\r\n\r\nhello", false},
+              {"HTTP/1.0 404 Not Found\r\nContent-Length: 5\r\n\r\nhello", false},
+              {"HTTP/1.0 200 OK\r\nContent-Length: 11\r\n\r\nhello world", false}};
+  for (const auto& row : rows) {
+    files.Remove(folder / "d");
+    OneAnswer server(row.answer);
+    HttpDownload download(files);
+    EXPECT_EQ(download.Fetch(server.Url(), folder / "d", 10), row.counts) << row.answer;
+    EXPECT_EQ(files.FileExists(folder / "d"), row.counts);
+  }
+}
+
+TEST_F(PosixTest, BitmapsAreCheckedBeforeTheyAreRead) {
+  std::string bitmap(54 + 2 * 8, '\0');
+  bitmap[0] = 'B';
+  bitmap[1] = 'M';
+  StoreLe<uint32_t>(&bitmap[10], 54);
+  StoreLe<int32_t>(&bitmap[18], 2);
+  StoreLe<int32_t>(&bitmap[22], 2);
+  StoreLe<uint16_t>(&bitmap[28], 24);
+  bitmap[54] = '\x01';                  // blue of the lower left pixel
+  bitmap[54 + 8 + 5] = '\x02';          // red of the upper right one
+  BitmapDecoder decoder(files);
+  ASSERT_TRUE(files.WriteAll(folder / "logo", bitmap));
+  const auto picture = decoder.Decode(folder / "logo");
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture->pixels, (std::vector<uint32_t>{0xFF000000, 0xFF020000, 0xFF000001, 0xFF000000}));
+  const auto refused = [&](size_t at, int32_t value) {
+    std::string bad = bitmap;
+    StoreLe(&bad[at], value);
+    EXPECT_TRUE(files.WriteAll(folder / "logo", bad));
+    return !decoder.Decode(folder / "logo");
+  };
+  EXPECT_TRUE(refused(10, INT32_MAX));
+  EXPECT_TRUE(refused(18, INT32_MAX));
+  EXPECT_TRUE(refused(22, INT32_MIN));
+  EXPECT_TRUE(refused(22, 3));
+}
+
+}  // namespace
+}  // namespace ostrinka
