@@ -15,7 +15,8 @@ class OSTEngine {
 
   // Tries every table in `path` with this login; nothing stays open.
   void test_(const std::string& path, const std::string& user, const std::string& password, bool& ok);
-  // Opens the company that the settings name. A silent call shows no progress.
+  // Opens the company that the settings name, upgrading it first when another version opened it last. The login used stands in
+  // Program::login afterwards. On failure no table is open. A silent call shows no progress.
   void open_(bool silent, bool& ok);
   // close_ without compression, then open_.
   void reopen_(bool& ok);
@@ -23,10 +24,15 @@ class OSTEngine {
   void close_(bool compress);
   // Creates what is missing in `path`, with its seed rows; a file that exists is left as it stands.
   void create_(const std::string& path, const std::string& user, const std::string& password, bool silent, bool& ok);
-  // The upgrade of a folder to the present fields.
+  // The upgrade of a folder to the present fields. False when a table could not be opened or changed; the rest is done all the same.
   void tdb_DataBaseDebug(const std::string& path, const std::string& user, const std::string& password, bool& ok);
 
  private:
+  // `path` with its markers resolved and a closing slash.
+  std::string Folder(const std::string& path) const;
+  // The version test of a folder, with what it leads to.
+  void BringUpToDate(const std::string& folder, const LoginResult& login);
+  // Shows the percent in the status line and lets the window catch up; nothing when `silent`.
   void step(double percent, bool silent);
 
   Program& program_;

@@ -16,8 +16,8 @@ class PostalTable {
  public:
   PostalTable() : rows_(1) {}
 
-  // Reads `program_folder` (with a closing slash) + "psc.bin". A missing or empty file leaves one blank row and gives false; a record cut off
-  // at the end is passed over. Never fails otherwise: the bytes are taken as they are.
+  // Reads `program_folder` (with a closing slash) + "psc.bin". A missing or empty file leaves one blank row and gives false; a record cut
+  // off at the end is passed over. Never fails otherwise: the bytes are taken as they are.
   bool LoadPostalCodes(FileSystem& files, const std::string& program_folder);
 
   size_t Count() const { return rows_.size(); }  // at least 1

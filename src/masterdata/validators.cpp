@@ -12,10 +12,16 @@ constexpr int kRegon7Weights[] = {2, 3, 4, 5, 6, 7};
 constexpr int kRegon9Weights[] = {8, 9, 2, 3, 4, 5, 6, 7};
 constexpr int kRegon14Weights[] = {2, 4, 8, 5, 0, 9, 7, 3, 6, 1, 2, 4, 8};
 
-bool IsDigit(char letter) { return letter >= '0' && letter <= '9'; }
-bool IsCapital(char letter) { return letter >= 'A' && letter <= 'Z'; }
+bool IsDigit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+bool IsCapital(char letter) {
+  return letter >= 'A' && letter <= 'Z';
+}
 
-char AsciiCapital(char letter) { return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter; }
+char AsciiCapital(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
 
 // Whether the weighted sum of all digits but the last, modulo 11, is the last one.
 bool LastDigitChecks(const std::string& digits, std::span<const int> weights) {
@@ -27,7 +33,9 @@ bool LastDigitChecks(const std::string& digits, std::span<const int> weights) {
 
 }  // namespace
 
-bool CheckNIP(std::string_view text) { return LastDigitChecks(DigitsOnly(text), kNipWeights); }
+bool CheckNIP(std::string_view text) {
+  return LastDigitChecks(DigitsOnly(text), kNipWeights);
+}
 
 bool CheckREGON(std::string_view text) {
   const std::string digits = DigitsOnly(text);

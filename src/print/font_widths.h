@@ -20,7 +20,8 @@ Face FaceOf(std::string_view font_name, bool bold);
 
 // Widths by Windows-1250 byte.
 const std::array<uint8_t, 256>& WidthTable(Face face);
-// Width of a text at the cell height of 125: the sum of its characters.
+// Width of a text at the cell height of 125: the sum of its characters. The second form takes Windows-1250 bytes.
 int64_t WidthAt125(std::string_view text, Face face);
+int64_t WidthAt125OfCp1250(std::string_view bytes, Face face);
 
 }  // namespace ostrinka

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,6 +19,8 @@
 #include "print/font_widths.h"
 
 namespace ostrinka {
+
+inline constexpr double kPdfUnitsPerMm = double{2.8333333f};  // not 72 / 25.4, kept
 
 class ClassPDF {
  public:
@@ -86,12 +89,17 @@ class ClassPDF {
   int TakeObject(Kind kind, size_t index);
   Face FaceOfFont(int font) const;
   double Y(double y) const;  // PDF units
-  void Number(double value);  // appended to the page's content, with a blank
+  void AppendNumber(std::string& to, double value) const;
+  ClassPDF& Number(double value);  // appended to the page's content, with a blank
   void Line(std::string_view text);
   void ColourLine(Colour colour, std::string_view how);
-  void TextBlock(std::string_view hex, double width, int font, double size, double x, double y, int align, double angle);
-  void WriteObject(Output& out, int number);
+  void DashLine();
+  void ReadBitmapRows(File& file, int64_t position, ImageRow& image);
+  void TextBlock(std::string_view hex, int64_t width, int font, double size, double x, double y, int align, double angle);
+  void MakeResources();
+  void WriteObject(Output& out, const ObjectRow& object);
   void WritePage(Output& out, const PageRow& page);
+  void WriteContents(Output& out, const ContentsRow& contents);
   void WriteFont(Output& out, const FontRow& font);
   void WriteImage(Output& out, const ImageRow& image);
   void WriteTail(Output& out);
@@ -104,6 +112,7 @@ class ClassPDF {
   std::vector<ContentsRow> contents_;
   std::vector<FontRow> fonts_;
   std::vector<ImageRow> images_;
+  std::string resources_;  // of every page, made by Save
   int image_number_ = 0;
   std::vector<std::pair<double, double>> vertices_;
   std::array<std::string, kFaces> width_lists_;

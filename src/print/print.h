@@ -122,24 +122,27 @@ class ClassPRINT {
   const std::vector<PageElement>& elements() const { return elements_; }  // in call order
 
  private:
-  struct Wrapping;
+  struct TextBox {
+    int64_t left, top, width;  // recording units, y upwards
+    Anchor anchor;
+  };
   PageElement* NewElement(ElementKind kind);
   const PageRecord* RecordOf(int32_t page) const;
   void SizeFromPrinter(PageRecord& record, bool landscape);
   std::string NewPageFileName();
-  void OpenRecording(const PageRecord& sheet);
+  void OpenRecording(const std::string& path, const PageRecord& sheet);
   void CloseRecording();
-  void ApplyPen(Colour colour, int16_t width_style, int16_t pen_style);
-  int FontHeight() const;  // recording units
-  std::string DrawnText(std::string_view text) const;  // Windows-1250
-  int64_t WidthOf(std::string_view cp1250) const;       // recording units
-  // Draws when `place` is given, and counts the lines either way.
-  int32_t Paragraphs_(std::string_view cp1250, int64_t box, const Wrapping* place) const;
-  int32_t Words_(std::string_view cp1250, int64_t box, int64_t y, const Wrapping* place) const;
-  void Play(const PageRecord& record, Canvas& target, const RectF& frame);
-  void AddTextToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
+  void SetStyle(PageElement& element, Colour colour, int16_t width_style, int16_t pen_style);
+  int32_t FontHeight() const;  // recording units
+  std::string DrawnText(std::string_view text) const;
+  int64_t WidthOf(std::string_view cp1250) const;  // recording units
+  int32_t WrapParagraphs(std::string_view cp1250, TextBox box, bool draw);
+  int32_t WrapWords(std::string_view cp1250, TextBox box, bool draw);
+  void RecordText(std::string_view cp1250, int64_t x, int64_t y, Anchor anchor);
+  bool Play(const PageRecord& record, Canvas& target, const RectF& frame);
   void AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
-  const Picture* LoadPicture(const std::string& path);
+  void AddTextToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
+  const Picture* LoadPicture(const std::string& path, double width, double height);
 
   Program& program_;
   std::vector<PageRecord> pages_;
@@ -155,7 +158,8 @@ class ClassPRINT {
   bool failed_ = false;
   std::string picture_path_;  // of the picture decoded last: layouts put the same one on every page
   int64_t picture_size_ = -1;
-  std::unique_ptr<Picture> picture_;
+  std::unique_ptr<Picture> picture_, reduced_;
+  int reduction_ = 1;  // of reduced_; 1 while none is made
 };
 
 }  // namespace ostrinka

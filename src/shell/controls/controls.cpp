@@ -31,6 +31,12 @@ void Control::SetWarning(bool warning, std::string tip) {
   Repaint.Raise();
 }
 
+bool Control::UserEnter() {
+  if (!CanAct()) return false;
+  if (form_) form_->FocusCame(*this);
+  return true;
+}
+
 void Control::UserLeave() {
   if (CanAct()) Left.Raise();
 }

@@ -64,7 +64,8 @@ class Control {
   virtual std::string ShownText() const { return {}; }
   // What a script's `set` does between entering and leaving: changes the value as a person would, once. False when it does not take it.
   virtual bool UserSet(const std::string& value) { (void)value; return false; }
-  bool UserEnter() { return CanAct(); }
+  // The focus comes to the control: the form knows it by its focus(). False when it cannot.
+  bool UserEnter();
   void UserLeave();
 
  protected:

@@ -137,9 +137,10 @@ class Form {
   void SetDirty(bool dirty) { dirty_ = dirty; }
   virtual bool AsksBeforeClosing() const { return false; }
 
-  // The control that has the focus first and the one a form asks to move to.
+  // The control that has the focus: the one a form asks to move to, later the one that the person entered.
   void SetFocus(Control& control);
   Control* focus() const { return focus_; }
+  void FocusCame(Control& control) { focus_ = &control; }
   Event FocusAsked;
 
   // A key that the form takes before its fields do, by the code of the main window's table, with Ctrl or not. True when taken.

@@ -1,0 +1,17 @@
+// The company record: record 1 of firma.
+#pragma once
+
+#include "app/program.h"
+#include "engine/qdbase.h"
+
+namespace ostrinka {
+
+// Puts the date and percent formats of the settings into the loaded record; the caller saves.
+void FillFormats(Program& program, ClassQDBASE& firma);
+// Adds record 1 with its formats to an empty table. False when it could not be written; true as well when the table is not empty.
+bool EnsureCompanyRecord(Program& program, ClassQDBASE& firma);
+// A record whose S_NAZWA is filled goes to the settings of section "user" and to Program::company, so that documents show the company that
+// is open.
+void TakeCompanyDetails(Program& program, ClassQDBASE& firma);
+
+}  // namespace ostrinka

@@ -1,0 +1,173 @@
+#include "company/ost_engine.h"
+
+#include "base/text.h"
+#include "company/firma_record.h"
+#include "company/list_columns.h"
+#include "company/login_form.h"
+#include "company/table_definitions.h"
+#include "company/version_file.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr double kLastStep = 100;
+
+bool EndsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+LoginResult AskLogin(Program& program) {
+  program.login = {};
+  if (program.settings.Boolean(kCommon, "dbLogin", "login", false)) {
+    LoginForm form(program);
+    program.platform.ui.ShowModal(form);
+  } else {
+    program.login = {program.settings.Text(kCommon, "dbLogin", "username"), program.settings.Text(kCommon, "dbLogin", "password"), true};
+  }
+  return program.login;
+}
+
+// Names of what a broken-off structure change left beside the tables, one a line.
+std::string LeftOvers(Program& program, const std::string& folder) {
+  std::string names;
+  for (const std::string& name : program.platform.files.ListFiles(folder)) {
+    if (!EndsWith(name, ".temp") && !EndsWith(name, ".new") && !EndsWith(name, ".try")) continue;
+    for (const TableDefinition& table : TableDefinitions()) {
+      if (StartsWith(name, std::string(table.file) + ".")) names += (names.empty() ? "" : "\r\n") + name;
+    }
+  }
+  return names;
+}
+
+void CloseTables(Program& program) {
+  for (int number = 1; number <= kTableSlots; ++number) {
+    std::shared_ptr<ClassQDBASE>& table = program.tables[static_cast<size_t>(number)];
+    if (table) table->DATABASE_CLOSE();
+    table.reset();
+  }
+}
+
+bool OpenTable(Program& program, int number, const std::string& folder, const LoginResult& login) {
+  auto table = std::make_shared<ClassQDBASE>(program.platform);
+  if (!table->DATABASE_OPEN(folder + TableFile(number), login.user, login.password, false, false, true)) return false;
+  program.tables[static_cast<size_t>(number)] = table;
+  if (number != kFirma) {
+    ShowListColumns(program, number, *table);
+    return true;
+  }
+  if (!EnsureCompanyRecord(program, *table)) return false;
+  table->SELECTION("*", "*", "", ordAsc);
+  table->MOVE_FIRST();
+  TakeCompanyDetails(program, *table);
+  return true;
+}
+
+// The last three steps are 98, 99 and 100.
+double OpeningPercent(size_t step) {
+  constexpr size_t kBefore = kTableCount - 3;
+  return step <= kBefore ? static_cast<double>(step * 97 / kBefore) : static_cast<double>(97 + step - kBefore);
+}
+
+bool SameVersion(ProgramVersion a, ProgramVersion b) {
+  return a.major == b.major && a.minor == b.minor && a.revision == b.revision;
+}
+
+}  // namespace
+
+std::string OSTEngine::Folder(const std::string& path) const {
+  std::string folder = program_.ResolveFolder(path);
+  if (folder.empty() || folder.back() != '/') folder += '/';
+  return folder;
+}
+
+void OSTEngine::step(double percent, bool silent) {
+  if (silent) return;
+  ++steps_;
+  program_.Status(FormatNumber(percent, "00") + "% " + std::string(static_cast<size_t>(steps_), '.'));
+  program_.platform.ui.TurnEvents();
+}
+
+void OSTEngine::test_(const std::string& path, const std::string& user, const std::string& password, bool& ok) {
+  ok = false;
+  const std::string folder = Folder(path);
+  for (int number : OpeningOrder()) {
+    ClassQDBASE table(program_.platform);
+    if (!table.DATABASE_OPEN(folder + TableFile(number), user, password, false, false, false)) return;
+    table.DATABASE_CLOSE();
+  }
+  ok = true;
+}
+
+void OSTEngine::BringUpToDate(const std::string& folder, const LoginResult& login) {
+  FileSystem& files = program_.platform.files;
+  if (!files.FileExists(folder + TableFile(kFirma))) return;
+  {
+    // A login that is refused changes nothing, or the folder would be marked as brought up to date when it was not.
+    ClassQDBASE company(program_.platform);
+    if (!company.DATABASE_OPEN(folder + TableFile(kFirma), login.user, login.password, false, false, false)) return;
+  }
+  const ProgramVersion found = ReadFolderVersion(files, folder);
+  WriteFolderVersion(files, folder, kProgramVersion);
+  if (SameVersion(found, kProgramVersion)) return;
+  bool created = false, upgraded = false;
+  create_(folder, login.user, login.password, true, created);
+  tdb_DataBaseDebug(folder, login.user, login.password, upgraded);
+  // What could not be changed now, for a table in use elsewhere, is tried again at the next opening.
+  if (!created || !upgraded) WriteFolderVersion(files, folder, found);
+}
+
+void OSTEngine::open_(bool silent, bool& ok) {
+  ok = false;
+  program_.database_open = false;
+  steps_ = 0;
+  CloseTables(program_);
+  if (!silent) {
+    program_.Status("Otwieranie bazy danych...");
+    program_.platform.ui.TurnEvents();
+  }
+  const LoginResult login = AskLogin(program_);
+  const std::string folder = program_.DatabaseFolder();
+  const std::string left_overs = LeftOvers(program_, folder);
+  if (!left_overs.empty()) program_.Message("msg.info.dbleftover", MessageKind::kWarning, {left_overs});
+  BringUpToDate(folder, login);
+  steps_ = 0;
+  size_t opened = 0;
+  for (int number : OpeningOrder()) {
+    if (!OpenTable(program_, number, folder, login)) {
+      CloseTables(program_);
+      return;
+    }
+    step(OpeningPercent(++opened), silent);
+  }
+  program_.database_open = true;
+  ok = true;
+}
+
+void OSTEngine::reopen_(bool& ok) {
+  close_(false);
+  open_(false, ok);
+}
+
+void OSTEngine::close_(bool compress) {
+  struct Attached {
+    std::string table, user, password;
+  };
+  std::vector<Attached> attached;
+  program_.database_open = false;
+  steps_ = 0;
+  for (int number = 1; number <= kTableSlots; ++number) {
+    if (number % 10 == 0) step(number * kLastStep / kTableSlots, false);
+    if (!TableIsOpen(program_, number)) continue;
+    ClassQDBASE& table = Table(program_, number);
+    attached.push_back({table.DATABASE_PATH(), table.USER_NAME(0), table.USER_PASS(0)});
+    table.DATABASE_CLOSE();
+  }
+  for (const Attached& entry : attached) {
+    if (!compress || program_.platform.files.FileSize(entry.table + ".memo") < 1) continue;
+    ClassQDBASE table(program_.platform);
+    if (table.DATABASE_OPEN(entry.table, entry.user, entry.password, false, false, false)) table.MEMO_FILE_COMPRESS_(entry.table + ".memo");
+  }
+  CloseTables(program_);
+}
+
+}  // namespace ostrinka

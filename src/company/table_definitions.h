@@ -1,0 +1,42 @@
+// The twenty-eight tables of a company as data: number, file, fields in creation order.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "company/tables.h"
+
+namespace ostrinka {
+
+struct FieldDefinition {
+  const char* name;
+  FieldType type;
+  int32_t length = 0;          // of a text; 0 for any other type
+  const char* link_file = "";  // of a link
+  const char* link_field = "";
+};
+
+struct TableDefinition {
+  int number;  // in Program::tables
+  const char* file;
+  int progress;  // percent shown before the table is created
+  std::span<const FieldDefinition> fields;
+};
+
+inline constexpr size_t kTableCount = 28;
+
+// In the order in which they are created.
+const std::array<TableDefinition, kTableCount>& TableDefinitions();
+// In the order in which a company is opened and tested.
+const std::array<int, kTableCount>& OpeningOrder();
+
+// Null for a number without a table.
+const TableDefinition* FindTable(int number);
+// File name of that table, "" for a number without one.
+std::string TableFile(int number);
+// Null when the table has no such field.
+const FieldDefinition* FindField(const TableDefinition& table, std::string_view name);
+
+}  // namespace ostrinka

@@ -1,0 +1,104 @@
+#include "company/tables.h"
+
+#include "base/text.h"
+#include "company/table_definitions.h"
+
+namespace ostrinka {
+namespace {
+
+// Slot of the closed object that stands in for a table which is not open.
+constexpr size_t kStandIn = 0;
+
+// A text of a record, read past whatever the caller holds in the table's buffer.
+std::string PeekText(ClassQDBASE& table, int32_t record, const char* field) {
+  std::vector<Value> buffer;
+  for (int i = 1; i <= table.FIELD_COUNT(); ++i) buffer.push_back(table.FieldRaw(i));
+  if (!table.RECORD_LOAD(record)) return "";
+  std::string text = table.Text(field);
+  for (int i = 1; i <= table.FIELD_COUNT() && static_cast<size_t>(i) <= buffer.size(); ++i)
+    table.FIELD(i, buffer[static_cast<size_t>(i) - 1]);
+  return text;
+}
+
+bool IsLetter(char32_t letter) {
+  constexpr std::u32string_view kPolish = U"ąćęłńóśźż";
+  return (letter >= U'a' && letter <= U'z') || kPolish.find(letter) != std::u32string_view::npos;
+}
+
+std::string WithoutLetters(std::string_view pattern) {
+  std::u32string kept;
+  for (char32_t letter : CodePoints(Lower(pattern))) {
+    if (!IsLetter(letter)) kept += letter;
+  }
+  return Trim(FromCodePoints(kept));
+}
+
+std::string CurrencyPattern(Program& program, int32_t currency, bool with_sign, const char* field, const char* setting,
+                            const char* fallback) {
+  ClassQDBASE& currencies = Table(program, kWaluty);
+  const bool known = currency >= 1 && currencies.IsOpen() && currency <= currencies.RECORD_COUNT();
+  const std::string pattern =
+      known ? PeekText(currencies, currency, field) : program.settings.Text(kCommon, "strFormat", setting, fallback);
+  return with_sign ? pattern : WithoutLetters(pattern);
+}
+
+std::string DatePattern(Program& program, const char* field, const char* fallback) {
+  ClassQDBASE& company = Table(program, kFirma);
+  if (!company.IsOpen()) return fallback;
+  std::string pattern = PeekText(company, 1, field);
+  return pattern.empty() ? fallback : pattern;
+}
+
+}  // namespace
+
+ClassQDBASE& Table(Program& program, int number) {
+  if (number >= 1 && number <= kTableSlots && program.tables[static_cast<size_t>(number)])
+    return *program.tables[static_cast<size_t>(number)];
+  std::shared_ptr<ClassQDBASE>& stand_in = program.tables[kStandIn];
+  if (!stand_in) stand_in = std::make_shared<ClassQDBASE>(program.platform);
+  return *stand_in;
+}
+
+bool TableIsOpen(const Program& program, int number) {
+  if (number < 1 || number > kTableSlots) return false;
+  const std::shared_ptr<ClassQDBASE>& table = program.tables[static_cast<size_t>(number)];
+  return table && table->IsOpen();
+}
+
+bool OpenPrivate(Program& program, int number, ClassQDBASE& table, bool links) {
+  ClassQDBASE& shared = Table(program, number);
+  if (!shared.IsOpen()) return false;
+  return table.DATABASE_OPEN(shared.DATABASE_PATH(), shared.USER_NAME(0), shared.USER_PASS(0), false, false, links);
+}
+
+KeepPositions::KeepPositions(Program& program, std::initializer_list<int> numbers) : program_(program) {
+  for (int number : numbers) {
+    if (TableIsOpen(program, number)) positions_.emplace_back(number, Table(program, number).RECORD_POSITION());
+  }
+}
+
+KeepPositions::~KeepPositions() {
+  for (const auto& [number, record] : positions_) {
+    if (record < 1 || !TableIsOpen(program_, number)) continue;
+    ClassQDBASE& table = Table(program_, number);
+    table.RECORD_POSITION(record);
+    table.RECORD_LOAD(record);
+  }
+}
+
+std::string PricePattern(Program& program, int32_t currency, bool with_sign) {
+  return CurrencyPattern(program, currency, with_sign, "FORMAT", "Currency", "0.00##");
+}
+
+std::string AmountPattern(Program& program, int32_t currency, bool with_sign) {
+  return CurrencyPattern(program, currency, with_sign, "FORMATNCH", "CurrencyP", "0.00");
+}
+
+std::string ScreenDatePattern(Program& program) {
+  return DatePattern(program, "FORMAT_DATA_EKR", "dd-mm-yyyy");
+}
+std::string PrintDatePattern(Program& program) {
+  return DatePattern(program, "FORMAT_DATA_WYD", "dd-mm-yy");
+}
+
+}  // namespace ostrinka

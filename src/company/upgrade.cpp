@@ -1,0 +1,302 @@
+// OSTEngine::tdb_DataBaseDebug: brings the tables of an older company to the present fields.
+//
+// Each step works on private tables opened without links, so that a structure change finds itself the only user of its file. A step can be
+// repeated: what is in place already is left alone, and a change that stopped halfway goes on where it stopped.
+
+#include "base/text.h"
+#include "company/firma_record.h"
+#include "company/ost_engine.h"
+#include "company/table_definitions.h"
+
+namespace ostrinka {
+namespace {
+
+struct Upgrade {
+  Program& program;
+  std::string folder, user, password;
+  bool complete = true;  // everything that had to be changed was changed
+
+  bool Open(int number, ClassQDBASE& table) {
+    if (table.DATABASE_OPEN(folder + TableFile(number), user, password, false, false, false)) return true;
+    complete = false;
+    return false;
+  }
+};
+
+// A field that gets another type or length: built beside the old one under `interim`, then renamed.
+struct NewShape {
+  const char* name;
+  const char* interim;
+  FieldType type;
+  int32_t length;
+};
+using Shapes = std::vector<NewShape>;
+
+bool AddField(Upgrade& upgrade, ClassQDBASE& table, const char* name, FieldType type, int32_t length = 0, const char* link_file = "",
+              const char* link_field = "") {
+  if (table.FIELD_EXISTS(name) || table.FIELD_ADD(name, type, length, link_file, link_field)) return true;
+  upgrade.complete = false;
+  return false;
+}
+
+// Adds fields in the shape that a new table has.
+void AddMissing(Upgrade& upgrade, ClassQDBASE& table, int number, std::initializer_list<const char*> names) {
+  const TableDefinition& definition = *FindTable(number);
+  for (const char* name : names) {
+    const FieldDefinition& field = *FindField(definition, name);
+    AddField(upgrade, table, name, field.type, field.length, field.link_file, field.link_field);
+  }
+}
+
+// Every record by number, deleted ones too; `change` tells whether the loaded record is to be saved.
+template <typename Change>
+bool ChangeRecords(Upgrade& upgrade, ClassQDBASE& table, Change change) {
+  bool saved = true;
+  const int32_t count = table.RECORD_COUNT();
+  for (int32_t n = 1; n <= count; ++n) {
+    if (!table.RECORD_LOAD(n)) {
+      saved = false;
+    } else if (change(n)) {
+      saved = table.RECORD_SAVE(n) && saved;
+    }
+  }
+  if (!saved) upgrade.complete = false;
+  return saved;
+}
+
+// A value that the new type cannot hold becomes 0 instead of stopping the record.
+Value Converted(const Value& value, FieldType type) {
+  return type == kCurrency ? Value(CurrencyOr0(value)) : value;
+}
+
+// Goes on with a rebuild that stopped between the deletion of the old field and the renaming of the new one.
+void FinishRenames(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
+  for (const NewShape& shape : shapes) {
+    if (table.FIELD_EXISTS(shape.name) || !table.FIELD_EXISTS(shape.interim)) continue;
+    if (!table.FIELD_RENAME(shape.interim, shape.name, true)) upgrade.complete = false;
+  }
+}
+
+void Rebuild(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
+  for (const NewShape& shape : shapes) {
+    if (!AddField(upgrade, table, shape.interim, shape.type, shape.length)) return;
+  }
+  table.UPDATE(true);
+  const bool copied = ChangeRecords(upgrade, table, [&](int32_t) {
+    for (const NewShape& shape : shapes) {
+      if (table.FIELD_EXISTS(shape.name)) table.FIELD(shape.interim, Converted(table.FieldRaw(shape.name), shape.type));
+    }
+    return true;
+  });
+  if (!copied) return;  // the old fields stay: nothing is lost
+  for (const NewShape& shape : shapes) {
+    if (!table.FIELD_EXISTS(shape.name) || table.FIELD_DELETE(shape.name)) continue;
+    upgrade.complete = false;
+    return;
+  }
+  table.UPDATE(true);
+  FinishRenames(upgrade, table, shapes);
+}
+
+int32_t LengthOf(ClassQDBASE& table, const char* field) {
+  return table.FIELD_EXISTS(field) ? table.FIELD_LEN(field) : 0;
+}
+int32_t TypeOf(ClassQDBASE& table, const char* field) {
+  return table.FIELD_EXISTS(field) ? table.FIELD_TYPE(field) : 0;
+}
+
+// Rebuilds a text that is shorter than `length`.
+void Widen(Upgrade& upgrade, ClassQDBASE& table, const char* name, const char* interim, int32_t length) {
+  const Shapes shapes{{name, interim, kText, length}};
+  FinishRenames(upgrade, table, shapes);
+  if (LengthOf(table, name) < length) Rebuild(upgrade, table, shapes);
+}
+
+// --- the steps, in their order
+
+void UpgradeCompanyRecord(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kFirma, table)) return;
+  const bool had_formats = table.FIELD_EXISTS("FORMAT_DATA_EKR");
+  AddMissing(upgrade, table, kFirma,
+             {"FORMAT_DATA_EKR", "FORMAT_DATA_WYD", "FORMAT_PROCENTY", "B_SWIFT", "S_KRAJS", "K_STWWW", "B_KONTO_D1", "B_KONTO_D2",
+              "B_KONTO_D3", "B_KONTO_D4", "B_KONTO_OPIS_1", "B_KONTO_OPIS_2", "B_KONTO_OPIS_3", "B_KONTO_OPIS_4", "F_NRKRS", "F_NIPEU"});
+  if (!EnsureCompanyRecord(upgrade.program, table)) upgrade.complete = false;
+  if (had_formats || !table.FIELD_EXISTS("FORMAT_DATA_EKR") || !table.RECORD_LOAD(1)) return;
+  FillFormats(upgrade.program, table);
+  if (!table.RECORD_SAVE(1)) upgrade.complete = false;
+  upgrade.program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", std::string("0.00##"));
+}
+
+void UpgradeSalesDocuments(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kDokSprzed, table)) return;
+  AddMissing(upgrade, table, kDokSprzed, {"DATA_SPRZED_CK", "DATA_SPRZED_DO", "PLATNIK", "DOTYCZY", "DATA_ZAPLATY"});
+  if (table.FIELD_EXISTS("KOREKTA") && TypeOf(table, "KOREKTA") != kLong && !table.FIELD_DELETE("KOREKTA")) upgrade.complete = false;
+  FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}});
+  AddMissing(upgrade, table, kDokSprzed,
+             {"KOREKTA", "WALUTA", "KURS", "UWAGI", "ZDFISK", "MEMO_", "KONTO_OPIS", "ADR_TYP", "ADR_TEKST", "ABN_HIDE", "ABN_KONIEC",
+              "ABN_KONIEC_DATA", "ABN_KONIEC_DNI"});
+  ChangeRecords(upgrade, table, [&](int32_t) {
+    const bool no_currency = table.Int(".WALUTA") <= 0, no_rate = !(table.Real("KURS") > 0);
+    if (no_currency) table.FIELD("WALUTA", int32_t{1});
+    if (no_rate) table.FIELD("KURS", 1.0F);
+    return no_currency || no_rate;
+  });
+  Widen(upgrade, table, "UWAGI", "UWAGI_2", 500);
+}
+
+void AddToTable(Upgrade& upgrade, int number, const char* field) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (upgrade.Open(number, table)) AddMissing(upgrade, table, number, {field});
+}
+
+void UpgradeSmallTables(Upgrade& upgrade) {
+  AddToTable(upgrade, kDokZakupu, "MEMO_");
+  AddToTable(upgrade, kFormyPlatn, "PRZELEW");
+  AddToTable(upgrade, kJednMiary, "FORMAT");
+}
+
+void UpgradeCustomers(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kKontrahenci, table)) return;
+  Widen(upgrade, table, "NAZWA", "NAZWA_2", 400);
+  Widen(upgrade, table, "UWAGI", "UWAGI_2", 500);
+  Widen(upgrade, table, "KOD_POCZTOWY", "KOD_POCZTOWY_2", 20);
+  const Shapes contact{{"KONTO_INDYW_RACH", "KONTO_INDYW_R2", kText, 1000},
+                       {"TELEFON", "TELEFON_2", kText, 100},
+                       {"TEL_KOM", "TEL_KOM_2", kText, 100},
+                       {"FAKS", "FAKS_2", kText, 100},
+                       {"ADRES_WWW", "ADRES_WWW_2", kText, 200},
+                       {"ADRES_EMAIL", "ADRES_EMAIL_2", kText, 200}};
+  FinishRenames(upgrade, table, contact);
+  bool shorter = false;
+  for (const NewShape& shape : contact) shorter = shorter || LengthOf(table, shape.name) < shape.length;
+  if (shorter) Rebuild(upgrade, table, contact);
+  AddMissing(upgrade, table, kKontrahenci,
+             {"D_FORMA_PLAT", "KONTO_INDYW_OK", "KONTO_INDYW_RACH", "KONTO_INDYW_OPIS", "BANK_SWIFT", "NIP_EU", "KRS", "MEMO_"});
+}
+
+void UpgradeEmployees(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kPracownicy, table)) return;
+  FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}, {"KOD_POCZTOWY", "KOD_POCZTOWY_2", kText, 20}});
+  for (const FieldDefinition& field : FindTable(kPracownicy)->fields) AddMissing(upgrade, table, kPracownicy, {field.name});
+  Widen(upgrade, table, "UWAGI", "UWAGI_2", 500);
+  Widen(upgrade, table, "KOD_POCZTOWY", "KOD_POCZTOWY_2", 20);
+}
+
+void UpgradeArticles(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kTowaryUslugi, table)) return;
+  FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}});
+  AddMissing(upgrade, table, kTowaryUslugi,
+             {"WALUTA", "MAGAZYN_WARTOSC", "MAG_SP_ILOSC", "MAG_SP_WARTOSC", "UWAGI", "MEMO_", "ABONAMENT", "ABILOSCDNI", "ABINFOKONIEC",
+              "NOWYDOKPKAB"});
+  ChangeRecords(upgrade, table, [&](int32_t) {
+    if (table.Int(".WALUTA") > 0) return false;
+    return table.FIELD("WALUTA", int32_t{1});
+  });
+  Widen(upgrade, table, "PKWIU", "PKWIU_2", 20);
+  Widen(upgrade, table, "SWW", "SWW_2", 20);
+  Widen(upgrade, table, "NAZWA", "NAZWA_2", 400);
+  Widen(upgrade, table, "OPIS", "OPIS_2", 800);
+  Widen(upgrade, table, "UWAGI", "UWAGI_2", 500);
+}
+
+bool IsFloat(ClassQDBASE& table, const char* field) {
+  const int32_t type = TypeOf(table, field);
+  return type == kDouble || type == kSingle;
+}
+
+void UpgradeDocumentLines(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kSprzedane, table)) return;
+  const Shapes amounts{{"ILOSC", "ILOSC_2", kCurrency, 0},
+                       {"CENA_NETTO", "CENA_NETTO_2", kCurrency, 0},
+                       {"CENA_BRUTTO", "CENA_BRUTTO_2", kCurrency, 0},
+                       {"WARTOSC_NETTO", "WARTOSC_NETTO_2", kCurrency, 0},
+                       {"WARTOSC_BRUTTO", "WARTOSC_BRUTTO_2", kCurrency, 0}};
+  // Before the missing fields are added, lest an empty CENA_NETTO take the place of a converted one.
+  FinishRenames(upgrade, table, amounts);
+  if (IsFloat(table, "ILOSC")) {
+    Rebuild(upgrade, table, amounts);
+  } else {
+    Shapes rest;  // of a conversion that stopped while the old fields were deleted
+    for (const NewShape& shape : amounts) {
+      if (IsFloat(table, shape.name)) rest.push_back(shape);
+    }
+    if (!rest.empty()) Rebuild(upgrade, table, rest);
+  }
+  AddMissing(upgrade, table, kSprzedane, {"INFO_DOD"});
+  AddField(upgrade, table, "CENA_NETTO", kCurrency);
+  AddField(upgrade, table, "CENA_BRUTTO", kCurrency);
+  AddMissing(upgrade, table, kSprzedane, {"RABAT"});
+}
+
+// Percent of the rate of an article, also a deleted one; 0 where a link leads nowhere.
+double RateOfArticle(ClassQDBASE& articles, ClassQDBASE& rates, int32_t article) {
+  if (article < 1 || !articles.RECORD_LOAD(article)) return 0;
+  const int32_t rate = articles.Int(".STAWKA_VAT");
+  return rate >= 1 && rates.RECORD_LOAD(rate) ? rates.Real("WARTOSC") : 0;
+}
+
+// Very old lines have a single price, CENA: the net one.
+void UpgradeSinglePrice(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform), articles(upgrade.program.platform), rates(upgrade.program.platform);
+  if (!upgrade.Open(kSprzedane, table) || !table.FIELD_EXISTS("CENA")) return;
+  if (!upgrade.Open(kTowaryUslugi, articles) || !upgrade.Open(kStawkiVat, rates)) return;
+  if (!table.FIELD_EXISTS("CENA_NETTO") || !table.FIELD_EXISTS("CENA_BRUTTO")) return;
+  const bool copied = ChangeRecords(upgrade, table, [&](int32_t) {
+    const Value price = table.FieldRaw("CENA");
+    const double rate = RateOfArticle(articles, rates, table.Int(".NAZWA_T_U"));
+    table.FIELD("CENA_NETTO", CurrencyOr0(price));
+    table.FIELD("CENA_BRUTTO", Currency::FromDouble(DoubleOr0(price) * (1 + rate / 100)).value_or(Currency()));
+    return true;
+  });
+  if (copied && !table.FIELD_DELETE("CENA")) upgrade.complete = false;
+}
+
+void UpgradeRegions(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kRegiony, table) || table.FIELD_EXISTS("KOD")) return;
+  AddMissing(upgrade, table, kRegiony, {"KOD"});
+  if (!table.FIELD_EXISTS("KOD")) return;
+  ChangeRecords(upgrade, table, [&](int32_t n) { return table.FIELD("KOD", 2 * n); });
+}
+
+void UpgradeCurrencies(Upgrade& upgrade) {
+  ClassQDBASE table(upgrade.program.platform);
+  if (!upgrade.Open(kWaluty, table)) return;
+  AddMissing(upgrade, table, kWaluty, {"FORMATNCH"});
+  if (!table.FIELD_EXISTS("FORMATNCH")) return;
+  ChangeRecords(upgrade, table, [&](int32_t) {
+    if (!Trim(table.Text("FORMATNCH")).empty()) return false;
+    return table.FIELD("FORMATNCH", std::string("0.00"));
+  });
+}
+
+// The work tables only have to open; one that does not is passed over.
+void TouchWorkTables(Upgrade& upgrade) {
+  for (const TableDefinition& definition : TableDefinitions()) {
+    if (definition.number < kZestawienieQ09 || definition.number == kFirma) continue;
+    ClassQDBASE table(upgrade.program.platform);
+    table.DATABASE_OPEN(upgrade.folder + definition.file, upgrade.user, upgrade.password, false, false, false);
+    table.DATABASE_CLOSE();
+  }
+}
+
+constexpr void (*kSteps[])(Upgrade&) = {
+    UpgradeCompanyRecord, UpgradeSalesDocuments, UpgradeSmallTables, UpgradeCustomers,  UpgradeEmployees, UpgradeArticles,
+    UpgradeDocumentLines, UpgradeSinglePrice,    UpgradeRegions,     UpgradeCurrencies, TouchWorkTables,
+};
+
+}  // namespace
+
+void OSTEngine::tdb_DataBaseDebug(const std::string& path, const std::string& user, const std::string& password, bool& ok) {
+  Upgrade upgrade{program_, Folder(path), user, password};
+  for (const auto& run : kSteps) run(upgrade);
+  ok = upgrade.complete;
+}
+
+}  // namespace ostrinka

@@ -1,0 +1,67 @@
+// Files attached to a record through a memo field.
+#include "base/text.h"
+#include "engine/qdbase_state.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr char kDenied[] = "Permission denied";
+
+}  // namespace
+
+// Number of the memo field with its companion open; 0 when there is none such.
+int ClassQDBASE::State::MemoField(const FieldId& id) {
+  const int n = FieldNumber(id);
+  if (n == 0 || layout.field(n).type != kMemo) return 0;
+  OpenMemo();
+  return memo ? n : 0;
+}
+
+bool ClassQDBASE::MEMO_ADD(const FieldId& field, const std::string& file) {
+  State& s = *state_;
+  if (!s.MayWrite()) return s.Fail(28, kDenied);
+  const int n = s.MemoField(field);
+  if (n == 0 || !RECORD_LOAD(s.current)) return false;
+  std::string content;
+  if (!s.platform.files.ReadAll(file, content, kMaxAttachment) || content.empty()) return false;
+  if (!s.memo->Add(BareFileName(file), s.layout.field(n).name, s.current, content)) return false;
+  // The field marks that something is attached.
+  return RECORD_LOAD(s.current) && FIELD(n, Value(int32_t{1})) && RECORD_SAVE(s.current);
+}
+
+bool ClassQDBASE::MEMO_DEL(const FieldId& field, int index) {
+  State& s = *state_;
+  if (!s.MayWrite()) return s.Fail(28, kDenied);
+  MemoEntry entry;
+  const int n = s.MemoField(field);
+  return n != 0 && s.memo->Find(index, s.layout.field(n).name, s.current, entry) && s.memo->Remove(entry);
+}
+
+bool ClassQDBASE::MEMO_EXEC(const FieldId& field, int index) {
+  State& s = *state_;
+  MemoEntry entry;
+  std::string content;
+  const int n = s.MemoField(field);
+  if (n == 0 || !s.memo->Find(index, s.layout.field(n).name, s.current, entry) || !s.memo->Read(entry, content)) return false;
+  const std::string name = BareFileName(entry.name);
+  if (name.empty()) return false;
+  const std::string path = s.platform.files.TemporaryFolder() + name;
+  return s.platform.files.WriteAll(path, content) && s.platform.ui.OpenWithSystem(path);
+}
+
+void ClassQDBASE::MEMO_REFRESH(const FieldId& field) {
+  State& s = *state_;
+  const int n = s.FieldNumber(field);
+  if (n != 0 && s.binding.connected && RECORD_LOAD(s.current)) s.FillControls(n);
+}
+
+bool ClassQDBASE::MEMO_FILE_COMPRESS_(const std::string& memo_file) {
+  State& s = *state_;
+  if (memo_file.empty() && !s.file.IsOpen()) return false;
+  const std::string path = memo_file.empty() ? s.path + ".memo" : memo_file;
+  if (s.platform.files.FileSize(path) < 1) return false;
+  const std::unique_ptr<MemoFile> memo = MemoFile::Open(s.platform.files, path);
+  return memo && memo->Compress();
+}
+
+}  // namespace ostrinka

@@ -1,0 +1,158 @@
+// What an open table keeps, shared by the files that implement ClassQDBASE.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "engine/condition.h"
+#include "engine/field_layout.h"
+#include "engine/memo_file.h"
+#include "engine/qdbase.h"
+#include "engine/record_buffer.h"
+#include "engine/record_list.h"
+#include "engine/table_file.h"
+#include "engine/table_header.h"
+
+namespace ostrinka {
+
+// The linked table of a field and the number of the field shown from it; no table when the field is no link or its table is missing.
+struct LinkedTable {
+  std::unique_ptr<ClassQDBASE> table;
+  int field = 0;
+};
+
+// How a field is shown as a column of the table view.
+struct ColumnFormat {
+  int width = 100;
+  std::string title, format;
+  bool sum_up = false;
+  int alignment = 0;
+};
+
+struct TableViewState {
+  std::vector<ColumnFormat> columns = std::vector<ColumnFormat>(kMaxFields + 1);
+  std::vector<TableCell> cells;
+  int current = -1;  // index into cells
+  int cells_per_row = 0, row_height = 0, surface_height = 0, first_column = 0;
+  bool sum_up = false;
+  int clicked_field = 0, clicked_column = 0;
+};
+
+struct BoundControl {
+  Control* control = nullptr;
+  int field = 0;
+};
+
+struct FormBinding {
+  Form* form = nullptr;
+  bool connected = false;
+  std::vector<BoundControl> controls;
+};
+
+struct ClassQDBASE::State {
+  State(ClassQDBASE& owner, Platform& surroundings);
+
+  ClassQDBASE& self;
+  Platform& platform;
+  TableFile file;
+  TableHeader header;
+  FieldLayout layout;
+  std::string path, user, password;
+  int32_t login_type = kOwner;
+  int login_slot = 0;
+  int32_t current = 0;  // record
+  int32_t count = 0;    // of records, as last computed
+  RecordBuffer buffer;
+  RecordList selection;
+  std::vector<int> columns;
+  std::vector<LinkedTable> links;
+  std::unique_ptr<MemoFile> memo;
+  int32_t instance = 0;
+  bool debug_on = true;
+  bool is_link = false;  // opened for the link field of another table
+  int last_code = -1;
+  std::string last_error;
+  TableViewState view;
+  FormBinding binding;
+
+  bool Fail(int code, std::string_view detail = {});
+  // "#" and the platform's text of the last failure, under code 0.
+  bool FailPlatform(const std::string& text);
+  template <typename... Parts>
+  void Debug(const Parts&... parts) {
+    if (debug_on && self.debug_event) DebugLine((std::string() + ... + parts), true);
+  }
+  bool Ok() {
+    if (debug_on && self.debug_event) DebugLine("...OK", false);
+    return true;
+  }
+  void DebugLine(const std::string& line, bool start);
+
+  bool IsOwner() const { return login_type == kOwner; }
+  bool MayWrite() const { return login_type == kOwner || login_type == kReadWrite; }
+
+  // --- table file (qdbase.cpp)
+  bool OpenExisting();
+  bool CreateNew(bool& existing);
+  bool FinishOpen(bool created, bool select, bool with_links);
+  void CloseFile();
+  bool ReadHeaderAgain();
+  // Re-reads the header, lays the fields out and brings the stored record count in line with the file's length.
+  bool RecomputeLayout();
+  bool BuildLayout();
+  // Before a write: the path still names the open file, or the file that it names now has been opened.
+  bool ReadyToWrite();
+  bool WriteHeader();
+  void OpenLinks();
+  void OpenLink(int n);
+  void OpenMemo();
+
+  // --- records (records.cpp)
+  int32_t CountRecords();
+  bool InRange(int32_t n) { return file.IsOpen() && CountRecords() >= 1 && n >= 1 && n <= count; }
+  bool ReadRecord(int32_t n, std::string& bytes);
+  bool WriteRecord(int32_t n, const std::string& bytes);
+  bool Exists(int32_t n);  // without a word on failure
+  bool IsLive(int32_t n);
+
+  // --- walking (moves.cpp)
+  bool MoveToEnd(bool forward);
+  bool MoveStep(bool forward);
+
+  // --- fields (fields.cpp)
+  // Number of the field that `id` names, a leading "." or "@" allowed as given; fails with code 25.
+  int FieldNumber(const FieldId& id);
+  Value Stored(int n) { return buffer.Get(n, layout); }
+  // What "@" shows of link field `n` for the target record.
+  Value LinkValue(int n, int32_t target);
+  Value RawValue(const FieldId& id);
+  // The shown value of field `n` of any record, read for itself; the buffer stays as it is.
+  Value ReadShown(int32_t record, int n);
+
+  // --- structure (structure.cpp)
+  // Parts of the old record, offset and length, that make the new one.
+  using Reshaping = std::vector<std::pair<size_t, size_t>>;
+  bool TakeSoleUse(int code);
+  bool AddField(const FieldSlot& slot);
+  bool BuildCompanions(const TableHeader& new_header, const Reshaping& pieces, std::string& error);
+  bool ReplaceFile(const TableHeader& new_header, int code, const Reshaping& pieces);
+
+  // --- attachments (attachments.cpp)
+  int MemoField(const FieldId& id);
+
+  // --- view, binding
+  void FillControls(int only_field);
+  void FillControl(const BoundControl& bound);
+  void SaveControl(const BoundControl& bound);
+  void FillList(const BoundControl& bound);
+  void RefreshForm() {
+    if (binding.connected) self.FORM_REFRESH();
+  }
+};
+
+// Whether every character may stand in a user, a password or a field name: digits, ASCII letters, "_", "$", Polish letters.
+bool IsPlainName(std::string_view utf8);
+
+}  // namespace ostrinka

@@ -1,0 +1,151 @@
+#include "masterdata/company_form.h"
+
+#include "base/text.h"
+#include "company/tables.h"
+#include "masterdata/company_data.h"
+#include "masterdata/further_accounts_form.h"
+
+namespace ostrinka {
+namespace {
+
+struct BoxField {
+  TextBoxControl frm_Admin_usr_::*box;
+  const char* name;
+  std::string CompanyRecord::*member;
+  const char* field;  // of firma, for its length
+  size_t length;      // where no company is open
+};
+
+constexpr BoxField kBoxes[] = {
+    {&frm_Admin_usr_::txtMiejsceWystDok, "txtMiejsceWystDok", &CompanyRecord::M_WYST_DOK, "M_WYST_DOK", 200},
+    {&frm_Admin_usr_::txtNazwaFirmy, "txtNazwaFirmy", &CompanyRecord::S_NAZWA, "S_NAZWA", 250},
+    {&frm_Admin_usr_::txtUlica, "txtUlica", &CompanyRecord::S_ULICA, "S_ULICA", 250},
+    {&frm_Admin_usr_::txtNrDomu, "txtNrDomu", &CompanyRecord::S_NRDOM, "S_NRDOM", 250},
+    {&frm_Admin_usr_::txtNrLokalu, "txtNrLokalu", &CompanyRecord::S_NRLOK, "S_NRLOK", 250},
+    {&frm_Admin_usr_::txtKodPocztowy, "txtKodPocztowy", &CompanyRecord::S_KPOCZ, "S_KPOCZ", 250},
+    {&frm_Admin_usr_::txtMiejscowość, "txtMiejscowość", &CompanyRecord::S_MIAST, "S_MIAST", 250},
+    {&frm_Admin_usr_::txtKraj, "txtKraj", &CompanyRecord::S_KRAJS, "S_KRAJS", 250},
+    {&frm_Admin_usr_::txtTelefon, "txtTelefon", &CompanyRecord::K_TSTAC, "K_TSTAC", 250},
+    {&frm_Admin_usr_::txtFaks, "txtFaks", &CompanyRecord::K_TFAKS, "K_TFAKS", 250},
+    {&frm_Admin_usr_::txtEMail, "txtEMail", &CompanyRecord::K_EMAIL, "K_EMAIL", 250},
+    {&frm_Admin_usr_::txtWWW, "txtWWW", &CompanyRecord::K_STWWW, "K_STWWW", 250},
+    {&frm_Admin_usr_::txtKRS, "txtKRS", &CompanyRecord::F_NRKRS, "F_NRKRS", 250},
+    {&frm_Admin_usr_::TxtNIP, "TxtNIP", &CompanyRecord::F_NRNIP, "F_NRNIP", 250},
+    {&frm_Admin_usr_::txtNIPEU, "txtNIPEU", &CompanyRecord::F_NIPEU, "F_NIPEU", 250},
+    {&frm_Admin_usr_::txtRegon, "txtRegon", &CompanyRecord::F_REGON, "F_REGON", 250},
+    {&frm_Admin_usr_::txtBank, "txtBank", &CompanyRecord::B_NAZWA, "B_NAZWA", 250},
+    {&frm_Admin_usr_::txtSWIFT, "txtSWIFT", &CompanyRecord::B_SWIFT, "B_SWIFT", 250},
+    {&frm_Admin_usr_::txtKonto, "txtKonto", &CompanyRecord::B_KONTO, "B_KONTO", 250},
+};
+
+}  // namespace
+
+frm_Admin_usr_::frm_Admin_usr_(Program& program) : Form("frm_Admin_usr_", "usr.title"), program_(program) {
+  RegisterControls();
+  LayOut();
+  for (TextBoxControl* box : {&TxtNIP, &txtNIPEU, &txtKonto, &txtRegon}) box->Changed += [this] { CheckNumbers(); };
+  btnSave.Clicked += [this] { save_(); };
+  btnCancel.Clicked += [this] { Close(); };
+  btnKdod_.Clicked += [this] { EditFurtherAccounts(); };
+  btnLogo.Clicked += [this] { SelectLogo(); };
+  btnClrLogo.Clicked += [this] { ClearLogo(); };
+}
+
+void frm_Admin_usr_::RegisterControls() {
+  for (const BoxField& entry : kBoxes) Register(entry.name, this->*entry.box);
+  Register("lblLogo", lblLogo);
+  Register("btnKonta", btnKonta);
+  Register("btnKdod_", btnKdod_);
+  Register("btnLogo", btnLogo);
+  Register("btnClrLogo", btnClrLogo);
+  Register("btnSave", btnSave);
+  Register("btnCancel", btnCancel);
+  btnKonta.caption_key = "usr.btn.editacounts";
+  btnKdod_.caption_key = "usr.btn.moreacounts";
+  btnLogo.caption_key = "usr.btn.selectlogo";
+  btnClrLogo.caption_key = "usr.btn.clearlogo";
+  btnSave.icon = "btnsave.ico";
+  btnCancel.icon = "btncancel.ico";
+}
+
+void frm_Admin_usr_::LayOut() {
+  Page("STD", "usr.tab.std")
+      .Row({{"usr.lbl.name", txtNazwaFirmy, 8}, {"usr.lbl.place", txtMiejsceWystDok, 4}})
+      .Side({GroupLayout("usr.grp.address", 7)
+                 .Row({{"usr.lbl.street", txtUlica, 6}, {"usr.lbl.house", txtNrDomu, 3}, {"usr.lbl.local", txtNrLokalu, 3}})
+                 .Row({{"usr.lbl.postcode", txtKodPocztowy, 3}, {"usr.lbl.city", txtMiejscowość, 5}, {"usr.lbl.country", txtKraj, 4}}),
+             GroupLayout("usr.grp.numbers", 5)
+                 .Row({{"usr.lbl.nip", TxtNIP, 6}, {"usr.lbl.nipeu", txtNIPEU, 6}})
+                 .Row({{"usr.lbl.regon", txtRegon, 6}, {"usr.lbl.krs", txtKRS, 6}})})
+      .Side({GroupLayout("usr.grp.bank", 7)
+                 .Row({{"usr.lbl.bank", txtBank, 8}, {"usr.lbl.swift", txtSWIFT, 4}})
+                 .Row({{"usr.lbl.account", txtKonto, 12}})
+                 .Row({{"", btnKdod_, 6}, {"", btnKonta, 6}}),
+             GroupLayout("usr.grp.contact", 5)
+                 .Row({{"usr.lbl.phone", txtTelefon, 6}, {"usr.lbl.fax", txtFaks, 6}})
+                 .Row({{"usr.lbl.email", txtEMail, 6}, {"usr.lbl.www", txtWWW, 6}})})
+      .Row({{"usr.lbl.logo", lblLogo, 6}, {"", btnLogo, 3}, {"", btnClrLogo, 3}});
+  Buttons({{"usr.btn.ok", btnSave}, {"usr.btn.cancel", btnCancel}});
+}
+
+void frm_Admin_usr_::reload_() {
+  edited_ = program_.company;
+  for (const BoxField& entry : kBoxes) {
+    LimitToField(Table(program_, kFirma), entry.field, this->*entry.box, entry.length);
+    (this->*entry.box).SetText(edited_.*entry.member);
+  }
+  CheckNumbers();
+  ShowLogoState();
+  btnKonta.SetEnabled(false);  // its dialog is not built yet
+  btnKonta.SetToolTip(program_.Text("common.notbuilt"));
+  SetFocus(txtNazwaFirmy);
+  SetDirty(false);
+}
+
+void frm_Admin_usr_::save_() {
+  for (const BoxField& entry : kBoxes) edited_.*entry.member = (this->*entry.box).Text();
+  if (!CompanySave(program_, edited_)) {
+    program_.Message("msg.info.error", MessageKind::kError);
+    return;
+  }
+  SetDirty(false);
+  Close();
+}
+
+bool frm_Admin_usr_::UserKey(int code, bool ctrl) {
+  if (code != kEnterKey || !ctrl) return false;
+  btnSave.UserPress();
+  return true;
+}
+
+void frm_Admin_usr_::CheckNumbers() { MarkNumbers(program_, txtKonto, TxtNIP, txtRegon); }
+
+void frm_Admin_usr_::EditFurtherAccounts() {
+  frm_Admin_usr_kdod_ dialog(program_);
+  CompanyRecord record = edited_;
+  record.B_KONTO = txtKonto.Text();
+  dialog.reload_(record);
+  dialog.Open();
+  program_.platform.ui.ShowModal(dialog);
+  if (!dialog.accepted()) return;
+  edited_ = dialog.record();
+  txtKonto.SetText(edited_.B_KONTO);
+  CheckNumbers();
+  SetDirty(true);
+}
+
+void frm_Admin_usr_::SelectLogo() {
+  const std::optional<std::string> file = program_.platform.ui.AskOpenFile({{"Grafika (*.bmp; *.jpg; *.gif)", {"*.bmp", "*.jpg", "*.gif"}}});
+  if (!file || file->empty()) return;
+  if (!CopyLogo(program_, *file)) program_.Message("msg.info.error", MessageKind::kError);
+  ShowLogoState();
+}
+
+void frm_Admin_usr_::ClearLogo() {
+  if (!DeleteLogo(program_)) program_.Message("msg.info.error", MessageKind::kError);
+  ShowLogoState();
+}
+
+void frm_Admin_usr_::ShowLogoState() { lblLogo.SetText(program_.Text(LogoExists(program_) ? "usr.logo.yes" : "usr.logo.no")); }
+
+}  // namespace ostrinka

@@ -1,0 +1,127 @@
+// The live price arithmetic of the goods editor.
+#include <cmath>
+
+#include "base/text.h"
+#include "company/tables.h"
+#include "masterdata/goods_form.h"
+#include "masterdata/goods_prices.h"
+
+namespace ostrinka {
+
+double frm_TowUslugi_::Amount(const TextBoxControl& box) const { return NumberOr0(box.Text()); }
+
+void frm_TowUslugi_::Write(TextBoxControl& box, double amount) {
+  if (std::isfinite(amount)) box.SetText(FormatNumber(Value(amount), PricePattern(program_, 0, false), program_.locale));
+}
+
+void frm_TowUslugi_::RaiseToSmallest(TextBoxControl& box) {
+  if (Amount(box) < kSmallestPrice) Write(box, kSmallestPrice);
+}
+
+std::optional<double> frm_TowUslugi_::Rate() {
+  const std::string symbol = Trim(txtStawkaVAT.Text());
+  if (symbol.empty()) return std::nullopt;
+  ClassQDBASE& rates = Table(program_, kStawkiVat);
+  const int32_t count = rates.RECORD_COUNT();
+  for (int32_t record = 1; record <= count; ++record) {
+    if (rates.RECORD_EXIST(record) && rates.RECORD_LOAD(record) && Trim(rates.Text("SYMBOL")) == symbol) return rates.Real("WARTOSC");
+  }
+  return std::nullopt;
+}
+
+void frm_TowUslugi_::WriteGross(size_t i) {
+  if (const std::optional<double> rate = Rate()) Write(txtBrutto[i], GrossFromNet(Amount(txtNetto[i]), *rate));
+}
+
+void frm_TowUslugi_::WriteNetFromGross(size_t i) {
+  if (const std::optional<double> rate = Rate()) Write(txtNetto[i], NetFromGross(Amount(txtBrutto[i]), *rate));
+}
+
+void frm_TowUslugi_::WriteProfit(size_t i) { Write(txtZysk[i], ProfitOf(Amount(txtNetto[i]), Amount(txtCenaZakupu))); }
+
+void frm_TowUslugi_::WriteMarginAndMarkup(size_t i) {
+  Write(txtMarża[i], MarginOf(Amount(txtZysk[i]), Amount(txtNetto[i])));
+  Write(txtNarzut[i], MarkupOf(Amount(txtZysk[i]), Amount(txtCenaZakupu)));
+}
+
+// The net prices stay.
+void frm_TowUslugi_::PurchaseLeft() {
+  RaiseToSmallest(txtCenaZakupu);
+  for (size_t i = 0; i < kPriceSets; ++i) WriteProfit(i);
+  for (size_t i = 0; i < kPriceSets; ++i) WriteMarginAndMarkup(i);
+}
+
+void frm_TowUslugi_::NetLeft(size_t i) {
+  RaiseToSmallest(txtNetto[i]);
+  WriteGross(i);
+  WriteProfit(i);
+  WriteMarginAndMarkup(i);
+  Reformat(txtNetto[i]);
+}
+
+void frm_TowUslugi_::GrossLeft(size_t i) {
+  RaiseToSmallest(txtBrutto[i]);
+  WriteNetFromGross(i);
+  WriteProfit(i);
+  WriteMarginAndMarkup(i);
+  Reformat(txtBrutto[i]);
+}
+
+void frm_TowUslugi_::ProfitLeft(size_t i) {
+  Reformat(txtZysk[i]);
+  Write(txtNetto[i], NetFromProfit(Amount(txtCenaZakupu), Amount(txtZysk[i])));
+  WriteGross(i);
+  WriteMarginAndMarkup(i);
+}
+
+void frm_TowUslugi_::MarginLeft(size_t i) {
+  Reformat(txtMarża[i]);
+  Write(txtNetto[i], NetFromMargin(Amount(txtCenaZakupu), Amount(txtMarża[i])));
+  WriteGross(i);
+  WriteProfit(i);
+  WriteMarginAndMarkup(i);
+}
+
+void frm_TowUslugi_::MarkupLeft(size_t i) {
+  Reformat(txtNarzut[i]);
+  Write(txtNetto[i], NetFromMarkup(Amount(txtCenaZakupu), Amount(txtNarzut[i])));
+  WriteGross(i);
+  WriteProfit(i);
+  WriteMarginAndMarkup(i);
+}
+
+void frm_TowUslugi_::RateLeft() {
+  for (size_t i = 0; i < kPriceSets; ++i) WriteGross(i);
+}
+
+float frm_TowUslugi_::CurrencyRate(int32_t record) {
+  ClassQDBASE& currencies = Table(program_, kWaluty);
+  if (record < 1 || !currencies.RECORD_LOAD(record)) return 0;
+  return static_cast<float>(currencies.Real("KURS"));
+}
+
+// The stored prices stay in the record's own currency.
+void frm_TowUslugi_::CurrencyChosen() {
+  if (txtWaluta.Value() == 0) {
+    program_.Message("msg.info.noselcurdef", MessageKind::kInformation);
+    txtWaluta.SetListIndex(0);
+  }
+  float now = CurrencyRate(txtWaluta.Value());
+  if (now == 0) {
+    program_.Message("msg.info.noselcur", MessageKind::kInformation);
+    now = 1;
+  }
+  float before = CurrencyRate(currency_shown_);
+  if (before == 0) before = 1;  // as it counted when it was chosen
+  const double factor = static_cast<double>(before) / static_cast<double>(now);
+  Write(txtCenaZakupu, Amount(txtCenaZakupu) * factor);
+  for (size_t i = 0; i < kPriceSets; ++i) Write(txtNetto[i], Amount(txtNetto[i]) * factor);
+  for (size_t i = 0; i < kPriceSets; ++i) {
+    WriteGross(i);
+    WriteProfit(i);
+    WriteMarginAndMarkup(i);
+  }
+  currency_shown_ = txtWaluta.Value();
+}
+
+}  // namespace ostrinka

@@ -1,0 +1,165 @@
+#include "masterdata/record_editor.h"
+
+#include "base/text.h"
+#include "company/tables.h"
+
+namespace ostrinka {
+
+RecordEditor::RecordEditor(Program& program, int table, std::string name, const std::string& keys)
+    : Form(std::move(name), keys + ".title"), program_(program), table_(table) {
+  txtNazwa.MultiLine = true;
+  memoAdd_.caption_key = keys + ".btn.ach.add";
+  memoDel_.caption_key = keys + ".btn.ach.del";
+  memoExec_.caption_key = keys + ".btn.ach.show";
+  btnWWWgo.caption_key = keys + ".btn.www";
+  btnSave.icon = "btnsave.ico";
+  btnCancel.icon = "btncancel.ico";
+  Register("txtNazwa", txtNazwa);
+  Register("txtWWW", txtWWW);
+  Register("btnWWWgo", btnWWWgo);
+  Register("memoCONTROL_", memoCONTROL_);
+  Register("memoAdd_", memoAdd_);
+  Register("memoDel_", memoDel_);
+  Register("memoExec_", memoExec_);
+  Register("btnSave", btnSave);
+  Register("btnCancel", btnCancel);
+  Buttons({{keys + ".btn.ok", btnSave}, {keys + ".btn.cancel", btnCancel}});
+
+  btnSave.Clicked += [this] { Save(); };
+  btnCancel.Clicked += [this] { Close(); };
+  btnWWWgo.Clicked += [this] {
+    const std::string address = Trim(txtWWW.Text());
+    if (!address.empty()) program_.platform.ui.OpenWithSystem(address);
+  };
+  memoAdd_.Clicked += [this] { AddAttachment(); };
+  memoDel_.Clicked += [this] { DeleteAttachment(); };
+  memoExec_.Clicked += [this] { OpenAttachment(); };
+  memoCONTROL_.DoubleClicked += [this] { OpenAttachment(); };
+  Closed += [this] { Unbind(); };
+}
+
+ClassQDBASE& RecordEditor::table() { return Table(program_, table_); }
+
+bool RecordEditor::Begin(int mode, int32_t record) {
+  Unbind();
+  Mode = mode;
+  RecordNo = mode == 2 ? record : 0;
+  saved_record_ = 0;
+  memoCONTROL_.Clear();
+  ShowPage("STD");
+  if (record < 1) return false;
+  if (mode == 2) table().RECORD_POSITION(record);
+  return table().RECORD_LOAD(record);
+}
+
+void RecordEditor::Ready() {
+  if (Mode == 2) Bind();
+  SetFocus(txtNazwa);
+  SetDirty(false);
+}
+
+bool RecordEditor::UserKey(int code, bool ctrl) {
+  if (code != kEnterKey || !ctrl) return false;
+  btnSave.UserPress();
+  return true;
+}
+
+bool RecordEditor::NameGiven() {
+  if (!TrimWhite(txtNazwa.Text()).empty()) return true;
+  ShowPage("STD");
+  flashing_ = true;
+  FlashField(program_, *this, txtNazwa);
+  flashing_ = false;
+  return false;
+}
+
+void RecordEditor::Save() {
+  if (flashing_ || !NameGiven()) return;
+  if (TableIsOpen(program_, table_)) {
+    if (!Store()) return;
+    if (program_.main_view) program_.main_view->ref_();
+  }
+  SetDirty(false);
+  Close();
+}
+
+// A record that cannot be written leaves the form open, so that what was typed is not lost.
+bool RecordEditor::Store() {
+  ClassQDBASE& records = table();
+  bool stored = false;
+  if (Mode == 1) {
+    stored = StoreNew();
+  } else if (records.RECORD_LOAD(RecordNo)) {
+    save_();
+    stored = records.RECORD_SAVE(RecordNo);
+  }
+  if (!stored) {
+    program_.platform.ui.Beep();
+    program_.Status(program_.Text("msg.info.error"));
+    return false;
+  }
+  records.RECORD_SHOW(RecordNo);
+  records.RECORD_POSITION(RecordNo);
+  saved_record_ = RecordNo;
+  return true;
+}
+
+bool RecordEditor::StoreNew() {
+  ClassQDBASE& records = table();
+  if (!records.RECORD_ADD()) return false;
+  const int32_t added = records.RECORD_COUNT();
+  if (!records.RECORD_LOAD(added)) return false;
+  save_();
+  if (!records.RECORD_SAVE(added)) {
+    records.RECORD_DELETE(added);
+    return false;
+  }
+  Mode = 2;
+  RecordNo = added;
+  return true;
+}
+
+void RecordEditor::Bind() {
+  if (!TableIsOpen(program_, table_)) return;
+  ClassQDBASE& records = table();
+  records.RECORD_POSITION(RecordNo);
+  records.FORM_CONNECT(*this);
+  records.FORM_OBJECT_ADD(memoCONTROL_, "MEMO_");
+  records.FORM_REFRESH();
+  bound_ = true;
+}
+
+void RecordEditor::Unbind() {
+  if (!bound_) return;
+  bound_ = false;
+  table().FORM_DISCONNECT();
+}
+
+void RecordEditor::AddAttachment() {
+  if (!TableIsOpen(program_, table_)) return;
+  if (Mode != 2) {
+    if (program_.Message("msg.question.saverecordandaddatachment", MessageKind::kQuestion) != Answer::kYes) return;
+    if (flashing_ || !NameGiven() || !Store()) return;
+    SetDirty(false);
+    Bind();
+    if (program_.main_view) program_.main_view->ref_();
+  }
+  const std::optional<std::string> file = program_.platform.ui.AskOpenFile({{program_.Text("common.filter.allfiles"), {"*"}}});
+  if (!file || file->empty()) return;
+  table().RECORD_POSITION(RecordNo);
+  if (!table().MEMO_ADD("MEMO_", *file)) program_.Message("msg.info.cantaddattachment", MessageKind::kWarning);
+  table().FORM_REFRESH();
+}
+
+void RecordEditor::DeleteAttachment() {
+  table().RECORD_POSITION(RecordNo);
+  if (!table().MEMO_DEL("MEMO_", memoCONTROL_.GetCurrentFileID_())) program_.Message("msg.info.cantdelattachment", MessageKind::kWarning);
+  if (bound_) table().FORM_REFRESH();
+}
+
+void RecordEditor::OpenAttachment() {
+  table().RECORD_POSITION(RecordNo);
+  if (!table().MEMO_EXEC("MEMO_", memoCONTROL_.GetCurrentFileID_())) program_.Message("msg.info.cantopenattachment", MessageKind::kWarning);
+}
+
+}  // namespace ostrinka

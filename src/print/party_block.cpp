@@ -1,0 +1,190 @@
+#include "print/party_block.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "company/tables.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr double kHeadingHeight = 5;
+constexpr double kHeadingSize = 9;
+constexpr double kInset = 1;
+constexpr double kAfterHeading = 1.2;
+constexpr double kGap = 1;    // between the groups of a block
+constexpr double kUnder = 4;  // under a block
+constexpr double kBlockWidth = 92;
+constexpr std::string_view kBetween = "    ";
+
+// Sizes of the text with the lowest end of the blocks that each is taken for, in shares of the sheet above the footer.
+constexpr struct { double size, lowest; } kSizes[] = {{9, 0.55}, {8, 0.65}, {7, 0.8}, {6, 1}, {5, 1}, {4, 1}};
+
+// Builds the lines of a block; what is empty leaves no line.
+class PartyWriter {
+ public:
+  explicit PartyWriter(Program& program) : program_(program) {}
+  Party Take(const char* heading_key) { return {heading_key, std::move(lines_)}; }
+
+  void Group() { gap_ = lines_.empty() ? 0 : kGap; }
+  void Add(const std::string& text, bool bold = false) { AddTogether({text}, bold); }
+  void AddTogether(std::vector<std::string> things, bool bold = false) {
+    std::erase(things, "");
+    if (things.empty()) return;
+    lines_.push_back({std::move(things), bold, gap_});
+    gap_ = 0;
+  }
+  // A value behind the text of its key; "" when it is empty.
+  std::string Named(const char* key, const std::string& value) const { return value.empty() ? "" : program_.Text(key) + " " + value; }
+
+ private:
+  Program& program_;
+  std::vector<PartyLine> lines_;
+  double gap_ = 0;
+};
+
+std::string Street(const std::string& street, const std::string& house, const std::string& flat) {
+  std::string text = Trim(street + " " + house);
+  if (!flat.empty()) text += "/" + flat;
+  return text;
+}
+
+std::string Town(const std::string& code, const std::string& town, const std::string& country) {
+  std::string text = Trim(code + " " + town);
+  if (!country.empty()) text += (text.empty() ? "" : ", ") + country;
+  return text;
+}
+
+// Which further account's description is shown: 1 to 4, or 0 for all.
+int32_t ChosenDescription(Program& program) {
+  const int32_t chosen = program.settings.Integer(kCommon, "user", "konto_opis_id_", 0);
+  return chosen >= 1 && chosen <= 4 ? chosen : 0;
+}
+
+void AddAccounts(Program& program, PartyWriter& writer, const std::string& account) {
+  const auto setting = [&](const std::string& key) { return Trim(program.settings.Text(kCommon, "user", key)); };
+  writer.Group();
+  writer.AddTogether({writer.Named("sdoc.info.bank", setting("bank")), writer.Named("sdoc.info.swift", setting("swift"))});
+  writer.Add(writer.Named("sdoc.info.acount", account));
+  const int32_t chosen = ChosenDescription(program);
+  for (int32_t n = 1; n <= 4; ++n) {
+    writer.Group();
+    writer.Add(setting("konto_d" + std::to_string(n)));
+    if (chosen == 0 || chosen == n) writer.Add(setting("konto_opis_" + std::to_string(n)));
+  }
+}
+
+std::string IndividualAccount(Program& program, int32_t customer) {
+  const KeepPositions keep(program, {kKontrahenci});
+  ClassQDBASE& customers = Table(program, kKontrahenci);
+  if (customer < 1 || !customers.RECORD_LOAD(customer) || !customers.Flag("KONTO_INDYW_OK")) return "";
+  return Trim(customers.Text("KONTO_INDYW_RACH"));
+}
+
+// The things of a line as they stand: together, or apart when they are too wide for one line.
+std::vector<std::string> Broken(const PageFlow& flow, const PartyLine& line, double width) {
+  std::vector<std::string> lines;
+  std::string together;
+  for (const std::string& thing : line.things) {
+    const std::string longer = together.empty() ? thing : together + std::string(kBetween) + thing;
+    if (together.empty() || flow.Break(longer, width).size() == 1) {
+      together = longer;
+      continue;
+    }
+    for (std::string& part : flow.Break(together, width)) lines.push_back(std::move(part));
+    together = thing;
+  }
+  for (std::string& part : flow.Break(together, width)) lines.push_back(std::move(part));
+  return lines;
+}
+
+}  // namespace
+
+Party SellerParty(Program& program, int32_t customer) {
+  const auto setting = [&](const char* key) { return Trim(program.settings.Text(kCommon, "user", key)); };
+  const std::string individual = IndividualAccount(program, customer);
+  PartyWriter writer(program);
+  writer.Add(setting("nazwa"), true);
+  writer.Add(Street(setting("ulica"), setting("nrdomu"), setting("nrlokalu")));
+  writer.Add(Town(setting("kod"), setting("miasto"), setting("kraj")));
+  writer.AddTogether({writer.Named("sdoc.info.phone", setting("telefon")), writer.Named("sdoc.info.fax", setting("faks"))});
+  writer.Group();
+  writer.AddTogether({writer.Named("sdoc.info.nip", setting("nip")), writer.Named("sdoc.info.nipeu", setting("nipue")),
+                      writer.Named("sdoc.info.regon", setting("regon"))});
+  AddAccounts(program, writer, individual.empty() ? setting("konto") : individual);
+  writer.Group();
+  writer.AddTogether({writer.Named("sdoc.info.www", setting("stwww")), writer.Named("sdoc.info.email", setting("email"))});
+  return writer.Take("sdoc.info.scust");
+}
+
+Party BuyerParty(Program& program, int32_t customer, const char* heading_key) {
+  const KeepPositions keep(program, {kKontrahenci});
+  ClassQDBASE& table = Table(program, kKontrahenci);
+  PartyWriter writer(program);
+  if (customer < 1 || !table.RECORD_LOAD(customer)) {
+    writer.Add(program.Text("sdoc.error"), true);
+    writer.Add(program.Text("sdoc.error.nc"));
+    return writer.Take(heading_key);
+  }
+  const auto field = [&](const char* name) { return Trim(table.Text(name)); };
+  const std::string tax_number = writer.Named("sdoc.info.nip", field("NIP"));
+  const bool tax_number_first = program.settings.Boolean(kCommon, "prgSettings", "VDmdNIP", false);
+  writer.Add(field("NAZWA"), true);
+  if (tax_number_first) writer.Add(tax_number);
+  writer.Add(Street(field("ULICA"), field("NR_DOMU"), field("NR_LOKALU")));
+  writer.Add(Town(field("KOD_POCZTOWY"), field("MIEJSCOWOSC"), field("@PANSTWO")));
+  writer.AddTogether({writer.Named("sdoc.info.phone", field("TELEFON")), writer.Named("sdoc.info.mobile", field("TEL_KOM")),
+                      writer.Named("sdoc.info.fax", field("FAKS"))});
+  writer.Group();
+  writer.AddTogether({tax_number_first ? "" : tax_number, writer.Named("sdoc.info.nipeu", field("NIP_EU")),
+                      writer.Named("sdoc.info.regon", field("REGON"))});
+  writer.Group();
+  writer.AddTogether({writer.Named("sdoc.info.www", field("ADRES_WWW")), writer.Named("sdoc.info.email", field("ADRES_EMAIL"))});
+  return writer.Take(heading_key);
+}
+
+double PartyHeight(PageFlow& flow, const Party& party, double width, double size) {
+  double height = kHeadingHeight + kAfterHeading + kUnder;
+  for (const PartyLine& line : party.lines) {
+    flow.Font(size, line.bold);
+    height += line.gap + flow.Pitch() * static_cast<double>(Broken(flow, line, width - 2 * kInset).size());
+  }
+  return height;
+}
+
+double PrintPartyBlock(PageFlow& flow, const Party& party, double x, double y, double width, double size) {
+  flow.Font(kHeadingSize, true);
+  flow.Head(flow.program().Text(party.heading_key), x, y, width, kHeadingHeight);
+  double at = y + kHeadingHeight + kAfterHeading;
+  for (const PartyLine& line : party.lines) {
+    flow.Font(size, line.bold);
+    at = flow.Lines(x + kInset, at + line.gap, Broken(flow, line, width - 2 * kInset), width - 2 * kInset);
+  }
+  return at + kUnder;
+}
+
+double PrintSellerBlock(PageFlow& flow, int32_t customer, double x, double y, double width, double size) {
+  return PrintPartyBlock(flow, SellerParty(flow.program(), customer), x, y, width, size);
+}
+
+double PrintBuyerBlock(PageFlow& flow, int32_t customer, const char* heading_key, double x, double y, double width, double size) {
+  return PrintPartyBlock(flow, BuyerParty(flow.program(), customer, heading_key), x, y, width, size);
+}
+
+void PrintParties(PageFlow& flow, int32_t customer, int32_t payer) {
+  const Party seller = SellerParty(flow.program(), customer), buyer = BuyerParty(flow.program(), customer, "sdoc.info.bcust");
+  const Party third = BuyerParty(flow.program(), payer, "sdoc.info.pcust");
+  double size = kSizes[0].size;
+  for (const auto& [next, lowest] : kSizes) {
+    size = next;
+    const double right = PartyHeight(flow, buyer, kBlockWidth, size) + (payer > 0 ? PartyHeight(flow, third, kBlockWidth, size) : 0);
+    if (flow.y + std::max(PartyHeight(flow, seller, kBlockWidth, size), right) <= flow.Bottom() * lowest) break;
+  }
+  const double right = flow.Right() - kBlockWidth;
+  const double seller_end = PrintPartyBlock(flow, seller, flow.Left(), flow.y, kBlockWidth, size);
+  double buyer_end = PrintPartyBlock(flow, buyer, right, flow.y, kBlockWidth, size);
+  if (payer > 0) buyer_end = PrintPartyBlock(flow, third, right, buyer_end, kBlockWidth, size);
+  flow.y = std::max(seller_end, buyer_end);
+}
+
+}  // namespace ostrinka

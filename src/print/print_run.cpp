@@ -1,0 +1,100 @@
+#include "print/print_run.h"
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "base/text.h"
+#include "company/tables.h"
+#include "documents/numbering.h"
+#include "print/sales_document_layout.h"
+
+namespace ostrinka {
+namespace {
+
+struct CopyToPrint {
+  const char* label_key;  // null for none
+  bool is_original;
+};
+
+constexpr CopyToPrint kOriginalAndCopy[] = {{"sdoc.ct.org", true}, {"sdoc.ct.cop", false}};
+constexpr CopyToPrint kOriginalAndTwoCopies[] = {{"sdoc.ct.org", true}, {"sdoc.ct.cop", false}, {"sdoc.ct.cop", false}};
+constexpr CopyToPrint kOriginalCopyInOne[] = {{"sdoc.ct.coo", true}};
+constexpr CopyToPrint kOriginal[] = {{"sdoc.ct.org", true}};
+constexpr CopyToPrint kCopy[] = {{"sdoc.ct.cop", true}};
+constexpr CopyToPrint kDuplicate[] = {{"sdoc.ct.dup", true}};
+constexpr CopyToPrint kProForma[] = {{nullptr, true}};
+
+using Copies = std::span<const CopyToPrint>;
+constexpr Copies kCopiesOfMode[] = {kOriginalAndCopy, kOriginalAndTwoCopies, kOriginalCopyInOne, kOriginal, kCopy, kDuplicate};
+
+ClassPRINT& NewJob(Program& program) {
+  program.CurrentPrintJob = std::make_shared<ClassPRINT>(program);
+  program.CurrentPrintJob->SetFldStyle(program.settings.Integer(kCommon, "prgSettings", "DocStyle", 0));
+  return *program.CurrentPrintJob;
+}
+
+void PrintCopies(Program& program, ClassPRINT& print, int32_t record, Copies copies) {
+  bool first = true;
+  for (const CopyToPrint& copy : copies) {
+    if (!first) print.CLEAR_PAGE_NUMBER_();
+    first = false;
+    PrintSalesDocument(program, print, record, copy.is_original, copy.label_key ? program.Text(copy.label_key) : "");
+    StampPageTotals(program);
+  }
+}
+
+}  // namespace
+
+void BuildDocumentJob(Program& program, int32_t record, int mode, bool save_pdf) {
+  ClassQDBASE& documents = Table(program, kDokSprzed);
+  documents.RECORD_POSITION(record);
+  documents.RECORD_LOAD(record);
+  const std::string options = doc_options(program, record);
+  ClassPRINT& print = NewJob(program);
+  if (has_option(options, "PF")) {
+    PrintCopies(program, print, record, kProForma);
+  } else if (mode >= 0 && static_cast<size_t>(mode) < std::size(kCopiesOfMode)) {
+    PrintCopies(program, print, record, kCopiesOfMode[mode]);
+  } else {
+    program.Message("msg.info.error", MessageKind::kError);
+  }
+  if (save_pdf) SaveJobAsPdf(program);
+}
+
+void StampPageTotals(Program& program) {
+  if (!program.CurrentPrintJob) return;
+  ClassPRINT& print = *program.CurrentPrintJob;
+  print.FONT_NAME("Arial CE");
+  print.FONT_SIZE(10);
+  print.FONT_BOLD(false);
+  const int32_t total = Int32Or0(print.PAGE_NUMBER_());
+  for (int32_t page = 1; page <= print.Page(); ++page) print.MAX_PAGE(page, print.Page_Width(0) - 14, print.Page_Height(0) - 14, total);
+}
+
+void SaveJobAsPdf(Program& program) {
+  if (!program.CurrentPrintJob) return;
+  const std::optional<std::string> answer = program.platform.ui.AskSaveFile({{"Portable Document Format (*.pdf)", {"*.pdf"}}}, "");
+  std::string path = ReplaceAll(answer.value_or(""), std::string_view("\0", 1), "");
+  if (path.empty()) return;
+  if (path.size() < 4 || Lower(path.substr(path.size() - 4)) != ".pdf") path += ".pdf";
+  program.Status(program.Text("mdi.pdf.pleasewait"));
+  const bool written = program.CurrentPrintJob->MAKE_PDF(path);
+  program.Status("");
+  if (!written) program.Message("msg.info.error", MessageKind::kError);
+}
+
+bool ReadFooterFlag(Program& program) {
+  std::string content;
+  if (!program.platform.files.ReadAll(program.DatabaseFolder() + "data.ini", content, int64_t{1} << 20)) return true;
+  bool shown = true;
+  for (const std::string& line : Paragraphs(content)) {
+    const std::string word = TrimWhite(Upper(line));
+    if (word == "FFV-") shown = false;
+    if (word == "FFV+") shown = true;
+  }
+  return shown;
+}
+
+}  // namespace ostrinka

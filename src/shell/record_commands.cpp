@@ -1,0 +1,176 @@
+// Adding, editing, deleting and walking records, with their guards.
+#include "documents/forms/sales_form.h"
+#include "documents/numbering.h"
+#include "masterdata/company_form.h"
+#include "masterdata/customer_form.h"
+#include "masterdata/goods_form.h"
+#include "print/print_run.h"
+#include "shell/main_window.h"
+
+namespace ostrinka {
+namespace {
+
+// Emptied before a sales document is deleted, so that no report and no link finds anything in it. The eighth name's trailing blank is kept:
+// field names are trimmed.
+constexpr const char* kEmptiedFields[] = {"TYP",           "NR_DOK",          "ID_DOK",  "KONTRAHENT", "WYSTAWIL", "FORMA_PLATNOSCI",
+                                          "WARTOSC_NETTO", "WARTOSC_BRUTTO ", "DOTYCZY", "KOREKTA"};
+
+}  // namespace
+
+int32_t MainWindow::CurrentRecord(int number) {
+  ClassQDBASE& table = Table(program_, number);
+  const int32_t record = table.RECORD_POSITION();
+  return table.RECORD_COUNT() >= 1 && record >= 1 && table.RECORD_SELECT(record) && table.RECORD_EXIST(record) ? record : 0;
+}
+
+void MainWindow::AddDocument(const Command& command, int argument) {
+  if (ribbon.ButtonText(command.key) == program_.Text("mdi.doc.add.cor")) {
+    AddCorrection(command, argument);
+    return;
+  }
+  frm_Dok_sprzed form(program_);
+  form.Mode = 1;
+  EditSalesDocument(form);
+}
+
+void MainWindow::EditSalesDocument(frm_Dok_sprzed& form) {
+  form.print_document = [this](int32_t record, PrintMode mode) {
+    BuildDocumentJob(program_, record, static_cast<int>(mode), /*save_pdf=*/true);
+  };
+  form.reload_();
+  program_.platform.ui.ShowModal(form);
+}
+
+void MainWindow::AddCorrection(const Command&, int) {
+  const int32_t record = CurrentRecord(kDokSprzed);
+  if (record == 0) return;
+  const CorrectionRule rule = may_be_corrected(program_, record);
+  if (rule != CorrectionRule::kAllowed) {
+    const char* key = rule == CorrectionRule::kTypeForbids ? "sdocs.msg.cantcreatecdc" : "sdocs.msg.thisdochascdc";
+    StatusText(program_.Text(key));
+    program_.Message(key, MessageKind::kInformation);
+    return;
+  }
+  frm_Dok_sprzed form(program_);
+  form.Mode = 1;
+  form.CorrectionFlag = true;
+  form.CorrectedRecord = record;
+  EditSalesDocument(form);
+}
+
+void MainWindow::AddCustomer(const Command&, int) {
+  frm_Kontrahenci_ form(program_);
+  form.reload_(1);
+  program_.platform.ui.ShowModal(form);
+}
+
+void MainWindow::AddArticle(const Command&, int) {
+  frm_TowUslugi_ form(program_);
+  form.reload_(1);
+  program_.platform.ui.ShowModal(form);
+}
+
+void MainWindow::EditRecord(const Command& command, int) {
+  const int32_t record = CurrentRecord(command.table);
+  if (record == 0) {
+    program_.Message("msg.info.norecordstoedit", MessageKind::kInformation);
+    return;
+  }
+  if (command.table == kDokSprzed) {
+    if (is_fiscalised(program_, record)) {
+      program_.Message("msg.info.canteditfsik", MessageKind::kInformation);
+      return;
+    }
+    frm_Dok_sprzed form(program_);
+    form.Mode = 2;
+    EditSalesDocument(form);
+  } else if (command.table == kKontrahenci) {
+    frm_Kontrahenci_ form(program_);
+    form.reload_(2, record);
+    program_.platform.ui.ShowModal(form);
+  } else {
+    frm_TowUslugi_ form(program_);
+    form.reload_(2, record);
+    program_.platform.ui.ShowModal(form);
+  }
+}
+
+void MainWindow::DeleteRecord(const Command& command, int) {
+  const int32_t record = CurrentRecord(command.table);
+  if (record == 0) {
+    program_.Message("msg.info.norecordstodel", MessageKind::kInformation);
+    return;
+  }
+  if (program_.Message("msg.question.deleterecord", MessageKind::kQuestion) != Answer::kYes) return;
+  // The number is looked up among the sales documents whichever table it belongs to (kept: users rely on the refusal).
+  if (is_fiscalised(program_, record)) {
+    program_.Message("msg.info.cantdeletefsik", MessageKind::kInformation);
+    return;
+  }
+  ClassQDBASE& table = Table(program_, command.table);
+  if (command.table == kDokSprzed) {
+    table.RECORD_LOAD(record);
+    const int32_t correction = table.Int("KOREKTA");
+    if (correction >= 1 && table.RECORD_EXIST(correction)) {
+      StatusText(program_.Text("sdocs.msg.thisdochascdc.delorg"));
+      program_.platform.ui.Beep();
+      return;
+    }
+    const int32_t corrected = table.Int("DOTYCZY");
+    if (corrected >= 1 && table.RECORD_LOAD(corrected)) {
+      table.FIELD("KOREKTA", int32_t{0});
+      table.RECORD_SAVE(corrected);
+    }
+    table.RECORD_LOAD(record);
+    for (const char* field : kEmptiedFields) table.FIELD(field, int32_t{0});
+    table.RECORD_SAVE(record);
+  }
+  table.RECORD_DELETE(record);
+  refresh_tasks_();
+}
+
+void MainWindow::MoveRecord(const Command& command, int argument) {
+  ClassQDBASE& table = Table(program_, command.table);
+  switch (argument) {
+    case 0: table.MOVE_FIRST(); break;
+    case 1: table.MOVE_PREV(); break;
+    case 2: table.MOVE_NEXT(); break;
+    case 3: table.MOVE_LAST(); break;
+    default: program_.platform.ui.Beep();
+  }
+}
+
+void MainWindow::PrintDocument(const Command& command, int) {
+  const int32_t record = CurrentRecord(command.table);
+  if (record == 0) {
+    program_.Message(command.detail, MessageKind::kInformation);
+    return;
+  }
+  if (ribbon.ButtonText(command.key) != program_.Text("mdi.print.topdf")) {
+    NotBuilt(command, -1);
+    return;
+  }
+  BuildDocumentJob(program_, record, static_cast<int>(TickedPrintMode()), /*save_pdf=*/true);
+}
+
+void MainWindow::PickDictionary(const Command& command, int) {
+  for (const Command& other : Commands()) {
+    if (other.run == &MainWindow::PickDictionary) ribbon.ButtonChecked(other.key, other.key == command.key);
+  }
+  DictionaryTable = command.table;
+  first_row_ = 1;
+}
+
+void MainWindow::CompanyData(const Command&, int) {
+  frm_Admin_usr_ form(program_);
+  form.reload_();
+  program_.platform.ui.ShowModal(form);
+}
+
+void MainWindow::DatabaseConnection(const Command&, int) { SET_QDB_(); }
+
+void MainWindow::Exit(const Command&, int) {
+  if (on_exit) on_exit();
+}
+
+}  // namespace ostrinka

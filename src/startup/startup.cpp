@@ -1,0 +1,133 @@
+#include "startup/startup.h"
+
+#include "base/text.h"
+#include "company/column_widths.h"
+#include "company/ost_engine.h"
+#include "masterdata/company_data.h"
+#include "masterdata/postal.h"
+#include "print/print.h"
+
+namespace ostrinka {
+
+std::string Startup::SkinChoose(Program& program) {
+  const int32_t skin = program.settings.Integer(kCommon, "GUI", "Skin", 2);
+  return program.ApplicationFolder() + "skins/" + (skin == 2 ? "black" : skin == 1 ? "silver" : "blue") + ".skin";
+}
+
+void Startup::LoadCatalogues() {
+  const std::string language = Trim(Lower(program_.settings.Text(kCommon, "prgSettings", "VDLanguage", "0")));
+  program_.catalogue.LoadProgramCatalogue("program.lang");
+  program_.catalogue.LoadPrintCatalogue(NumberOr0(language) == 1 ? "printdocen.lang" : "printdoc.lang");
+}
+
+void Startup::CreateWindow() {
+  if (window_) return;
+  window_ = std::make_unique<MainWindow>(program_);
+  window_->on_exit = [this] {
+    window_->save_window_();
+    Stop();
+  };
+}
+
+void Startup::Start(const std::string& command_line) {
+  UserInterface& ui = program_.platform.ui;
+  LoadCatalogues();
+  program_.TempPageFiles.clear();
+  program_.skin_path = SkinChoose(program_);
+  if (Contains(Lower(command_line), "+wiz")) {
+    CreateWindow();
+    ui.SetBusy(false);
+    ui.StartMainTimer(100);
+    ui.Beep();
+    window_->StatusText(program_.Text("mdi.message.notbuilt"));
+    return;
+  }
+  ui.SetBusy(true);
+  const bool splash = program_.settings.Integer(kCommon, "GUI", "WScreen", 1) == 1;
+  if (splash) {
+    ui.ShowSplash(true);
+    ui.TurnEvents();
+  }
+  program_.postal = std::make_shared<PostalTable>();
+  program_.postal->LoadPostalCodes(program_.platform.files, program_.ApplicationFolder());
+  CreateWindow();
+  window_->ScrollShow_(false);
+  if (!splash) {
+    ui.ShowMainWindow();
+    ui.TurnEvents();
+  }
+  ui.SetBusy(true);
+  ui.StartMainTimer(100);
+  OpenCompany();
+  ui.SetBusy(false);
+  if (program_.database_open) {
+    window_->StatusText("    " + program_.Text("mdi.pleasewait"));
+  } else {
+    ReportNoCompany();
+  }
+  program_.settings.SaveSettingValue(kCommon, "system", "fRun", false);
+  ShowList();
+}
+
+void Startup::OpenCompany() {
+  if (program_.settings.Boolean(kCommon, "system", "fRun", true)) {
+    // The factory account.
+    program_.settings.SaveSettingValue(kCommon, "dbLogin", "username", std::string("kreda"));
+    program_.settings.SaveSettingValue(kCommon, "dbLogin", "password", std::string("kreda"));
+  }
+  bool opened = false;
+  OSTEngine(program_).open_(false, opened);
+  program_.database_open = opened;
+  CompanyLoad(program_);
+  program_.platform.ui.RedrawMainWindow();
+}
+
+void Startup::ReportNoCompany() {
+  UserInterface& ui = program_.platform.ui;
+  ui.ShowSplash(false);
+  ui.ShowMainWindow();
+  if (program_.settings.Boolean(kCommon, "system", "fRun", true)) {
+    program_.ShowMessage(program_.Text("msg.info.firstrun") + "\r\n" + program_.Text("msg.info.firstrun.coodb") + "\r\n" +
+                             program_.Text("msg.info.firstrun.dbpressok"),
+                         MessageKind::kWarning);
+  } else {
+    program_.Message("msg.info.cantopendatabase", MessageKind::kError);
+  }
+  window_->SET_QDB_();
+}
+
+void Startup::ShowList() {
+  UserInterface& ui = program_.platform.ui;
+  if (!running()) return;  // the person ended the program from the connection dialog
+  program_.CurrentPrintJob = std::make_shared<ClassPRINT>(program_);
+  window_->ScrollShow_(true);
+  window_->ref_();
+  program_.platform.waiter.Wait(250);
+  ui.SetBusy(false);
+  ui.ShowSplash(false);
+  ui.ShowMainWindow();
+  window_->refresh_tasks_();
+  window_->StatusText("");
+}
+
+void Startup::Stop() {
+  if (!running()) return;
+  UserInterface& ui = program_.platform.ui;
+  ui.StopMainTimer();
+  window_->StatusText(program_.Text("msg.info.savesetting"));
+  ui.TurnEvents();
+  if (program_.database_open) SaveColumnWidths(program_);
+  window_->StatusText(program_.Text("msg.info.closedatabase"));
+  ui.TurnEvents();
+  if (program_.database_open) OSTEngine(program_).close_(true);
+  program_.database_open = false;
+  program_.CurrentPrintJob.reset();
+  for (const std::string& file : program_.TempPageFiles) program_.platform.files.Remove(file);
+  program_.TempPageFiles.clear();
+  // The window itself stands until the command that ended the program has returned.
+  program_.main_view = nullptr;
+  stopped_ = true;
+  ui.EndProgram();
+}
+
+}  // namespace ostrinka
