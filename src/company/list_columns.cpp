@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
-
 namespace ostrinka {
 namespace {
 
@@ -62,7 +60,7 @@ constexpr ListColumn kRates[] = {
     {"WARTOSC", 60, "tdb.vat.value", kRightSide},
 };
 constexpr ListColumn kArticles[] = {
-    {"USLUGA", 50, "tdb.prsr.type", kLeftSide, kTrueFalse, "tdb.prsr.psboo"},
+    {"USLUGA", 50, "tdb.prsr.type", kLeftSide, kPatternKey, "tdb.prsr.psboo"},
     {"SYMBOL", 50, "tdb.prsr.symbol"},
     {"NAZWA", 150, "tdb.prsr.name"},
     {"DETAL_NETTO", 90, "tdb.prsr.dnetto", kRightSide, kMoney},
@@ -207,8 +205,6 @@ std::string PatternOf(Program& program, const ListColumn& column) {
       return PricePattern(program, 0, false);
     case kScreenDate:
       return ScreenDatePattern(program);
-    case kTrueFalse:
-      return TrueFalsePattern(program, column.pattern);
   }
   return "";
 }
@@ -229,25 +225,6 @@ std::span<const ListColumn> ListColumns(int table) {
 
 bool FiscalPrinting(Program& program) {
   return program.settings.Integer(kCommon, "prgSettings", "FPModel", 0) > 0;
-}
-
-std::pair<std::string, std::string> TrueFalseTexts(Program& program, std::string_view key) {
-  if (program.catalogue.Has(key)) {
-    const std::string text = ReplaceAll(program.Text(key), "\r\n", ";");
-    const size_t cut = text.find_first_of(";/");
-    if (cut != std::string::npos) {
-      const std::string no = Trim(std::string_view(text).substr(cut + 1));
-      const std::string yes = Trim(std::string_view(text).substr(0, cut));
-      if (!yes.empty() && !no.empty()) return {yes, no};
-    }
-  }
-  return {program.Text("common.yes"), program.Text("common.no")};
-}
-
-std::string TrueFalsePattern(Program& program, std::string_view key) {
-  auto [yes, no] = TrueFalseTexts(program, key);
-  // True is stored as -1: the section of negative numbers.
-  return "0;\"" + ReplaceAll(yes, "\"", "") + "\";\"" + ReplaceAll(no, "\"", "") + "\"";
 }
 
 std::string WidthSection(int table) {

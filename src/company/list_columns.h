@@ -3,7 +3,6 @@
 
 #include <span>
 #include <string>
-#include <utility>
 
 #include "company/tables.h"
 
@@ -15,7 +14,6 @@ enum class ColumnKind {
   kPatternKey,  // the catalogue's text of `pattern`
   kMoney,       // the pattern of prices, without the sign of a currency
   kScreenDate,
-  kTrueFalse,  // a flag with the two texts under the catalogue key `pattern`
 };
 enum ColumnSide : int { kRightSide = -1, kCentred = 0, kLeftSide = 1 };
 
@@ -36,12 +34,6 @@ std::span<const ListColumn> ListColumns(int table);
 
 // Whether a fiscal printer is set.
 bool FiscalPrinting(Program& program);
-
-// The two words of a catalogue text such as "Usługa|Towar" (also separated by ";" or "/"): for true and for false. The catalogue's yes and
-// no when the text does not hold two.
-std::pair<std::string, std::string> TrueFalseTexts(Program& program, std::string_view key);
-// A pattern that shows a flag as those words.
-std::string TrueFalsePattern(Program& program, std::string_view key);
 
 // Section of the settings that holds the column widths of a table.
 std::string WidthSection(int table);

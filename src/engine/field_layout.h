@@ -20,6 +20,7 @@ struct FieldDef {
   int32_t length = 0;   // as the slot has it
   int32_t width = 0;    // bytes in the record
   int32_t offset = 0;   // from the record's first byte
+  bool operator==(const FieldDef&) const = default;
 };
 
 // Bytes that a field takes in a record; 0 for an unknown type, -1 for a text length outside 0 to 65,536.
@@ -35,6 +36,7 @@ class FieldLayout {
   const FieldDef& field(int n) const { return fields_[static_cast<size_t>(n - 1)]; }  // n from 1
   bool Has(int n) const { return n >= 1 && n <= count(); }
   int32_t record_length() const { return record_length_; }
+  bool SameAs(const FieldLayout& other) const { return fields_ == other.fields_; }
 
   // Number of the field of that name, in any case and with blanks around it; 0 for none.
   int Find(std::string_view name) const;

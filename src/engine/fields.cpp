@@ -36,10 +36,16 @@ Value ClassQDBASE::State::LinkValue(int n, int32_t target) {
   return there.ReadShown(target, link.field);
 }
 
+bool ClassQDBASE::State::ReadField(int32_t record, const FieldDef& field, std::string& bytes) {
+  bytes.resize(static_cast<size_t>(layout.record_length()));
+  return InRange(record) && file.ReadBytes(TableFile::RecordAt(record, layout.record_length()) + field.offset, bytes.data() + field.offset,
+                                           static_cast<size_t>(field.width));
+}
+
 Value ClassQDBASE::State::ReadShown(int32_t record, int n) {
-  std::string bytes;
-  if (!InRange(record) || !ReadRecord(record, bytes)) return {};
   const FieldDef& field = layout.field(n);
+  std::string& bytes = scratch;
+  if (!ReadField(record, field, bytes)) return {};
   if (field.type != kLink) return ShownValue(DecodeField(field, bytes.data()));
   return ShownValue(LinkValue(n, Int32Or0(DecodeField(field, bytes.data()))));
 }

@@ -200,36 +200,40 @@ bool ClassQDBASE::State::BuildLayout() {
   return true;
 }
 
+// The layout is replaced only when it differs: a scan that is under way keeps pointing into it.
 bool ClassQDBASE::State::ReadHeaderAgain() {
   TableHeader read;
-  FieldLayout check;
-  if (!file.ReadHeader(read) || !read.IsValid() || !check.Build(read)) return false;
-  const FieldLayout before = layout;
-  header = read;
-  BuildLayout();
-  bool same = before.count() == layout.count();
-  for (int n = 1; same && n <= layout.count(); ++n) {
-    const FieldDef &a = before.field(n), &b = layout.field(n);
-    same = a.name == b.name && a.type == b.type && a.length == b.length;
+  if (!file.ReadHeader(read) || !read.IsValid()) return false;
+  if (!read.SameFields(header) || layout.count() != read.field_count()) {
+    FieldLayout fresh;
+    if (!fresh.Build(read)) return false;
+    if (!fresh.SameAs(layout)) {
+      buffer.Remap(layout, fresh);
+      layout = std::move(fresh);
+      std::erase_if(columns, [this](int n) { return !layout.Has(n); });
+    }
   }
-  if (!same) buffer.Remap(before, layout);
+  header = read;
+  for (int n = 1; n <= layout.count(); ++n) header.SetFieldPosition(n, layout.field(n).offset - 1);
   links.resize(static_cast<size_t>(layout.count()));
   return true;
 }
 
 bool ClassQDBASE::State::RecomputeLayout() {
-  if (file.EnsureNamed() == TableFile::Named::kLost || !ReadHeaderAgain()) return false;
+  if (!ReadyToWrite() || !ReadHeaderAgain()) return false;
   const int32_t now = CountRecords();
   if (file.StoredCount() != now) file.WriteCount(now);
   return true;
 }
 
 bool ClassQDBASE::State::ReadyToWrite() {
-  switch (file.EnsureNamed()) {
-    case TableFile::Named::kYes: return true;
-    case TableFile::Named::kReopened: return ReadHeaderAgain();
-    default: return false;
-  }
+  const TableFile::Named named = file.EnsureNamed();
+  if (named != TableFile::Named::kReopened) return named == TableFile::Named::kYes;
+  const bool linked = std::any_of(links.begin(), links.end(), [](const LinkedTable& link) { return link.table != nullptr; });
+  if (!ReadHeaderAgain()) return false;
+  links.clear();
+  if (linked) OpenLinks();
+  return true;
 }
 
 bool ClassQDBASE::State::WriteHeader() { return file.WriteHeader(header); }

@@ -9,11 +9,13 @@
 #include "engine/condition.h"
 #include "engine/field_layout.h"
 #include "engine/memo_file.h"
+#include "engine/ordering.h"
 #include "engine/qdbase.h"
 #include "engine/record_buffer.h"
 #include "engine/record_list.h"
 #include "engine/table_file.h"
 #include "engine/table_header.h"
+#include "engine/table_painter.h"
 
 namespace ostrinka {
 
@@ -23,19 +25,12 @@ struct LinkedTable {
   int field = 0;
 };
 
-// How a field is shown as a column of the table view.
-struct ColumnFormat {
-  int width = 100;
-  std::string title, format;
-  bool sum_up = false;
-  int alignment = 0;
-};
-
 struct TableViewState {
   std::vector<ColumnFormat> columns = std::vector<ColumnFormat>(kMaxFields + 1);
   std::vector<TableCell> cells;
+  std::vector<ColumnSpan> spans;
   int current = -1;  // index into cells
-  int cells_per_row = 0, row_height = 0, surface_height = 0, first_column = 0;
+  int cells_per_row = 0, row_height = 0, surface_height = 0;
   bool sum_up = false;
   int clicked_field = 0, clicked_column = 0;
 };
@@ -70,6 +65,7 @@ struct ClassQDBASE::State {
   std::vector<LinkedTable> links;
   std::unique_ptr<MemoFile> memo;
   int32_t instance = 0;
+  std::string scratch;  // a record of which single fields are read
   bool debug_on = true;
   bool is_link = false;  // opened for the link field of another table
   int last_code = -1;
@@ -128,8 +124,16 @@ struct ClassQDBASE::State {
   // What "@" shows of link field `n` for the target record.
   Value LinkValue(int n, int32_t target);
   Value RawValue(const FieldId& id);
+  // Bytes of the field alone, in its place in `bytes`.
+  bool ReadField(int32_t record, const FieldDef& field, std::string& bytes);
   // The shown value of field `n` of any record, read for itself; the buffer stays as it is.
   Value ReadShown(int32_t record, int n);
+
+  // --- selection (selection.cpp)
+  void ChooseColumns(const std::string& fields);
+  std::vector<int32_t> Scan(const std::string& condition, bool ascending, int32_t first, int32_t last, Ordering* ordering);
+  std::vector<int32_t> OrderKept(Ordering& ordering, bool descending);
+  LinkReader Links();
 
   // --- structure (structure.cpp)
   // Parts of the old record, offset and length, that make the new one.
@@ -142,14 +146,26 @@ struct ClassQDBASE::State {
   // --- attachments (attachments.cpp)
   int MemoField(const FieldId& id);
 
-  // --- view, binding
+  // --- table view (table_view.cpp)
+  std::string CellTextOf(int n, const char* record, const TableLook& look);
+  void DrawRows(TablePainter& painter, int first_row, int top, const TableLook& look);
+
+  // --- form binding (form_binding.cpp)
   void FillControls(int only_field);
   void FillControl(const BoundControl& bound);
-  void SaveControl(const BoundControl& bound);
+  void FillMemoList(const BoundControl& bound);
   void FillList(const BoundControl& bound);
+  void SaveControl(const BoundControl& bound);
   void RefreshForm() {
     if (binding.connected) self.FORM_REFRESH();
   }
+
+  // --- export (export.cpp)
+  Value ExportValue(int n, const char* record);
+  std::string SeparatedValue(int n, const char* record, char quote);
+  std::vector<int32_t> ExportedRecords(bool selected);
+  bool ExportSeparated(const std::string& target, bool selected, char separator, char quote);
+  bool ExportXml(const std::string& target, bool all);
 };
 
 // Whether every character may stand in a user, a password or a field name: digits, ASCII letters, "_", "$", Polish letters.

@@ -33,7 +33,7 @@ int CompanyLoad(Program& program) {
   program.company.chosen_account_text = program.settings.Integer(kCommon, kSection, kChosenText, 0);
   const CompanyRecord& company = program.company;
   const std::string* const required[kRequiredCompanyFields] = {&company.M_WYST_DOK, &company.S_NAZWA, &company.S_ULICA, &company.S_NRDOM,
-                                                              &company.S_NRLOK,    &company.S_KPOCZ, &company.S_MIAST};
+                                                               &company.S_NRLOK,    &company.S_KPOCZ, &company.S_MIAST};
   return static_cast<int>(std::count_if(std::begin(required), std::end(required), [](const std::string* text) { return !text->empty(); }));
 }
 
@@ -50,9 +50,13 @@ bool CompanySave(Program& program, CompanyRecord record) {
   return written;
 }
 
-std::string LogoPath(Program& program) { return program.DatabaseFolder() + "_logo.img"; }
+std::string LogoPath(Program& program) {
+  return program.DatabaseFolder() + "_logo.img";
+}
 
-bool LogoExists(Program& program) { return program.platform.files.FileExists(LogoPath(program)); }
+bool LogoExists(Program& program) {
+  return program.platform.files.FileExists(LogoPath(program));
+}
 
 bool CopyLogo(Program& program, const std::string& file) {
   std::string content;

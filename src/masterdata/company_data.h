@@ -14,8 +14,8 @@ inline constexpr int kRequiredCompanyFields = 7;  // place of issue, name, stree
 // Reads all settings into Program::company. The result counts the required fields that hold something.
 int CompanyLoad(Program& program);
 
-// Stores the record, each text trimmed, in the settings and, when a company is open, in firma; then reads it anew. False when something could
-// not be written; the rest is written all the same.
+// Stores the record, each text trimmed, in the settings and, when a company is open, in firma; then reads it anew. False when something
+// could not be written; the rest is written all the same.
 bool CompanySave(Program& program, CompanyRecord record);
 
 // The logo that documents print lies in the database folder under a fixed name, whatever its format.

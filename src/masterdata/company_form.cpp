@@ -89,6 +89,7 @@ void frm_Admin_usr_::LayOut() {
 }
 
 void frm_Admin_usr_::reload_() {
+  CompanyLoad(program_);
   edited_ = program_.company;
   for (const BoxField& entry : kBoxes) {
     LimitToField(Table(program_, kFirma), entry.field, this->*entry.box, entry.length);
@@ -118,14 +119,15 @@ bool frm_Admin_usr_::UserKey(int code, bool ctrl) {
   return true;
 }
 
-void frm_Admin_usr_::CheckNumbers() { MarkNumbers(program_, txtKonto, TxtNIP, txtRegon); }
+void frm_Admin_usr_::CheckNumbers() {
+  MarkNumbers(program_, txtKonto, TxtNIP, txtRegon);
+}
 
 void frm_Admin_usr_::EditFurtherAccounts() {
   frm_Admin_usr_kdod_ dialog(program_);
   CompanyRecord record = edited_;
   record.B_KONTO = txtKonto.Text();
   dialog.reload_(record);
-  dialog.Open();
   program_.platform.ui.ShowModal(dialog);
   if (!dialog.accepted()) return;
   edited_ = dialog.record();
@@ -135,7 +137,8 @@ void frm_Admin_usr_::EditFurtherAccounts() {
 }
 
 void frm_Admin_usr_::SelectLogo() {
-  const std::optional<std::string> file = program_.platform.ui.AskOpenFile({{"Grafika (*.bmp; *.jpg; *.gif)", {"*.bmp", "*.jpg", "*.gif"}}});
+  const std::optional<std::string> file =
+      program_.platform.ui.AskOpenFile({{"Grafika (*.bmp; *.jpg; *.gif)", {"*.bmp", "*.jpg", "*.gif"}}});
   if (!file || file->empty()) return;
   if (!CopyLogo(program_, *file)) program_.Message("msg.info.error", MessageKind::kError);
   ShowLogoState();
@@ -146,6 +149,8 @@ void frm_Admin_usr_::ClearLogo() {
   ShowLogoState();
 }
 
-void frm_Admin_usr_::ShowLogoState() { lblLogo.SetText(program_.Text(LogoExists(program_) ? "usr.logo.yes" : "usr.logo.no")); }
+void frm_Admin_usr_::ShowLogoState() {
+  lblLogo.SetText(program_.Text(LogoExists(program_) ? "usr.logo.yes" : "usr.logo.no"));
+}
 
 }  // namespace ostrinka

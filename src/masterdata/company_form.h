@@ -7,14 +7,14 @@ namespace ostrinka {
 
 class frm_Admin_usr_ : public Form {
  public:
-  TextBoxControl txtMiejsceWystDok, txtNazwaFirmy, txtUlica, txtNrDomu, txtNrLokalu, txtKodPocztowy, txtMiejscowość, txtKraj, txtTelefon, txtFaks,
-      txtEMail, txtWWW, txtKRS, TxtNIP, txtNIPEU, txtRegon, txtBank, txtSWIFT, txtKonto;
+  TextBoxControl txtMiejsceWystDok, txtNazwaFirmy, txtUlica, txtNrDomu, txtNrLokalu, txtKodPocztowy, txtMiejscowość, txtKraj, txtTelefon,
+      txtFaks, txtEMail, txtWWW, txtKRS, TxtNIP, txtNIPEU, txtRegon, txtBank, txtSWIFT, txtKonto;
   LabelControl lblLogo;
   ButtonControl btnSave, btnCancel, btnKonta, btnKdod_, btnLogo, btnClrLogo;
 
   explicit frm_Admin_usr_(Program& program);
 
-  void reload_();  // fills the fields from Program::company
+  void reload_();  // reads the company record and fills the fields from it
   void save_();    // writes them to the settings and the open company; the dialog stays open when that fails
 
   bool UserKey(int code, bool ctrl) override;

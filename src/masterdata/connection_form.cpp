@@ -36,7 +36,10 @@ frm_Admin_qdb_::frm_Admin_qdb_(Program& program)
       .Side({GroupLayout("qdb.grp.login")
                  .Row({{"qdb.lbl.user", userName, 6}, {"qdb.lbl.password", userPassword, 6}})
                  .Row({{"", dbLogin, 12}})});
-  Buttons({{"qdb.btn.create", btnCreate}, {"qdb.btn.test", btnConnectionTest}, {"qdb.btn.ok", btnSave, kDefault}, {"qdb.btn.cancel", btnCancel, kCancel}});
+  Buttons({{"qdb.btn.create", btnCreate},
+           {"qdb.btn.test", btnConnectionTest},
+           {"qdb.btn.ok", btnSave, kDefault},
+           {"qdb.btn.cancel", btnCancel, kCancel}});
   btnSave.Clicked += [this] { save_(); };
   btnCancel.Clicked += [this] { Close(); };
   btnCreate.Clicked += [this] { CreateDatabase(); };
@@ -64,7 +67,8 @@ void frm_Admin_qdb_::save_() {
   const bool opened = OpenDatabase();
   program_.Status("");
   if (!opened) {
-    program_.ShowMessage(program_.Text("msg.info.cantopendatabase") + "\r\n" + program_.Text("msg.info.pleasecheckuserandpass"), MessageKind::kError);
+    program_.ShowMessage(program_.Text("msg.info.cantopendatabase") + "\r\n" + program_.Text("msg.info.pleasecheckuserandpass"),
+                         MessageKind::kError);
     if (program_.main_view) program_.main_view->ResetXRSC_();
     return;
   }
@@ -106,7 +110,6 @@ void frm_Admin_qdb_::TestConnection() {
 void frm_Admin_qdb_::CreateDatabase() {
   frm_Admin_qdbc_ dialog(program_);
   dialog.reload_();
-  dialog.Open();
   program_.platform.ui.ShowModal(dialog);
   if (dialog.created()) reload_();
 }

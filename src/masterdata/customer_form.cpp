@@ -166,7 +166,9 @@ void frm_Kontrahenci_::save_() {
   for (const ListField& entry : kLists) SaveLink(customers, entry.field, this->*entry.list);
 }
 
-void frm_Kontrahenci_::CheckNumbers() { MarkNumbers(program_, txtNrKonta, TxtNIP, txtRegon); }
+void frm_Kontrahenci_::CheckNumbers() {
+  MarkNumbers(program_, txtNrKonta, TxtNIP, txtRegon);
+}
 
 void frm_Kontrahenci_::FindCity() {
   const int last = LastCityField;
@@ -174,12 +176,12 @@ void frm_Kontrahenci_::FindCity() {
   if (last == 0) return;
   if (program_.postal) {
     const bool by_town = last == 2;
-    const std::string found = by_town ? program_.postal->CodeOfTown(Trim(txtMiejscowość.Text()))
-                                      : program_.postal->TownOfCode(Trim(txtKodPocztowy.Text()));
+    const std::string found =
+        by_town ? program_.postal->CodeOfTown(Trim(txtMiejscowość.Text())) : program_.postal->TownOfCode(Trim(txtKodPocztowy.Text()));
     if (!found.empty()) (by_town ? txtKodPocztowy : txtMiejscowość).SetText(found);
-    if (!found.empty()) SetDirty(true);
   }
   ShowRegionOf(Trim(txtKodPocztowy.Text()));
+  SetDirty(true);
 }
 
 void frm_Kontrahenci_::ShowRegionOf(const std::string& postal_code) {

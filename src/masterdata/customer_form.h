@@ -7,8 +7,8 @@ namespace ostrinka {
 
 class frm_Kontrahenci_ : public RecordEditor {
  public:
-  TextBoxControl txtSymbol, txtUlica, txtNrDomu, txtNrLokalu, txtKodPocztowy, txtMiejscowość, txtBank, txtSWIFT, txtNrKonta, txtTelefon, txtTelKom,
-      txtFaks, TxtNIP, txtNIPEU, txtKRS, txtRegon, txtEMail, txtUwagi;
+  TextBoxControl txtSymbol, txtUlica, txtNrDomu, txtNrLokalu, txtKodPocztowy, txtMiejscowość, txtBank, txtSWIFT, txtNrKonta, txtTelefon,
+      txtTelKom, txtFaks, TxtNIP, txtNIPEU, txtKRS, txtRegon, txtEMail, txtUwagi;
   ComboControl txtGrupa, txtPaństwo, txtWojewództwo, txtFormaPłat;
   ButtonControl btnFindCity, btnMAILgo;
   int LastCityField = 0;  // 1 the postal code was touched last, 2 the town; 0 neither

@@ -26,8 +26,8 @@ bool SaveDatabaseLogin(Program& program, const std::string& user, const std::str
   return program.settings.SaveSettingValue(kCommon, "dbLogin", "password", Value(password)) && name;
 }
 
-DatabasePlaceFields::DatabasePlaceFields(Program& program, std::array<OptionBoxControl, 2>& boxes, TextBoxControl& box, ButtonControl& browse,
-                                         std::string title_key)
+DatabasePlaceFields::DatabasePlaceFields(Program& program, std::array<OptionBoxControl, 2>& boxes, TextBoxControl& box,
+                                         ButtonControl& browse, std::string title_key)
     : options(boxes), path(box), program_(program), title_key_(std::move(title_key)) {
   options[0].JoinGroup({&options[1]});
   options[1].JoinGroup({&options[0]});
@@ -40,7 +40,9 @@ void DatabasePlaceFields::Show(const DatabasePlace& place) {
   path.SetText(place.path);
 }
 
-DatabasePlace DatabasePlaceFields::Read() const { return {options[1].Value(), Trim(path.Text())}; }
+DatabasePlace DatabasePlaceFields::Read() const {
+  return {options[1].Value(), Trim(path.Text())};
+}
 
 void DatabasePlaceFields::Browse() {
   const std::optional<std::string> folder = program_.platform.ui.AskFolder(program_.Text(title_key_));

@@ -27,7 +27,8 @@ void FillFromTable(Program& program, int number, ComboControl& list, const std::
 }
 
 void FillFromTable(Program& program, int number, ComboControl& list, std::string_view field, bool blank_first) {
-  FillFromTable(program, number, list, [field](ClassQDBASE& table) { return Trim(table.Text(field)); }, blank_first);
+  FillFromTable(
+      program, number, list, [field](ClassQDBASE& table) { return Trim(table.Text(field)); }, blank_first);
 }
 
 void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list) {
@@ -62,7 +63,9 @@ void FlashField(Program& program, Form& form, TextBoxControl& box) {
   form.SetFocus(box);
 }
 
-bool AccountIsDoubtful(std::string_view text) { return AlnumOnly(text).size() >= kAccountTooLong || !CheckIBAN(text, "PL"); }
+bool AccountIsDoubtful(std::string_view text) {
+  return AlnumOnly(text).size() >= kAccountTooLong || !CheckIBAN(text, "PL");
+}
 
 void MarkNumbers(Program& program, TextBoxControl& account, TextBoxControl& nip, TextBoxControl& regon) {
   account.SetWarning(AccountIsDoubtful(account.Text()), program.Text("common.warn.account"));

@@ -1,5 +1,5 @@
-// Small things that the forms of master data share: lists filled from tables, links shown in lists, limits, the flash of a required field, the
-// marks of doubtful numbers.
+// Small things that the forms of master data share: lists filled from tables, links shown in lists, limits, the flash of a required field,
+// the marks of doubtful numbers.
 #pragma once
 
 #include <array>
@@ -14,14 +14,15 @@
 
 namespace ostrinka {
 
-// Fills `list` with the existing records of table `number` in their order, the record number as the value; a record whose trimmed `field` is
-// empty is passed over. `blank_first` puts an empty entry of value 0 before them. Nothing is selected.
+// Fills `list` with the existing records of table `number` in their order, the record number as the value; a record whose trimmed `field`
+// is empty is passed over. `blank_first` puts an empty entry of value 0 before them. Nothing is selected.
 void FillFromTable(Program& program, int number, ComboControl& list, std::string_view field, bool blank_first);
 // The same with a text made by `text_of` from the record that is loaded; an empty text passes it over.
-void FillFromTable(Program& program, int number, ComboControl& list, const std::function<std::string(ClassQDBASE&)>& text_of, bool blank_first);
+void FillFromTable(Program& program, int number, ComboControl& list, const std::function<std::string(ClassQDBASE&)>& text_of,
+                   bool blank_first);
 
-// Shows the link field of the loaded record by its text; among entries of equal text the one that is linked. A link to a deleted record selects
-// none.
+// Shows the link field of the loaded record by its text; among entries of equal text the one that is linked. A link to a deleted record
+// selects none.
 void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list);
 // Writes the chosen record to the buffer. With none selected the field keeps what it holds: a link to a deleted record is not lost.
 void SaveLink(ClassQDBASE& table, const std::string& field, const ComboControl& list);

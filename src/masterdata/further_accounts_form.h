@@ -9,7 +9,8 @@ namespace ostrinka {
 
 class frm_Admin_usr_kdod_ : public Form {
  public:
-  TextBoxControl txtKonto, txtKonto_d1_, txtKonto_d2_, txtKonto_d3_, txtKonto_d4_, txtKontoOpis1_, txtKontoOpis2_, txtKontoOpis3_, txtKontoOpis4_;
+  TextBoxControl txtKonto, txtKonto_d1_, txtKonto_d2_, txtKonto_d3_, txtKonto_d4_, txtKontoOpis1_, txtKontoOpis2_, txtKontoOpis3_,
+      txtKontoOpis4_;
   ComboControl txtWybKontoOp_;
   ButtonControl btnSave, btnCancel;
 

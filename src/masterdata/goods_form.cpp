@@ -32,7 +32,7 @@ struct PriceField {
 
 constexpr const char* kSetNames[frm_TowUslugi_::kPriceSets] = {"DETAL", "HURT", "SPEC"};
 constexpr PriceField kPrices[] = {
-    {&frm_TowUslugi_::txtNetto, "txtNetto", "_NETTO"},   {&frm_TowUslugi_::txtBrutto, "txtBrutto", "_BRUTTO"},
+    {&frm_TowUslugi_::txtNetto, "txtNetto", "_NETTO"},    {&frm_TowUslugi_::txtBrutto, "txtBrutto", "_BRUTTO"},
     {&frm_TowUslugi_::txtNarzut, "txtNarzut", "_NARZUT"}, {&frm_TowUslugi_::txtMarża, "txtMarża", "_MARZA"},
     {&frm_TowUslugi_::txtZysk, "txtZysk", "_ZYSK"},
 };
@@ -45,7 +45,9 @@ constexpr ReminderChoice kReminders[] = {{7, "sdoc.abn.rem.7"}, {14, "sdoc.abn.r
 
 constexpr double kLongestSubscription = 32767;  // what the field of the table holds
 
-std::string RateName(ClassQDBASE& rates) { return Trim(rates.Text("NAZWA")) + " (" + Trim(rates.Text("SYMBOL")) + ")"; }
+std::string RateName(ClassQDBASE& rates) {
+  return Trim(rates.Text("NAZWA")) + " (" + Trim(rates.Text("SYMBOL")) + ")";
+}
 
 }  // namespace
 
@@ -118,9 +120,13 @@ void frm_TowUslugi_::Connect() {
   txtSubsTDay_.Left += [this] { NormaliseDays(); };
 }
 
-void frm_TowUslugi_::reload_(int mode, int32_t record) { Fill(mode, mode == 2 ? record : 0); }
+void frm_TowUslugi_::reload_(int mode, int32_t record) {
+  Fill(mode, mode == 2 ? record : 0);
+}
 
-void frm_TowUslugi_::clone_(int32_t record) { Fill(1, record); }
+void frm_TowUslugi_::clone_(int32_t record) {
+  Fill(1, record);
+}
 
 void frm_TowUslugi_::Fill(int mode, int32_t record) {
   FillLists();

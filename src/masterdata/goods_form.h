@@ -60,8 +60,8 @@ class frm_TowUslugi_ : public RecordEditor {
   void Write(TextBoxControl& box, double amount);  // nothing when there is no such number
   void Reformat(TextBoxControl& box) { Write(box, Amount(box)); }
   void RaiseToSmallest(TextBoxControl& box);
-  std::optional<double> Rate();              // percent of the chosen VAT rate
-  float CurrencyRate(int32_t record);        // złoty per unit; 0 when unknown
+  std::optional<double> Rate();        // percent of the chosen VAT rate
+  float CurrencyRate(int32_t record);  // złoty per unit; 0 when unknown
 
   int32_t currency_shown_ = 0;  // record of waluty that the prices are in
 };

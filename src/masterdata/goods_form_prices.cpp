@@ -8,7 +8,9 @@
 
 namespace ostrinka {
 
-double frm_TowUslugi_::Amount(const TextBoxControl& box) const { return NumberOr0(box.Text()); }
+double frm_TowUslugi_::Amount(const TextBoxControl& box) const {
+  return NumberOr0(box.Text());
+}
 
 void frm_TowUslugi_::Write(TextBoxControl& box, double amount) {
   if (std::isfinite(amount)) box.SetText(FormatNumber(Value(amount), PricePattern(program_, 0, false), program_.locale));
@@ -37,7 +39,9 @@ void frm_TowUslugi_::WriteNetFromGross(size_t i) {
   if (const std::optional<double> rate = Rate()) Write(txtNetto[i], NetFromGross(Amount(txtBrutto[i]), *rate));
 }
 
-void frm_TowUslugi_::WriteProfit(size_t i) { Write(txtZysk[i], ProfitOf(Amount(txtNetto[i]), Amount(txtCenaZakupu))); }
+void frm_TowUslugi_::WriteProfit(size_t i) {
+  Write(txtZysk[i], ProfitOf(Amount(txtNetto[i]), Amount(txtCenaZakupu)));
+}
 
 void frm_TowUslugi_::WriteMarginAndMarkup(size_t i) {
   Write(txtMarża[i], MarginOf(Amount(txtZysk[i]), Amount(txtNetto[i])));

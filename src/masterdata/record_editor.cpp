@@ -38,7 +38,9 @@ RecordEditor::RecordEditor(Program& program, int table, std::string name, const 
   Closed += [this] { Unbind(); };
 }
 
-ClassQDBASE& RecordEditor::table() { return Table(program_, table_); }
+ClassQDBASE& RecordEditor::table() {
+  return Table(program_, table_);
+}
 
 bool RecordEditor::Begin(int mode, int32_t record) {
   Unbind();

@@ -91,6 +91,11 @@ void PageFlow::Font(double size, bool bold) {
   print_.FONT_BOLD(bold);
 }
 
+// Measured here, since the text as it is drawn loses blanks at its ends and has page marks replaced.
+double PageFlow::TextWidth(std::string_view text) const {
+  return static_cast<double>(WidthAt125(text, bold_ ? Face::kArialBold : Face::kArial)) / kWidthCellHeight * print_.LineHeightMm();
+}
+
 double PageFlow::Pitch() const {
   return print_.LineHeightMm() * kPdfPitch;
 }

@@ -41,7 +41,7 @@ class PageFlow {
   double y = 0;  // the cursor
 
   void Font(double size, bool bold = false);
-  double TextWidth(std::string_view text) const { return print_.TextWidthMm(text); }
+  double TextWidth(std::string_view text) const;
   double Pitch() const;  // distance of two lines in the present font
   // Lines of the text no wider than `width`; line ends break, and so does a word too wide for a line.
   std::vector<std::string> Break(std::string_view text, double width) const;

@@ -97,7 +97,7 @@ void ClassPDF::AppendNumber(std::string& to, double value) const {
   double whole = std::floor(thousandths);
   double rest = thousandths - whole;
   if (!(thousandths < 1e9) || std::fabs(rest - 0.5) < 1e-4) {
-    to += FormatNumber(value, 3);
+    to += FormatByPattern(value, "0.000");
     return;
   }
   uint64_t number = static_cast<uint64_t>(whole) + (rest > 0.5 ? 1 : 0);
@@ -107,10 +107,16 @@ void ClassPDF::AppendNumber(std::string& to, double value) const {
   AppendDigits(to, number % 1000, 3);
 }
 
-std::string ClassPDF::FormatNumber(double value, int places) const {
+std::string ClassPDF::FormatByPattern(double value, std::string_view pattern) const {
   std::string separator = FormatPlain(1.2, "0.0", locale_).substr(1, 1);
-  std::string pattern = "0." + std::string(static_cast<size_t>(std::clamp(places, 1, 15)), '0');
   return ReplaceAll(FormatPlain(value, pattern, locale_), separator, ".");
+}
+
+std::string ClassPDF::FormatNumber(double value, int places) const {
+  if (places != 3) return FormatByPattern(value, "0." + std::string(static_cast<size_t>(std::clamp(places, 1, 15)), '0'));
+  std::string text;
+  AppendNumber(text, value);
+  return text;
 }
 
 double ClassPDF::Y(double y) const { return pages_.empty() ? 0 : (double{pages_.back().height} - y) * kPdfUnitsPerMm; }

@@ -54,7 +54,7 @@ class ClassPDF {
   void VertexAdd(double x, double y);  // ignored when 1,000 stand
   void Test();                         // a chart of all glyphs, written to C:\xx.pdf
 
-  // Three decimals, half away from zero, always with a point.
+  // That many decimals (1 to 15), half away from zero, always with a point.
   std::string FormatNumber(double value, int places = 3) const;
 
  private:
@@ -89,7 +89,8 @@ class ClassPDF {
   int TakeObject(Kind kind, size_t index);
   Face FaceOfFont(int font) const;
   double Y(double y) const;  // PDF units
-  void AppendNumber(std::string& to, double value) const;
+  void AppendNumber(std::string& to, double value) const;  // three decimals
+  std::string FormatByPattern(double value, std::string_view pattern) const;
   ClassPDF& Number(double value);  // appended to the page's content, with a blank
   void Line(std::string_view text);
   void ColourLine(Colour colour, std::string_view how);

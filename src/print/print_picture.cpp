@@ -40,8 +40,9 @@ Picture Reduced(const Picture& picture, int factor) {
 // For a rectangle of that size in mm; null when the decoder cannot read it.
 const Picture* ClassPRINT::LoadPicture(const std::string& path, double width, double height) {
   int64_t size = program_.platform.files.FileSize(path);
+  if (size < 0) return nullptr;
   if (path != picture_path_ || size != picture_size_) {
-    std::optional<Picture> decoded = size < 0 ? std::nullopt : program_.platform.pictures.Decode(path);
+    std::optional<Picture> decoded = program_.platform.pictures.Decode(path);
     bool good = decoded && decoded->width > 0 && decoded->height > 0 &&
                 decoded->pixels.size() == static_cast<size_t>(decoded->width) * static_cast<size_t>(decoded->height);
     picture_ = good ? std::make_unique<Picture>(std::move(*decoded)) : nullptr;

@@ -152,7 +152,7 @@ void MainWindow::Refuse(const char* message_key) { program_.Message(message_key,
 
 void MainWindow::NotBuilt(const Command&, int) {
   program_.platform.ui.Beep();
-  StatusText(program_.Text("mdi.message.notbuilt"));
+  StatusText(program_.Text("common.notbuilt"));
 }
 
 }  // namespace ostrinka

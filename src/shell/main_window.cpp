@@ -132,14 +132,6 @@ ClassQDBASE* MainWindow::ViewTable() {
 TableLook MainWindow::Look() const {
   TableLook look;
   look.zoom = zoom_;
-  if (CurrentTable == kTowaryUslugi) {
-    const std::string texts = program_.Text("tdb.prsr.psboo");
-    const size_t slash = texts.find_first_of("/;");
-    if (slash != std::string::npos) {
-      look.true_text = texts.substr(0, slash);
-      look.false_text = texts.substr(slash + 1);
-    }
-  }
   return look;
 }
 

@@ -7,7 +7,7 @@ RibbonControl::RibbonControl(const Catalogue& catalogue) {
     if (row.kind == RibbonKind::kTab && tab_.empty()) tab_ = row.key;
     State& state = states_[StateKey(row)];
     if (!state.text.empty()) continue;  // a popup entry of a tool on the bar
-    if (*row.text) state.text = catalogue.Text(row.text);
+    state.text = *row.text ? catalogue.Text(row.text) : std::string(row.key).substr(std::string_view(row.key).rfind('.') + 1);
     const std::string tip = std::string(row.text) + ".tip";
     if (catalogue.Has(tip)) state.tip = catalogue.Text(tip);
     state.icon = row.icon;

@@ -25,8 +25,8 @@ struct RibbonRow {
   RibbonKind kind;
   const char* key;
   const char* parent;
-  const char* text;  // catalogue key of the caption; ".tip" and ".key" may stand beside it
-  const char* icon;  // family and number of the icon file, "" for none
+  const char* text;  // catalogue key of the caption, beside which ".tip" and ".key" may stand; "": the last part of the key
+  const char* icon;  // family and number of the icon files: "qdb-01" is qdb.01.<state>.ico; "" for none
 };
 
 std::span<const RibbonRow> RibbonRows();

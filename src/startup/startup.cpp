@@ -39,7 +39,7 @@ void Startup::Start(const std::string& command_line) {
     ui.SetBusy(false);
     ui.StartMainTimer(100);
     ui.Beep();
-    window_->StatusText(program_.Text("mdi.message.notbuilt"));
+    window_->StatusText(program_.Text("common.notbuilt"));
     return;
   }
   ui.SetBusy(true);

@@ -122,7 +122,7 @@ void frm_Dok_sprzed::LayOut() {
             {"", btnRemove, 2},
             {"sdoc.lbl.net", lblNet, 3, kRight | kInline},
             {"sdoc.lbl.total", lblGross, 3, kStrong | kRight | kInline}});
-  Buttons({{"sdoc.btn.ok", &btnSave}, {"sdoc.btn.print", &btnPrint}, {"sdoc.btn.cancel", &btnCancel, kCancel}});
+  Buttons({{"sdoc.btn.ok", btnSave}, {"sdoc.btn.print", btnPrint}, {"sdoc.btn.cancel", btnCancel, kCancel}});
 }
 
 void frm_Dok_sprzed::LayOutMore() {
@@ -179,7 +179,7 @@ void frm_Dok_sprzed::TypeChanged() {
   const bool named = !IsReceiptType() && !CorrectionFlag;
   if (IsReceiptType()) {
     chkPłatnik.SetChecked(false);
-    txtPłatnik.SelectValue(txtKontrahent.Value());
+    SelectOrAdd(txtPłatnik, Chosen(txtKontrahent));
   }
   for (Control* control : {static_cast<Control*>(&chkPłatnik), static_cast<Control*>(&txtKontrahent), static_cast<Control*>(&btnFind),
                            static_cast<Control*>(&btnAdd_Kontrahent), static_cast<Control*>(&chkDateTo)}) {
@@ -216,7 +216,7 @@ void frm_Dok_sprzed::PaymentFormChanged() {
 
 void frm_Dok_sprzed::CustomerChanged() {
   if (chkPłatnik.Checked()) return;
-  txtPłatnik.SelectValue(txtKontrahent.Value());
+  SelectOrAdd(txtPłatnik, Chosen(txtKontrahent));
   PayerChanged();
 }
 
@@ -237,7 +237,7 @@ void frm_Dok_sprzed::PayerChosen() {
     control->SetEnabled(chosen);
   }
   if (chosen) return;
-  txtPłatnik.SelectValue(txtKontrahent.Value());
+  SelectOrAdd(txtPłatnik, Chosen(txtKontrahent));
   PayerChanged();
 }
 

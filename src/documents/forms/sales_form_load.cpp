@@ -33,7 +33,7 @@ void frm_Dok_sprzed::reload_() {
   } else {
     LoadNew();
   }
-  if (!chkPłatnik.Checked()) txtPłatnik.SelectValue(txtKontrahent.Value());
+  if (!chkPłatnik.Checked()) SelectOrAdd(txtPłatnik, Chosen(txtKontrahent));
   TypeChanged();
   LockForCorrection();
   if (Mode == 2) Bind();
@@ -105,7 +105,7 @@ void frm_Dok_sprzed::LoadNew() {
   if (correcting) {
     LoadNewCorrection();
   } else {
-    txtTypDok.SetListIndex(CorrectionFlag ? 0 : 1);
+    txtTypDok.SetListIndex(1);
     txtKontrahent.SetListIndex(0);
     txtPłatnik.SetListIndex(0);
   }

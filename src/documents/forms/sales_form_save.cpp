@@ -93,14 +93,16 @@ bool frm_Dok_sprzed::Store(bool recalculate) {
 
 bool frm_Dok_sprzed::StoreNew() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
-  if (record_ < 1) {
-    if (!documents.RECORD_ADD()) return false;
-    record_ = documents.RECORD_COUNT();
-  }
-  if (!documents.RECORD_LOAD(record_)) return false;
+  if (!documents.RECORD_ADD()) return false;
+  const int32_t added = documents.RECORD_COUNT();
+  if (!documents.RECORD_LOAD(added)) return false;
   save_();
   const int32_t type = documents.Int(".TYP");
-  if (!documents.RECORD_SAVE(record_)) return false;
+  if (!documents.RECORD_SAVE(added)) {
+    documents.RECORD_DELETE(added);
+    return false;
+  }
+  record_ = added;
   opening_type_ = type;
   documents.RECORD_SHOW(record_);
   if (CorrectionFlag && CorrectedRecord >= 1 && documents.RECORD_LOAD(CorrectedRecord)) {

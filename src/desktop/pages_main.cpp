@@ -1,0 +1,154 @@
+// ostrinka-pages: turns page files into pictures, or into one PDF with embedded fonts.
+#include <QGuiApplication>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/qcanvas.h"
+#include "platform/posix/posix_files.h"
+#include "print/page_file.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr double kMmPerInch = 25.4;
+constexpr double kHairlineMm = 0.1;
+constexpr int kPdfDpi = 1200;
+constexpr int kMostDpi = 1200;
+
+struct Options {
+  int dpi = 150;
+  std::string pdf;
+  std::string folder;
+  std::vector<std::string> pages;
+};
+
+struct LoadedPage {
+  std::string bytes;
+  PageFileSize size;
+};
+
+std::optional<Options> ReadOptions(int count, char** words) {
+  Options options;
+  std::vector<std::string> plain;
+  for (int i = 1; i < count; ++i) {
+    std::string word = words[i];
+    if ((word == "--dpi" || word == "--pdf") && i + 1 == count) return std::nullopt;
+    if (word == "--dpi") {
+      options.dpi = std::atoi(words[++i]);
+    } else if (word == "--pdf") {
+      options.pdf = words[++i];
+    } else if (word.starts_with("--")) {
+      return std::nullopt;
+    } else {
+      plain.push_back(word);
+    }
+  }
+  if (plain.size() < 2 || options.dpi < 10 || options.dpi > kMostDpi) return std::nullopt;
+  options.folder = plain.front();
+  if (options.folder.back() != '/') options.folder += '/';
+  options.pages.assign(plain.begin() + 1, plain.end());
+  return options;
+}
+
+bool Fail(const std::string& what, const std::string& file) {
+  std::fprintf(stderr, "ostrinka-pages: %s: %s\n", what.c_str(), file.c_str());
+  return false;
+}
+
+std::optional<LoadedPage> Load(FileSystem& files, const std::string& path) {
+  LoadedPage page;
+  if (!files.ReadAll(path, page.bytes)) return Fail("cannot read", path), std::nullopt;
+  std::optional<PageFileSize> size = SizeOfPageFile(page.bytes);
+  if (!size) return Fail("no page file", path), std::nullopt;
+  page.size = *size;
+  return page;
+}
+
+bool PlayOn(QPainter& painter, const LoadedPage& page, double pixels_per_mm, double hairline) {
+  double width = page.size.width * pixels_per_mm, height = page.size.height * pixels_per_mm;
+  QCanvas canvas(painter, width, height, hairline);
+  return PlayPageFile(page.bytes, canvas, {0, 0, width, height});
+}
+
+bool WritePicture(const LoadedPage& page, int dpi, const std::string& path) {
+  double pixels_per_mm = dpi / kMmPerInch;
+  QImage image(static_cast<int>(std::lround(page.size.width * pixels_per_mm)), static_cast<int>(std::lround(page.size.height * pixels_per_mm)),
+               QImage::Format_RGB32);
+  if (image.isNull()) return Fail("too large a sheet", path);
+  image.setDotsPerMeterX(static_cast<int>(std::lround(pixels_per_mm * 1000)));
+  image.setDotsPerMeterY(static_cast<int>(std::lround(pixels_per_mm * 1000)));
+  image.fill(Qt::white);
+  bool whole;
+  {
+    QPainter painter(&image);
+    whole = PlayOn(painter, page, pixels_per_mm, std::max(1.0, kHairlineMm * pixels_per_mm));
+  }
+  if (!image.save(QString::fromStdString(path))) return Fail("cannot write", path);
+  return whole || Fail("damaged page file, drawn in part", path);
+}
+
+void SetSheet(QPdfWriter& writer, const LoadedPage& page) {
+  writer.setPageSize(QPageSize(QSizeF(page.size.width, page.size.height), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
+  writer.setPageMargins(QMarginsF());
+}
+
+bool WritePdf(const std::vector<LoadedPage>& pages, const std::string& path) {
+  QPdfWriter writer(QString::fromStdString(path));
+  writer.setResolution(kPdfDpi);
+  writer.setCreator("Ostrinka 2008");
+  SetSheet(writer, pages.front());
+  QPainter painter;
+  if (!painter.begin(&writer)) return Fail("cannot write", path);
+  double pixels_per_mm = kPdfDpi / kMmPerInch;
+  bool whole = true;
+  for (size_t i = 0; i < pages.size(); ++i) {
+    if (i > 0) SetSheet(writer, pages[i]);
+    if (i > 0) writer.newPage();
+    whole = PlayOn(painter, pages[i], pixels_per_mm, kHairlineMm * pixels_per_mm) && whole;
+  }
+  return painter.end() && (whole || Fail("damaged page file, drawn in part", path));
+}
+
+int Run(const Options& options) {
+  PosixFileSystem files;
+  std::vector<LoadedPage> pages;
+  bool good = files.MakeFolders(options.folder) || Fail("cannot make", options.folder);
+  int number = 0;
+  for (const std::string& path : options.pages) {
+    std::optional<LoadedPage> page = Load(files, path);
+    good = page && good;
+    if (page && !options.pdf.empty()) {
+      pages.push_back(std::move(*page));
+    } else if (page) {
+      char name[32];
+      std::snprintf(name, sizeof name, "page-%03d.png", ++number);
+      good = WritePicture(*page, options.dpi, options.folder + name) && good;
+    }
+  }
+  // A bare name goes to the folder as well.
+  std::string pdf = options.pdf.find('/') == std::string::npos ? options.folder + options.pdf : options.pdf;
+  if (!pages.empty()) good = WritePdf(pages, pdf) && good;
+  return good ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace ostrinka
+
+int main(int argc, char** argv) {
+  std::optional<ostrinka::Options> options = ostrinka::ReadOptions(argc, argv);
+  if (!options) {
+    std::fputs("ostrinka-pages [--dpi N] [--pdf FILE] OUTDIR PAGE.ovp...\n", stderr);
+    return 2;
+  }
+  if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  QGuiApplication application(argc, argv);
+  return ostrinka::Run(*options);
+}

@@ -1,0 +1,29 @@
+// Reads the records of a range one after the other in large blocks, in either direction.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "engine/table_file.h"
+
+namespace ostrinka {
+
+class BlockReader {
+ public:
+  // Records `first` to `last`, from the end backwards when `ascending` is false. An empty range reads nothing.
+  BlockReader(TableFile& file, int32_t record_length, int32_t first, int32_t last, bool ascending);
+
+  // The bytes of the next record and its number; null at the end of the range or of what can be read.
+  const char* Next(int32_t& n);
+
+ private:
+  bool Fill();
+
+  TableFile& file_;
+  int32_t record_length_, first_, last_, next_, per_block_;
+  bool ascending_;
+  std::string block_;
+  int32_t block_first_ = 1, block_last_ = 0;
+};
+
+}  // namespace ostrinka

@@ -1,0 +1,111 @@
+// SELECTION: the columns on show, the records that match, their order.
+#include <algorithm>
+
+#include "base/text.h"
+#include "engine/block_reader.h"
+#include "engine/condition.h"
+#include "engine/ordering.h"
+#include "engine/qdbase_state.h"
+
+namespace ostrinka {
+namespace {
+
+// Sets a flag for as long as it lives.
+class Quiet {
+ public:
+  explicit Quiet(bool& flag) : flag_(flag), before_(flag) { flag_ = false; }
+  ~Quiet() { flag_ = before_; }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+}  // namespace
+
+void ClassQDBASE::State::ChooseColumns(const std::string& fields) {
+  if (fields == "~") return;
+  columns.clear();
+  if (fields == "!") return;
+  if (fields.empty() || fields == "*") {
+    for (int n = 1; n <= layout.count(); ++n) columns.push_back(n);
+    return;
+  }
+  for (const std::string& name : Split(fields, ',')) {
+    if (const int n = layout.Find(Trim(name))) columns.push_back(n);
+  }
+}
+
+std::vector<int32_t> ClassQDBASE::State::Scan(const std::string& condition, bool ascending, int32_t first, int32_t last, Ordering* ordering) {
+  std::vector<int32_t> found;
+  const bool all = condition.empty() || condition == "*";
+  Condition filter(all ? std::vector<ConditionTerm>() : ParseCondition(condition), layout, Links());
+  BlockReader reader(file, layout.record_length(), first, last, ascending);
+  const int64_t range = std::max<int64_t>(int64_t{last} - first + 1, 1);
+  constexpr int64_t kProgressStep = 4096;
+  int64_t done = 0;
+  int32_t n = 0;
+  while (const char* record = reader.Next(n)) {
+    if (++done % kProgressStep == 0 && self.progress) self.progress(static_cast<int>(done * 100 / range));
+    if (record[0] != 0 || !(all || filter.Matches(record))) continue;
+    found.push_back(n);
+    if (ordering) ordering->Add(n, record);
+  }
+  return found;
+}
+
+std::vector<int32_t> ClassQDBASE::State::OrderKept(Ordering& ordering, bool descending) {
+  std::string bytes;
+  for (const int32_t n : selection.entries()) {
+    if (n >= 1 && n <= count && ReadRecord(n, bytes)) {
+      ordering.Add(n, bytes.data());
+    } else {
+      ordering.AddMissing(n);
+    }
+  }
+  return ordering.Sorted(descending);
+}
+
+LinkReader ClassQDBASE::State::Links() {
+  return [this](int n, int32_t target) { return LinkValue(n, target); };
+}
+
+int32_t ClassQDBASE::SELECTION(std::string_view fields, std::string_view condition, std::string_view order_field, int order, int32_t first,
+                               int32_t last) {
+  State& s = *state_;
+  s.Debug("SELECTION(", std::string(fields), ", ", std::string(condition), ", ", std::string(order_field), ", ",
+          std::string(order == ordAsc ? "ordAsc" : "ordDesc"), ")");
+  const Quiet quiet(ShowErrMsg);
+  if (!s.file.IsOpen()) return 0;
+  s.RecomputeLayout();
+  s.ChooseColumns(Upper(Trim(fields)));
+  const std::string wanted = Trim(condition), by = Trim(order_field);
+  const bool descending = order == ordDesc, keep = wanted == "~";
+  Ordering ordering{FieldId(by), s.layout, s.Links()};
+  Ordering* const keys = by.empty() || by == "!" ? nullptr : &ordering;
+  int32_t result = 0;
+  if (wanted == "!") s.selection.Clear();
+  if (!keep && wanted != "!") {
+    const int32_t from = std::max(first, 1), to = last < 1 ? s.count : std::min(last, s.count);
+    std::vector<int32_t> found = s.Scan(wanted, order == ordAsc, from, to, keys);
+    result = static_cast<int32_t>(found.size());
+    s.selection.Assign(keys ? ordering.Sorted(descending) : std::move(found));
+  } else if (keys) {
+    s.selection.Reorder(s.OrderKept(ordering, descending));
+  }
+  if (by == "!") {
+    std::vector<int32_t> numbers = s.selection.entries();
+    std::sort(numbers.begin(), numbers.end());
+    s.selection.Reorder(std::move(numbers));
+  }
+  if (progress) progress(100);
+  s.Ok();
+  return result;
+}
+
+const std::vector<int32_t>& ClassQDBASE::selection() const { return state_->selection.entries(); }
+const std::vector<int>& ClassQDBASE::columns() const { return state_->columns; }
+
+}  // namespace ostrinka

@@ -1,0 +1,443 @@
+#include "print/print.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/recording_canvas.h"
+#include "print/page_file.h"
+#include "print/pdf_reader.h"
+#include "support/test_platform.h"
+
+namespace ostrinka {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using Call = RecordingCanvas::Call;
+
+class PaperPrinter : public NoPrinter {
+ public:
+  PaperSize paper;
+  std::optional<PaperSize> Paper() override { return paper; }
+};
+
+class OnePicture : public PictureDecoder {
+ public:
+  Picture picture{100, 100, std::vector<uint32_t>(10000, 0xFF123456)};
+  int decoded = 0;
+  std::optional<Picture> Decode(const std::string&) override {
+    ++decoded;
+    return picture;
+  }
+};
+
+class ClassPrintTest : public testing::Test {
+ protected:
+  // What a player draws of a page, at 10 pixels a mm of a portrait sheet.
+  std::vector<Call> Played(int page) {
+    RecordingCanvas canvas(2100, 2970);
+    print->PRINT_PAGE_(page, &canvas, 10);
+    return canvas.calls();
+  }
+  std::vector<std::string> PlayedTexts(int page) {
+    std::vector<std::string> texts;
+    for (const Call& call : Played(page)) {
+      if (call.kind == Call::Kind::kText) texts.push_back(call.text);
+    }
+    return texts;
+  }
+  std::string Pdf() {
+    EXPECT_TRUE(print->MAKE_PDF(surroundings.folder / "job.pdf"));
+    return FileContent(surroundings.folder / "job.pdf");
+  }
+  std::vector<std::string> PdfTextsOf(int page) {
+    std::vector<std::string> texts;
+    for (const PdfText& text : PdfTexts(Pdf())) {
+      if (text.page == page) texts.push_back(text.text);
+    }
+    return texts;
+  }
+  static std::string Repeated(const std::string& text, int count) {
+    std::string result;
+    while (count-- > 0) result += text;
+    return result;
+  }
+
+  TestPlatform surroundings;
+  Program program{surroundings.platform};
+  std::unique_ptr<ClassPRINT> print = std::make_unique<ClassPRINT>(program);
+};
+
+TEST_F(ClassPrintTest, NothingHappensBeforeTheFirstPage) {
+  print->LINE_ADD(1, 1, 2, 2, 0);
+  print->RECT_ADD(1, 1, 2, 2, 0);
+  print->CIRCLE_ADD(1, 1, 2, 0);
+  print->VERTEX_ADD(1, 1);
+  print->POLYGON_ADD(0);
+  print->POLYLINE_ADD(0);
+  print->IMAGE_ADD(1, 1, 2, 2, "x");
+  print->FIELD_ADD("a", 1, 1, 2, 2, 0);
+  EXPECT_EQ(print->TEXT_ADD(1, 1, "a"), 0);
+  EXPECT_THAT(print->elements(), IsEmpty());
+  EXPECT_EQ(print->Page(), 0);
+  EXPECT_EQ(print->Page_Width(0), 0);
+}
+
+TEST_F(ClassPrintTest, CatalogueFollowsThePrintLanguage) {
+  surroundings.files.WriteAll(surroundings.folder / "app/printdoc.lang", "sdoc.nip=NIP\n");
+  surroundings.files.WriteAll(surroundings.folder / "app/printdocen.lang", "sdoc.nip=Tax no.\n");
+  ClassPRINT polish(program);
+  EXPECT_EQ(program.Text("sdoc.nip"), "NIP");
+  program.settings.SaveSettingValue(kCommon, "prgSettings", "VDLanguage", int32_t{1});
+  ClassPRINT english(program);
+  EXPECT_EQ(program.Text("sdoc.nip"), "Tax no.");
+}
+
+TEST_F(ClassPrintTest, SheetComesFromThePrinterOrStandsAtItsDefault) {
+  print->BEGIN_PAGE(false);
+  print->BEGIN_PAGE(true);
+  EXPECT_EQ(print->Page_Width(1), 210);
+  EXPECT_EQ(print->PrintArea_Height(1), 285);
+  EXPECT_EQ(print->Page_Width(-1), 297);  // the last
+  EXPECT_EQ(print->PrintArea_Width(2), 285);
+  EXPECT_EQ(print->Page_Height(3), 0);
+
+  PaperPrinter printer;
+  Platform platform{surroundings.files,  surroundings.ui,       surroundings.clock,    surroundings.random, surroundings.waiter,
+                    printer,             surroundings.pictures, surroundings.download, surroundings.serial, surroundings.platform.application_folder,
+                    surroundings.platform.user_settings};
+  Program other(platform);
+  ClassPRINT job(other);
+  printer.paper = {216, 279, 206, 270};
+  job.BEGIN_PAGE(false);
+  job.BEGIN_PAGE(true);
+  printer.paper = {279, 216, 270, 206};
+  job.BEGIN_PAGE(true);
+  EXPECT_EQ(job.Page_Width(1), 216);
+  for (int page : {2, 3}) {
+    EXPECT_EQ(job.Page_Width(page), 279);
+    EXPECT_EQ(job.Page_Height(page), 216);
+    EXPECT_EQ(job.PrintArea_Width(page), 270);
+    EXPECT_EQ(job.PrintArea_Height(page), 206);
+  }
+}
+
+TEST_F(ClassPrintTest, PageFilesLiveAsLongAsTheJob) {
+  for (int page = 0; page < 3; ++page) print->BEGIN_PAGE(false);
+  EXPECT_FALSE(surroundings.files.FileExists(print->pages()[2].FileName));  // still recording
+  print->END_PAGE();
+  std::vector<std::string> names;
+  for (const PageRecord& record : print->pages()) names.push_back(record.FileName);
+  EXPECT_EQ(names, program.TempPageFiles);
+  for (const std::string& name : names) {
+    EXPECT_TRUE(surroundings.files.FileExists(name));
+    EXPECT_TRUE(name.ends_with(".ovp"));
+    EXPECT_TRUE(IsAllDigits(BareFileName(name).substr(0, BareFileName(name).size() - 4)));
+  }
+  print.reset();
+  for (const std::string& name : names) EXPECT_FALSE(surroundings.files.FileExists(name));
+}
+
+TEST_F(ClassPrintTest, WidthsFollowTheFontAndItsSize) {
+  print->FONT_SIZE(30);  // 2,500 units: 20 times the table's height
+  EXPECT_DOUBLE_EQ(print->LineHeightMm(), 10);
+  EXPECT_DOUBLE_EQ(print->TextWidthMm("AŻ"), (75 + 68) * 20 / 250.0);
+  print->FONT_BOLD(true);
+  EXPECT_DOUBLE_EQ(print->TextWidthMm("A"), 81 * 20 / 250.0);
+  print->FONT_NAME("Courier New");
+  EXPECT_DOUBLE_EQ(print->TextWidthMm("Ąi"), 2 * 66 * 20 / 250.0);
+  EXPECT_DOUBLE_EQ(print->TextWidthMm("  日 "), 66 * 20 / 250.0);  // trimmed, as it is drawn
+}
+
+TEST_F(ClassPrintTest, APlainTextIsDrawnOnceAndStoredLower) {
+  print->BEGIN_PAGE(false);
+  EXPECT_EQ(print->TEXT_ADD(20, 30, " ab\r\ncd\x1D ", -1, Rgb(1, 2, 3)), 1);
+  print->END_PAGE();
+  const PageElement& element = print->elements().at(0);
+  EXPECT_EQ(element.Text, " ab\r\ncd ");
+  EXPECT_FLOAT_EQ(element.Y[0], 30 + 12 * 0.0333f);
+  EXPECT_FLOAT_EQ(element.S0, 9.6f);
+  EXPECT_EQ(element.Font, "Arial CE");
+  Call call = Played(1).at(0);
+  EXPECT_EQ(call.text, "ab\r\ncd");
+  EXPECT_EQ(call.area.left, 200);
+  EXPECT_EQ(call.area.top, 300);
+  EXPECT_EQ(call.anchor, Anchor::kRight);
+  EXPECT_EQ(call.colour, Rgb(1, 2, 3));
+  EXPECT_NEAR(call.font.height, 40, 0.001);
+}
+
+// Courier at size 30: a character is 66 * 20 units wide, 5.28 mm, a line 10 mm high.
+TEST_F(ClassPrintTest, WrappingOnThePage) {
+  const struct { const char* text; float width; std::vector<std::string> words; std::vector<std::pair<int, int>> places; int lines; } rows[] = {
+      {"ab cd", 50, {"ab ", "cd "}, {{0, 0}, {158, 0}}, 1},
+      {"ab cd", 31.69f, {"ab ", "cd "}, {{0, 0}, {158, 0}}, 1},
+      {"ab cd", 31.68f, {"ab ", "cd "}, {{0, 0}, {0, 100}}, 2},  // strictly inside: as wide as the box does not fit
+      {"abcdefgh x", 20, {"abcdefgh ", "x "}, {{0, 100}, {0, 200}}, 3},
+      {"abcdefgh", 20, {"abcdefgh "}, {{0, 100}}, 2},  // the first line stays empty
+      {"a  b", 50, {"a ", " ", "b "}, {{0, 0}, {106, 0}, {158, 0}}, 1},
+      {" a \r\n\n b\rc", 50, {"a ", " ", "b ", "c "}, {{0, 0}, {0, 100}, {0, 200}, {0, 300}}, 4},
+      {"", 50, {" "}, {{0, 0}}, 1},
+  };
+  for (const auto& row : rows) {
+    print = std::make_unique<ClassPRINT>(program);
+    print->BEGIN_PAGE(false);
+    print->FONT_NAME("Courier New");
+    print->FONT_SIZE(30);
+    EXPECT_EQ(print->LinesOf(row.text, row.width), row.lines) << row.text;
+    EXPECT_EQ(print->TEXT_ADD(0, 0, row.text, 1, 0, row.width), row.lines) << row.text;
+    print->END_PAGE();
+    EXPECT_EQ(PlayedTexts(1), row.words) << row.text;
+    std::vector<std::pair<int, int>> places;
+    for (const Call& call : Played(1)) places.emplace_back(std::lround(call.area.left), std::lround(call.area.top));
+    EXPECT_EQ(places, row.places) << row.text << row.width;
+  }
+}
+
+TEST_F(ClassPrintTest, MoreThanTwentyLinesAreDrawnButNotCounted) {
+  print->BEGIN_PAGE(false);
+  EXPECT_EQ(print->TEXT_ADD(0, 0, Repeated("x\n", 25), 1, 0, 100), 20);
+  EXPECT_EQ(print->LinesOf(Repeated("x\n", 25), 100), 20);
+  print->END_PAGE();
+  EXPECT_THAT(PlayedTexts(1), SizeIs(26));
+}
+
+TEST_F(ClassPrintTest, AWrappedTextKeepsItsAnchorOnlyWhenItFits) {
+  print->BEGIN_PAGE(false);
+  print->TEXT_ADD(50, 10, "ab", 0, 0, 100);
+  print->TEXT_ADD(50, 10, Repeated("ab ", 100), 0, 0, 100);
+  print->END_PAGE();
+  EXPECT_EQ(Played(1).front().anchor, Anchor::kCentre);
+  EXPECT_EQ(Played(1).back().anchor, Anchor::kLeft);
+}
+
+TEST_F(ClassPrintTest, WrappingInThePdf) {
+  // Size 30: 24 in the element, 7.992 in the PDF; a Courier character is 66 * 0.07992 = 5.275 mm wide, lines are 10.2 mm apart.
+  const struct { const char* text; float width; std::vector<std::string> words; std::vector<std::pair<int, int>> places; } rows[] = {
+      {"ab cd", 0, {"ab cd"}, {{0, 0}}},
+      {"ab cd", 27, {"ab cd"}, {{0, 0}}},                                 // 26.4 mm wide: whole
+      {"ab cd", 26, {"ab ", "cd "}, {{0, 0}, {0, 102}}},                   // words with their blanks and 1 mm in hand
+      {"abcdefgh x", 20, {"abcdefgh ", "x "}, {{0, 0}, {0, 102}}},          // no break before the first word
+      {"abcdefgh", 20, {"abcdefgh "}, {{0, 0}}},
+      {" a\r\nb\n\n%p %m", 50, {" a", "b", "", "1 %m"}, {{0, 0}, {0, 102}, {0, 204}, {0, 306}}},
+  };
+  for (const auto& row : rows) {
+    print = std::make_unique<ClassPRINT>(program);
+    print->BEGIN_PAGE(false);
+    print->FONT_NAME("Courier New");
+    print->FONT_SIZE(30);
+    print->TEXT_ADD(0, 0, row.text, 1, 0, row.width);
+    print->END_PAGE();
+    EXPECT_EQ(PdfTextsOf(1), row.words) << row.text << row.width;
+    std::vector<std::pair<int, int>> places;
+    std::vector<PdfText> texts = PdfTexts(Pdf());
+    for (const PdfText& text : texts) {
+      places.emplace_back(std::lround((text.x - texts[0].x) / 2.8333333 * 10), std::lround((texts[0].y - text.y) / 2.8333333 * 10));
+      EXPECT_EQ(text.font, 3);
+    }
+    EXPECT_EQ(places, row.places) << row.text << row.width;
+  }
+}
+
+TEST_F(ClassPrintTest, PageMarksBecomeTheRunningNumber) {
+  for (int page = 1; page <= 3; ++page) {
+    if (page == 3) print->CLEAR_PAGE_NUMBER_();
+    print->BEGIN_PAGE(false);
+    print->TEXT_ADD(10, 10, "Strona %p z %P%m%M.");
+  }
+  print->END_PAGE();
+  EXPECT_THAT(PlayedTexts(2), ElementsAre("Strona 2 z 2."));
+  EXPECT_THAT(PdfTextsOf(2), ElementsAre("Strona 2 z 2%m%M."));
+  EXPECT_THAT(PlayedTexts(3), ElementsAre("Strona 1 z 1."));
+  EXPECT_THAT(PdfTextsOf(3), ElementsAre("Strona 1 z 1%m%M."));
+  EXPECT_EQ(Int32Or0(print->PAGE_NUMBER_()), 1);
+}
+
+TEST_F(ClassPrintTest, VerticalTextWithAWrapWidthIsTurnedInThePdfAlone) {
+  print->BEGIN_PAGE(false);
+  print->TEXT_ADD(10, 100, "a", 1, 0, 0, 0, true);
+  print->TEXT_ADD(20, 100, "b", 1, 0, 50, 0, true);
+  print->END_PAGE();
+  EXPECT_EQ(print->elements()[0].Y[0], 100);  // not shifted
+  EXPECT_EQ(Played(1)[0].font.angle, 90);
+  EXPECT_EQ(Played(1)[1].font.angle, 0);
+  for (const PdfText& text : PdfTexts(Pdf())) EXPECT_TRUE(text.turned) << text.text;
+}
+
+TEST_F(ClassPrintTest, EachFaceHasItsFontInThePdf) {
+  print->BEGIN_PAGE(false);
+  const struct { const char* name; bool bold; int font; } rows[] = {
+      {"Arial CE", false, 1}, {"Arial CE", true, 2}, {" Courier New ", false, 3}, {"courier", true, 4}, {"Tahoma", false, 5}, {"TAHOMA", true, 6},
+      {"Verdana", true, 2},
+  };
+  for (const auto& row : rows) {
+    print->FONT_NAME(row.name);
+    print->FONT_BOLD(row.bold);
+    print->TEXT_ADD(10, 10, "Zażółć");
+  }
+  print->END_PAGE();
+  std::vector<PdfText> texts = PdfTexts(Pdf());
+  ASSERT_EQ(texts.size(), std::size(rows));
+  for (size_t i = 0; i < texts.size(); ++i) EXPECT_EQ(texts[i].font, rows[i].font) << rows[i].name;
+  EXPECT_EQ(texts[0].text, "Zażółć");
+}
+
+TEST_F(ClassPrintTest, ShapesReachThePageAndAllButThePolylineThePdf) {
+  print->BEGIN_PAGE(false);
+  print->LINE_ADD(10, 10, 20, 10, Rgb(9, 8, 7), 3, 2);
+  print->RECT_ADD(10, 10, 20, 20, Rgb(1, 1, 1));
+  print->CIRCLE_ADD(50, 50, 10, 0, 1, 0);
+  print->VERTEX_ADD(1, 1);
+  print->VERTEX_ADD(2, 1);
+  print->VERTEX_ADD(2, 2);
+  print->POLYLINE_ADD(0, 2);
+  print->POLYGON_ADD(Rgb(0, 255, 0));
+  print->END_PAGE();
+  std::vector<Call> calls = Played(1);
+  ASSERT_EQ(calls.size(), 5u);
+  EXPECT_EQ(calls[0].pen.style, PenStyle::kDot);
+  EXPECT_NEAR(calls[0].pen.width, (250 * 0.9 + 1) / 25, 1e-9);
+  EXPECT_EQ(calls[1].area, (RectF{99, 99, 201, 201}));
+  EXPECT_EQ(calls[2].area, (RectF{400, 400, 600, 600}));
+  EXPECT_EQ(calls[3].points.size(), 3u);
+  EXPECT_EQ(calls[4].kind, Call::Kind::kPolygon);  // the vertices were kept
+  EXPECT_THAT(print->elements(), SizeIs(5));
+  std::string page = PdfPages(Pdf()).at(0);
+  EXPECT_THAT(page, testing::HasSubstr("[ 3 3 ] 0 d\r\n28.333 813.167 m\r\n56.667 813.167 l\r\n0.035 0.031 0.027 RG\r\n2.833 w S\r\n"));
+  EXPECT_THAT(page, testing::HasSubstr("28.333 813.167 28.333 -28.333 re B\r\n0 G\r\n0.283 w S\r\n"));
+  EXPECT_THAT(page, testing::HasSubstr("0.283 w s\r\n%DEBUT_POLY/%"));
+  EXPECT_EQ(page.find("%DEBUT_POLY/%"), page.rfind("%DEBUT_POLY/%"));
+}
+
+TEST_F(ClassPrintTest, AfterEndPageElementsReachThePdfOnly) {
+  print->BEGIN_PAGE(false);
+  print->TEXT_ADD(10, 10, "before");
+  print->END_PAGE();
+  EXPECT_EQ(print->TEXT_ADD(10, 20, "after", 1, 0, 1), 1);
+  print->END_PAGE();
+  EXPECT_THAT(PlayedTexts(1), ElementsAre("before"));
+  EXPECT_THAT(PdfTextsOf(1), ElementsAre("before", "after "));
+}
+
+TEST_F(ClassPrintTest, APageIsStampedOnceAndTheElementGoesToTheLastPage) {
+  for (int page = 0; page < 2; ++page) {
+    print->BEGIN_PAGE(false);
+    print->TEXT_ADD(10, 10, "x");
+  }
+  print->END_PAGE();
+  std::string first = print->pages()[0].FileName;
+  for (int total : {0, 2, 7}) print->MAX_PAGE(1, 196, 283, total);
+  print->MAX_PAGE(0, 196, 283, 2);
+  print->MAX_PAGE(3, 196, 283, 2);
+  EXPECT_EQ(print->pages()[0].StampedTotal, 2);
+  EXPECT_THAT(PlayedTexts(1), ElementsAre("x", "2"));
+  EXPECT_EQ(std::lround(Played(1)[1].area.left), 1960);
+  EXPECT_EQ(std::lround(Played(1)[1].area.top), 2830);
+  EXPECT_THAT(PlayedTexts(2), ElementsAre("x"));
+  EXPECT_THAT(PdfTextsOf(1), ElementsAre("x"));
+  EXPECT_THAT(PdfTextsOf(2), ElementsAre("x", "2"));
+  // The old file is left to the end of the program.
+  EXPECT_TRUE(surroundings.files.FileExists(first));
+  EXPECT_THAT(program.TempPageFiles, testing::UnorderedElementsAre(first, print->pages()[0].FileName, print->pages()[1].FileName));
+  print.reset();
+  EXPECT_TRUE(surroundings.files.FileExists(first));
+  surroundings.files.Remove(first);
+}
+
+TEST_F(ClassPrintTest, APageUnderRecordingIsMarkedButNotStamped) {
+  print->BEGIN_PAGE(false);
+  print->MAX_PAGE(1, 10, 10, 5);
+  EXPECT_EQ(print->pages()[0].StampedTotal, 5);
+  EXPECT_THAT(print->elements(), IsEmpty());
+  print->END_PAGE();
+  print->MAX_PAGE(1, 10, 10, 5);
+  EXPECT_THAT(print->elements(), IsEmpty());
+}
+
+TEST_F(ClassPrintTest, FieldsOfATableHead) {
+  print->BEGIN_PAGE(false);
+  print->FIELD_ADD("a", 10, 20, 30, 6, Rgb(0, 100, 255));
+  print->SetFldStyle(1);
+  print->FIELD_ADD("b", 10, 20, 30, 6, 0);
+  print->SetFldStyle(2);
+  print->FIELD_ADD("c", 10, 20, 30, 6, 0);
+  const std::vector<PageElement>& elements = print->elements();
+  ASSERT_EQ(elements.size(), 6u);
+  EXPECT_EQ(elements[0].Kind, ElementKind::kRectangle);
+  EXPECT_EQ(elements[0].Colour, Rgb(229, 239, 255));  // 229.5 and 239.5 are cut
+  EXPECT_THAT(elements[1].Y, ElementsAre(20, 20));
+  EXPECT_EQ(elements[2].X[0], 11);
+  EXPECT_FLOAT_EQ(elements[2].Y[0], 20.75f + 12 * 0.0333f);
+  EXPECT_THAT(elements[4].Y, ElementsAre(26, 26));
+  EXPECT_EQ(elements[4].WidthStyle, 2);
+  EXPECT_FALSE(elements[2].Bold);
+  EXPECT_TRUE(elements[5].Bold);
+  print->TEXT_ADD(0, 0, "d");
+  EXPECT_FALSE(print->elements().back().Bold);
+  EXPECT_EQ(ClassPRINT::MixColour(Rgb(255, 255, 255), Rgb(255, 255, 255), 0.9), Rgb(255, 255, 255));
+  EXPECT_EQ(ClassPRINT::MixColour(Rgb(1, 2, 3), Rgb(255, 255, 255), -1), Rgb(1, 2, 3));
+  EXPECT_EQ(ClassPRINT::MixColour(Rgb(1, 2, 3), Rgb(255, 254, 253), 2), Rgb(255, 254, 253));
+}
+
+TEST_F(ClassPrintTest, APictureIsDecodedOnceAndMadeNoFinerThanPaper) {
+  OnePicture pictures;
+  Platform platform{surroundings.files,   surroundings.ui, surroundings.clock,    surroundings.random, surroundings.waiter,
+                    surroundings.printer, pictures,        surroundings.download, surroundings.serial, surroundings.platform.application_folder,
+                    surroundings.platform.user_settings};
+  Program other(platform);
+  ClassPRINT job(other);
+  surroundings.files.WriteAll(surroundings.folder / "logo.img", "a picture");
+  for (int page = 0; page < 3; ++page) {
+    job.BEGIN_PAGE(false);
+    job.IMAGE_ADD(10, 10, 11, 12, " " + (surroundings.folder / "logo.img") + " ");  // 1 mm holds 24 of the 100 columns
+    job.IMAGE_ADD(10, 10, 11, 12, surroundings.folder / "missing.img");
+  }
+  job.END_PAGE();
+  EXPECT_EQ(pictures.decoded, 1);
+  EXPECT_THAT(job.elements(), SizeIs(6));
+  EXPECT_EQ(job.elements()[0].Text, surroundings.folder / "logo.img");
+  std::string file = FileContent(job.pages()[0].FileName);
+  PageFileReader reader(file);
+  EmfRecord type;
+  std::string_view record;
+  std::vector<size_t> sizes;
+  while (reader.Next(type, record)) {
+    if (type == EmfRecord::kPicture) sizes.push_back(record.size());
+  }
+  EXPECT_THAT(sizes, ElementsAre(120u + 50 * 152));  // half as fine each way
+  RecordingCanvas canvas(2100, 2970);
+  job.PRINT_PAGE_(1, &canvas, 10);
+  EXPECT_EQ(canvas.calls().at(0).area, (RectF{100, 100, 110, 120}));
+}
+
+TEST_F(ClassPrintTest, PreviewPaintsSheetAndPageWhereTheySee) {
+  print->BEGIN_PAGE(false);
+  print->LINE_ADD(0, 0, 210, 297, 0);
+  print->END_PAGE();
+  RecordingCanvas canvas(1000, 1000);
+  float x = 20, y = 30;
+  bool sheet = true;
+  print->DISPLAY_PAGE_(1, canvas, 2, x, y, sheet, Rgb(9, 9, 9));
+  const std::vector<Call>& calls = canvas.calls();
+  ASSERT_EQ(calls.size(), 5u);
+  EXPECT_EQ(calls[0].area, (RectF{34, 52, 454, 646}));  // margins 5 and 6 mm, shadow 2 mm off
+  EXPECT_EQ(calls[0].colour, Rgb(9, 9, 9));
+  EXPECT_EQ(calls[1].area, (RectF{30, 48, 450, 642}));
+  EXPECT_EQ(calls[3].area, (RectF{40, 60, 440, 630}));
+  EXPECT_EQ(calls[3].pen.style, PenStyle::kDot);
+  EXPECT_EQ(calls[4].area, (RectF{30, 50, 450, 644}));  // down by the horizontal margin as well
+  canvas.Clear();
+  y = 520;
+  print->DISPLAY_PAGE_(1, canvas, 2, x, y, sheet, 0);
+  EXPECT_THAT(canvas.calls(), IsEmpty());
+  y = 30;
+  surroundings.files.Remove(print->pages()[0].FileName);
+  print->DISPLAY_PAGE_(1, canvas, 2, x, y, sheet, 0);
+  EXPECT_EQ(canvas.calls().size(), 4u);  // the sheet without content
+}
+
+}  // namespace
+}  // namespace ostrinka

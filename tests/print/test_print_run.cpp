@@ -1,0 +1,148 @@
+// The print run: copies, page totals, the PDF.
+#include <gtest/gtest.h>
+
+#include "print/print_run.h"
+#include "print/sales_fixture.h"
+
+namespace ostrinka {
+namespace {
+
+class PrintRunTest : public SalesFixture {
+ protected:
+  int32_t Document(int lines, int32_t type = 1) {
+    AddDocument(AddCustomer("Kleks"), 21, {{"TYP", type}});
+    const int32_t article =
+        AddArticle("Toner do drukarki laserowej, wydajność 2500 stron przy pokryciu 5 procent, gwarancja producenta 24 miesiące");
+    for (int i = 0; i < lines; ++i) AddLine(article, "1", "10", "12,2");
+    return document_;
+  }
+  // Page number and stamped total of each page.
+  std::vector<std::pair<int, int>> Pages() {
+    std::vector<std::pair<int, int>> pages;
+    for (const PageRecord& page : Job().pages()) pages.emplace_back(page.PageNumber, page.StampedTotal);
+    return pages;
+  }
+  std::vector<std::string> Labels() {
+    std::vector<std::string> labels;
+    for (const PlacedText& text : Texts()) {
+      if (text.size == 12) labels.push_back(text.text);
+    }
+    return labels;
+  }
+};
+
+TEST_F(PrintRunTest, EachModeWritesItsCopies) {
+  const struct {
+    int mode;
+    std::vector<const char*> keys;
+  } rows[] = {
+      {0, {"sdoc.ct.org", "sdoc.ct.cop"}},
+      {1, {"sdoc.ct.org", "sdoc.ct.cop", "sdoc.ct.cop"}},
+      {2, {"sdoc.ct.coo"}},
+      {3, {"sdoc.ct.org"}},
+      {4, {"sdoc.ct.cop"}},
+      {5, {"sdoc.ct.dup"}},
+  };
+  const int32_t document = Document(1);
+  for (const auto& row : rows) {
+    BuildDocumentJob(*program, document, row.mode, false);
+    std::vector<std::string> labels;
+    for (const char* key : row.keys) labels.push_back(Text(key));
+    EXPECT_EQ(Labels(), labels) << row.mode;
+    EXPECT_EQ(Find(Text("sdoc.dupdate")).size(), row.mode == 5 ? 1u : 0u) << row.mode;
+  }
+  EXPECT_EQ(Table(*program, kDokSprzed).RECORD_POSITION(), document);
+}
+
+TEST_F(PrintRunTest, AProFormaIsPrintedOnceWithoutALabelWhateverTheMode) {
+  const int32_t document = Document(1, 2);
+  for (const int mode : {1, 5, 42}) {
+    BuildDocumentJob(*program, document, mode, false);
+    EXPECT_EQ(Job().Page(), 1) << mode;
+    EXPECT_TRUE(Labels().empty()) << mode;
+    EXPECT_FALSE(Find("Faktura VAT PRO FORMA NR 21 / 2008").empty());
+  }
+  EXPECT_TRUE(surroundings.ui.messages.empty());
+}
+
+TEST_F(PrintRunTest, EveryCopyCountsItsOwnPages) {
+  BuildDocumentJob(*program, Document(40), 0, false);
+  EXPECT_EQ(Pages(), (std::vector<std::pair<int, int>>{{1, 2}, {2, 2}, {1, 2}, {2, 2}}));
+  ExpectCleanPages();
+}
+
+TEST_F(PrintRunTest, AnUnknownModeIsReportedAndReplacesTheJobWithAnEmptyOne) {
+  const int32_t document = Document(1);
+  BuildDocumentJob(*program, document, 0, false);
+  for (const int mode : {-1, 6}) {
+    BuildDocumentJob(*program, document, mode, false);
+    EXPECT_EQ(Job().Page(), 0);
+    EXPECT_TRUE(Job().elements().empty());
+  }
+  ASSERT_EQ(surroundings.ui.messages.size(), 2u);
+  EXPECT_EQ(surroundings.ui.messages[0], std::make_pair(Text("msg.info.error"), MessageKind::kError));
+}
+
+TEST_F(PrintRunTest, ThePdfGetsItsExtensionAndTheStatusItsText) {
+  const struct {
+    std::optional<std::string> answer;
+    const char* file;  // null: none is written
+  } rows[] = {{"a.PDF", "a.PDF"}, {"b", "b.pdf"}, {"c.pdf.txt", "c.pdf.txt.pdf"}, {std::string("d\0.pdf", 6), "d.pdf"},
+              {"pdf", "pdf.pdf"}, {"", nullptr},  {std::nullopt, nullptr}};
+  const int32_t document = Document(1);
+  size_t files = 0;
+  for (const auto& row : rows) {
+    const std::string folder = surroundings.folder / "out/";
+    surroundings.files.MakeFolder(folder);
+    surroundings.ui.status.clear();
+    surroundings.ui.file_answers.push_back(row.answer && !row.answer->empty() ? std::optional(folder + *row.answer) : row.answer);
+    BuildDocumentJob(*program, document, 3, true);
+    if (row.file) {
+      std::string content;
+      ASSERT_TRUE(surroundings.files.ReadAll(folder + row.file, content)) << row.file;
+      EXPECT_TRUE(StartsWith(content, "%PDF-1.3"));
+      ++files;
+      EXPECT_EQ(surroundings.ui.status, (std::vector<std::string>{Text("mdi.pdf.pleasewait"), ""}));
+    } else {
+      EXPECT_TRUE(surroundings.ui.status.empty());
+    }
+    EXPECT_EQ(surroundings.files.ListFiles(folder).size(), files);
+  }
+  surroundings.ui.file_answers.push_back(surroundings.folder / "no such folder/a.pdf");
+  BuildDocumentJob(*program, document, 3, true);
+  ASSERT_FALSE(surroundings.ui.messages.empty());
+  EXPECT_EQ(surroundings.ui.messages.back().first, Text("msg.info.error"));
+}
+
+TEST_F(PrintRunTest, TheLastFooterFlagOfDataIniWins) {
+  const struct {
+    const char* content;
+    bool shown;
+  } rows[] = {{"", true},       {"FFV-\r\n", false}, {" ffv- \n", false}, {"FFV-\r\nFFV+\r\n", true}, {"FFV+\nabc\nFFV-", false},
+              {"XFFV-\n", true}};
+  const int32_t document = Document(1);
+  EXPECT_TRUE(ReadFooterFlag(*program));
+  for (const auto& row : rows) {
+    ASSERT_TRUE(surroundings.files.WriteAll(DataFolder() + "data.ini", row.content));
+    EXPECT_EQ(ReadFooterFlag(*program), row.shown) << row.content;
+    BuildDocumentJob(*program, document, 3, false);
+    EXPECT_EQ(Find("Ostrinka 2008").size(), row.shown ? 1u : 0u) << row.content;
+  }
+}
+
+TEST_F(PrintRunTest, TheThemeOfTheSettingsSetsTheHeads) {
+  const auto rectangles = [&] {
+    return std::count_if(Job().elements().begin(), Job().elements().end(),
+                         [](const PageElement& e) { return e.Kind == ElementKind::kRectangle; });
+  };
+  const int32_t document = Document(2);
+  BuildDocumentJob(*program, document, 3, false);
+  EXPECT_GT(rectangles(), 0);
+  Setting("prgSettings", "DocStyle", "1");
+  BuildDocumentJob(*program, document, 3, false);
+  EXPECT_EQ(rectangles(), 0);
+  ExpectCleanPages();
+}
+
+}  // namespace
+}  // namespace ostrinka
