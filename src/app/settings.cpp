@@ -25,7 +25,7 @@ Value Settings::GetSettingValue(std::string_view space, std::string_view section
 
 bool Settings::SaveSettingValue(std::string_view space, std::string_view section, std::string_view key, const Value& value) {
   if (Trim(space).empty() || Trim(section).empty() || Trim(key).empty()) return false;
-  files_.MakeFolders(folder_);
+  if (!files_.FolderExists(folder_)) files_.MakeFolders(folder_);
   return files_.WriteAll(folder_ + FileName(space, section, key), ToCp1250(ToText(value)) + "\r\n");
 }
 

@@ -55,7 +55,7 @@ bool OpenTable(Program& program, int number, const std::string& folder, const Lo
     ShowListColumns(program, number, *table);
     return true;
   }
-  if (!EnsureCompanyRecord(program, *table)) return false;
+  EnsureCompanyRecord(program, *table);  // a login that may only read does without
   table->SELECTION("*", "*", "", ordAsc);
   table->MOVE_FIRST();
   TakeCompanyDetails(program, *table);

@@ -11,12 +11,13 @@ constexpr size_t kStandIn = 0;
 
 // A text of a record, read past whatever the caller holds in the table's buffer.
 std::string PeekText(ClassQDBASE& table, int32_t record, const char* field) {
-  std::vector<Value> buffer;
-  for (int i = 1; i <= table.FIELD_COUNT(); ++i) buffer.push_back(table.FieldRaw(i));
+  std::vector<std::pair<int, Value>> held;
+  for (int i = 1; i <= table.FIELD_COUNT(); ++i) {
+    if (Value value = table.FieldRaw(i); !IsEmpty(value)) held.emplace_back(i, std::move(value));
+  }
   if (!table.RECORD_LOAD(record)) return "";
   std::string text = table.Text(field);
-  for (int i = 1; i <= table.FIELD_COUNT() && static_cast<size_t>(i) <= buffer.size(); ++i)
-    table.FIELD(i, buffer[static_cast<size_t>(i) - 1]);
+  for (const auto& [number, value] : held) table.FIELD(number, value);
   return text;
 }
 

@@ -142,6 +142,11 @@ int Run(const Options& options) {
 }  // namespace
 }  // namespace ostrinka
 
+// Complaints about the surroundings of a window, which there is none of, stay unsaid.
+void OnlySevere(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 int main(int argc, char** argv) {
   std::optional<ostrinka::Options> options = ostrinka::ReadOptions(argc, argv);
   if (!options) {
@@ -149,6 +154,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  qInstallMessageHandler(OnlySevere);
   QGuiApplication application(argc, argv);
   return ostrinka::Run(*options);
 }

@@ -12,6 +12,7 @@ constexpr double kHeadHeight = 8;
 constexpr double kHeadSize = 10;
 constexpr double kSecondHeadLine = 4.1;  // from the top of the head cell to its second line
 constexpr double kInset = 1;             // between a column's line and its text
+constexpr double kWrapAir = 1.6;         // what a text that may wrap needs beside its width
 constexpr double kPad = 0.95;            // above and below the text of a row
 constexpr double kHeadPad = 0.75;        // above the text of a head cell
 
@@ -82,8 +83,8 @@ double LineTable::HeadWidth(const LineColumn& column) {
 }
 
 double LineTable::ColumnWidth(const LineColumn& column) {
-  double widest = HeadWidth(column);
-  const double head = widest;
+  const double head = HeadWidth(column);
+  double widest = 0;
   flow_.Font(size_);
   for (size_t line = 0; line < lines_.size(); ++line) widest = std::max(widest, flow_.TextWidth(CellText(column, line)));
   if (column.sum) {
@@ -91,7 +92,7 @@ double LineTable::ColumnWidth(const LineColumn& column) {
     flow_.Font(size_, true);
     widest = std::max(widest, flow_.TextWidth(column.sum(document_, total_)));
   }
-  const double width = std::max(column.least, widest + 2 * kInset + 0.6);
+  const double width = std::max({column.least, head + 2 * kInset + 0.6, widest + 2 * kInset + (column.figures ? 0.6 : kWrapAir)});
   return column.most > 0 ? std::min(width, std::max(column.most, head + 2 * kInset + 0.6)) : width;
 }
 

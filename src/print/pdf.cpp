@@ -1,6 +1,7 @@
 #include "print/pdf.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "base/bytes.h"
@@ -25,22 +26,17 @@ constexpr double kLineWidths[] = {0.28333333, 0.28333333, 1.4166666, 2.8333333, 
 constexpr std::string_view kDashes[] = {"[] 0 d", "[ 10 5 ] 0 d", "[ 3 3 ] 0 d", "[ 8 7 2 7 ] 0 d", "[ 8 4 2 4 2 4 ] 0 d"};
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
-void AppendDigits(std::string& to, uint64_t number, int least) {
+void AppendWhole(std::string& to, uint64_t number) {
   char digits[24];
-  int count = 0;
-  do {
-    digits[count++] = static_cast<char>('0' + number % 10);
-    number /= 10;
-  } while (number != 0 || count < least);
-  while (count > 0) to += digits[--count];
+  to.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
 std::string GlyphCodes(std::string_view cp1250) {
-  std::string hex;
-  hex.reserve(cp1250.size() * 4);
+  std::string hex(cp1250.size() * 4, '0');
+  char* to = hex.data();
   for (char c : cp1250) {
     uint16_t glyph = kGlyphs[static_cast<uint8_t>(c)];
-    for (int shift = 12; shift >= 0; shift -= 4) hex += kHexDigits[glyph >> shift & 15];
+    for (int shift = 12; shift >= 0; shift -= 4) *to++ = kHexDigits[glyph >> shift & 15];
   }
   return hex;
 }
@@ -102,9 +98,11 @@ void ClassPDF::AppendNumber(std::string& to, double value) const {
   }
   uint64_t number = static_cast<uint64_t>(whole) + (rest > 0.5 ? 1 : 0);
   if (value < 0 && number != 0) to += '-';
-  AppendDigits(to, number / 1000, 1);
-  to += '.';
-  AppendDigits(to, number % 1000, 3);
+  AppendWhole(to, number / 1000);
+  uint64_t decimals = number % 1000;
+  const char tail[] = {'.', static_cast<char>('0' + decimals / 100), static_cast<char>('0' + decimals / 10 % 10),
+                       static_cast<char>('0' + decimals % 10)};
+  to.append(tail, sizeof tail);
 }
 
 std::string ClassPDF::FormatByPattern(double value, std::string_view pattern) const {
@@ -229,7 +227,7 @@ void ClassPDF::TextBlock(std::string_view hex, int64_t width, int font, double s
   std::string& text = contents_.back().text;
   ColourLine(stroke_, "rg");
   text += "BT\r\n/F";
-  AppendDigits(text, static_cast<uint64_t>(std::max(font, 0)), 1);
+  AppendWhole(text, static_cast<uint64_t>(std::max(font, 0)));
   text += ' ';
   Number(size * kPdfUnitsPerMm).Line("Tf");
   Line("100 Tz");

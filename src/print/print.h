@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -119,7 +120,7 @@ class ClassPRINT {
   bool MAKE_PDF(const std::string& path);
 
   const std::vector<PageRecord>& pages() const { return pages_; }        // page 1 first
-  const std::vector<PageElement>& elements() const { return elements_; }  // in call order
+  const std::deque<PageElement>& elements() const { return elements_; }  // in call order
 
  private:
   struct TextBox {
@@ -146,7 +147,7 @@ class ClassPRINT {
 
   Program& program_;
   std::vector<PageRecord> pages_;
-  std::vector<PageElement> elements_;
+  std::deque<PageElement> elements_;  // which moves none when it grows
   int32_t page_number_ = 0;
   std::unique_ptr<PageFileWriter> recording_;  // null between pages
   std::string recording_file_;

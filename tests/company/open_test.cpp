@@ -157,6 +157,34 @@ TEST_F(CompanyTest, EveryListColumnNamesAFieldOfItsTable) {
   }
 }
 
+TEST_F(CompanyTest, EveryTextOfTheListsAndTheLoginStandsInTheCatalogue) {
+  ASSERT_TRUE(program.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang"));
+  for (const char* key : {"msg.info.dcreatedbpwffiles", "msg.info.dcreatedbfileswndel", "msg.info.dbleftover", "login.title",
+                          "login.lbl.user", "login.lbl.password", "login.btn.ok", "login.btn.cancel"}) {
+    EXPECT_TRUE(program.catalogue.Has(key)) << key;
+  }
+  for (const TableDefinition& table : TableDefinitions()) {
+    for (const ListColumn& column : ListColumns(table.number)) {
+      EXPECT_TRUE(!*column.heading || program.catalogue.Has(column.heading)) << column.heading;
+      EXPECT_TRUE(column.kind != ColumnKind::kPatternKey || program.catalogue.Has(column.pattern)) << column.pattern;
+    }
+  }
+}
+
+TEST_F(CompanyTest, ALoginThatMayOnlyReadOpensTheCompany) {
+  ASSERT_TRUE(Create());
+  ASSERT_TRUE(Open());
+  Close();
+  for (const TableDefinition& table : TableDefinitions()) {
+    ClassQDBASE owner(surroundings.platform);
+    ASSERT_TRUE(OpenFile(owner, table.file) && owner.USER_ADD("guest", "guest", 0)) << table.file;
+  }
+  SetLogin("guest", "guest");
+  EXPECT_TRUE(Open());
+  Table(program, kFirma).RECORD_DELETE(1);
+  EXPECT_TRUE(Table(program, kFirma).RECORD_EXIST(1));
+}
+
 TEST_F(CompanyTest, CellsShowMoneyDatesAndFlagsByTheirPatterns) {
   ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / "app/program.lang",
                                           "tdb.prsr.psboo=;\"Usługa\";\"Towar\"\r\ntdb.payt.eodate.format=0 \"dni\"\r\n"));

@@ -113,23 +113,90 @@ TEST_F(PostalToolTest, SuppliedListReadsBackWithTheMainCodesOfTheCities) {
   ASSERT_TRUE(Make(OSTRINKA_SOURCE "/resources/postal_codes.txt"));
   ASSERT_TRUE(table_.LoadPostalCodes(platform_.files, folder()));
   EXPECT_GE(table_.Count(), 900u);
+  // The cities with the rights of a county.
+  for (const char* city : {"Białystok",
+                           "Bielsko-Biała",
+                           "Biała Podlaska",
+                           "Bydgoszcz",
+                           "Bytom",
+                           "Chełm",
+                           "Chorzów",
+                           "Częstochowa",
+                           "Elbląg",
+                           "Gdańsk",
+                           "Gdynia",
+                           "Gliwice",
+                           "Grudziądz",
+                           "Jaworzno",
+                           "Jelenia Góra",
+                           "Kalisz",
+                           "Katowice",
+                           "Kielce",
+                           "Konin",
+                           "Koszalin",
+                           "Krosno",
+                           "Legnica",
+                           "Leszno",
+                           "Lublin",
+                           "Łomża",
+                           "Mysłowice",
+                           "Nowy Sącz",
+                           "Olsztyn",
+                           "Opole",
+                           "Ostrołęka",
+                           "Piekary Śląskie",
+                           "Płock",
+                           "Poznań",
+                           "Przemyśl",
+                           "Radom",
+                           "Rybnik",
+                           "Rzeszów",
+                           "Siedlce",
+                           "Skierniewice",
+                           "Słupsk",
+                           "Sopot",
+                           "Sosnowiec",
+                           "Suwałki",
+                           "Szczecin",
+                           "Świętochłowice",
+                           "Tarnobrzeg",
+                           "Tarnów",
+                           "Toruń",
+                           "Tychy",
+                           "Wałbrzych",
+                           "Włocławek",
+                           "Wrocław",
+                           "Zabrze",
+                           "Zamość",
+                           "Zielona Góra",
+                           "Ruda Śląska",
+                           "Dąbrowa Górnicza",
+                           "Gorzów Wielkopolski",
+                           "Jastrzębie-Zdrój",
+                           "Piotrków Trybunalski",
+                           "Siemianowice Śląskie"}) {
+    EXPECT_NE(table_.CodeOfTown(city), "") << city;
+  }
   const struct {
     const char* town;
     const char* code;
+    int32_t region;
   } rows[] = {
-      {"Warszawa", "00-001"}, {"Kraków", "30-001"},      {"Łódź", "90-001"},
-      {"Zakopane", "34-500"}, {"Świnoujście", "72-600"}, {"Konstancin-Jeziorna", "05-510"},
-      {"Ełk", "19-300"},      {"Żory", "44-240"},
+      {"Warszawa", "00-001", 14}, {"Kraków", "30-001", 12},      {"Łódź", "90-001", 10},
+      {"Zakopane", "34-500", 12}, {"Świnoujście", "72-600", 32}, {"Konstancin-Jeziorna", "05-510", 14},
+      {"Ełk", "19-300", 28},      {"Żory", "44-240", 24},        {"Brodnica", "87-300", 4},
+      {"Leszno", "64-100", 30},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(table_.CodeOfTown(row.town), row.code);
     EXPECT_EQ(table_.TownOfCode(row.code), row.town);
+    EXPECT_EQ(PostalTable::RegionOfCode(row.code), row.region) << row.town;
   }
 }
 
 TEST_F(PostalToolTest, ABadLineWritesNoTable) {
   const std::string list = platform_.folder / "list.txt";
-  for (const char* line : {"1-001;Olsztyn", "10-001,Olsztyn", "10-001;", "10-001;Olsztyn;", "10-001; Olsztyn", "10-001;Öłsztyñ",
+  for (const char* line : {"1-001;Olsztyn", "10-001,Olsztyn", "10-001;", "10-001; Olsztyn", "10-001;Öłsztyñ",
                            "10-001;Olsztyn\n10-001;Olsztyn", "10-001;Abcdefghijklmnopqrstuvwxyz", ""}) {
     ASSERT_TRUE(platform_.files.WriteAll(list, std::string("# list\n") + line + "\n"));
     EXPECT_FALSE(Make(list)) << line;

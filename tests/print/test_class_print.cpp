@@ -364,7 +364,7 @@ TEST_F(ClassPrintTest, FieldsOfATableHead) {
   print->FIELD_ADD("b", 10, 20, 30, 6, 0);
   print->SetFldStyle(2);
   print->FIELD_ADD("c", 10, 20, 30, 6, 0);
-  const std::vector<PageElement>& elements = print->elements();
+  const auto& elements = print->elements();
   ASSERT_EQ(elements.size(), 6u);
   EXPECT_EQ(elements[0].Kind, ElementKind::kRectangle);
   EXPECT_EQ(elements[0].Colour, Rgb(229, 239, 255));  // 229.5 and 239.5 are cut

@@ -64,8 +64,8 @@ TEST_F(InvoiceTest, AnOrdinaryInvoiceStandsOnOnePageWithAllItsBlocks) {
     EXPECT_GT(placed.top, last) << text;
     last = placed.top;
   }
-  EXPECT_EQ(Only("Faktura VAT NR 17 / 2008").size, 16);
-  EXPECT_EQ(Only("ORYGINAŁ").size, 12);
+  EXPECT_NEAR(Only("Faktura VAT NR 17 / 2008").size, 16, 0.01);
+  EXPECT_NEAR(Only("ORYGINAŁ").size, 12, 0.01);
   for (const char* text : {"Żwirowa 12/3a", "63-400 Ostrów", "NIP: 622-000-11-22", "Hurtownia Papiernicza Kleks", "Lipowa 7",
                            "NIP: 521-000-22-33", "05-03-08", "04-03-08", "19-03-08", "Przelew 14 dni", "Ostrinka 2008"}) {
     EXPECT_FALSE(Find(text).empty()) << text;

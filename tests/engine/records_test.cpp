@@ -1,0 +1,206 @@
+#include "engine/table_fixture.h"
+
+namespace ostrinka {
+namespace {
+
+TEST_F(TableTest, ValuesOfEveryTypeComeBackAsTheyWerePut) {
+  auto table = Create(path);
+  const struct { const char* name; FieldType type; Value put; Value back; } rows[] = {
+      {"A", kByte, 255, uint8_t{255}},
+      {"B", kBoolean, std::string("tak"), true},
+      {"C", kInteger, std::string("-32768"), int16_t{-32768}},
+      {"D", kLong, 2147483647.0, int32_t{2147483647}},
+      {"E", kSingle, std::string("4,2345"), 4.2345f},
+      {"F", kDouble, std::string("0.1"), 0.1},
+      {"G", kCurrency, std::string("-12,3456"), Currency::FromRaw(-123456)},
+      {"I", kText, std::string("Zażółć gęślą jaźń €"), std::string("Zażółć gęślą jaźń €")},
+      {"J", kMemo, 1, int32_t{1}},
+  };
+  std::vector<Value> values;
+  for (const auto& row : rows) {
+    ASSERT_TRUE(table->FIELD_ADD(row.name, row.type, 30, "", "")) << table->last_error();
+    values.push_back(row.put);
+  }
+  ASSERT_TRUE(table->FIELD_ADD("H", kDate, 0, "", ""));
+  values.emplace_back(std::string("2008-03-05"));
+  ASSERT_TRUE(table->RECORD_ADD(values)) << table->last_error();
+  for (int pass = 0; pass < 2; ++pass) {
+    ASSERT_TRUE(table->RECORD_LOAD(1));
+    for (const auto& row : rows) EXPECT_EQ(table->FIELD(row.name), row.back) << row.name;
+    EXPECT_EQ(table->FIELD("H"), Value(std::string("2008-03-05"))) << "a date comes as text";
+    EXPECT_EQ(table->FieldRaw("H"), Value(*Date::FromYmd(2008, 3, 5)));
+    ASSERT_TRUE(table->RECORD_SAVE(1));
+  }
+}
+
+TEST_F(TableTest, AValueThatDoesNotConvertLeavesTheFileAsItWas) {
+  auto table = FilledGoods();
+  const std::string before = Bytes(path);
+  EXPECT_FALSE(table->RECORD_ADD({std::string("x"), std::string("not a price")}));
+  EXPECT_EQ(table->last_error_code(), 0);
+  EXPECT_THAT(table->last_error(), testing::HasSubstr("< #"));
+  ASSERT_TRUE(table->RECORD_LOAD(1));
+  table->FIELD("ILOSC", Value(1e12));
+  table->FIELD("NAZWA", Value(std::string("x")));
+  EXPECT_FALSE(table->RECORD_SAVE(1));
+  EXPECT_FALSE(table->RECORD_ADD(std::vector<Value>(6)));
+  EXPECT_EQ(table->last_error(), "Can't create record < Too many arguments >");
+  EXPECT_EQ(Bytes(path), before);
+}
+
+TEST_F(TableTest, OverlongTextSpillsWithinItsRecordOnly) {
+  auto table = Create(path);
+  table->FIELD_ADD("A", kText, 3, "", "");
+  table->FIELD_ADD("B", kText, 4, "", "");
+  ASSERT_TRUE(table->RECORD_ADD({std::string("one")}));
+  ASSERT_TRUE(table->RECORD_ADD({std::string("two")}));
+  ASSERT_TRUE(table->RECORD_ADD({std::string("abcdefghijklmnop")}));
+  EXPECT_EQ(Bytes(path).substr(33807 + 18), std::string("\0\0abcdefg", 9));
+  ASSERT_TRUE(table->RECORD_ADD({std::string("ABCDEF"), std::string("x")}));
+  ASSERT_TRUE(table->RECORD_LOAD(4));
+  EXPECT_EQ(table->Text("B"), "xEF");
+  // Saving puts every field anew.
+  table->FIELD("B", Value(std::string("y")));
+  table->RECORD_SAVE(4);
+  ASSERT_TRUE(table->RECORD_LOAD(1));
+  table->FIELD("A", Value(std::string("0123456789")));
+  table->RECORD_SAVE(1);
+  EXPECT_EQ(Bytes(path).substr(33807, 18), std::string("\0\0" "012\0\0\0\0" "\0\0two\0\0\0\0", 18));
+  EXPECT_EQ(Bytes(path).substr(33807 + 27), std::string("\0\0" "ABCy\0\0\0", 9));
+}
+
+TEST_F(TableTest, NullsInATextAreDroppedAndEmptyEntriesBecomeZero) {
+  auto table = FilledGoods();
+  std::string bytes = Bytes(path);
+  bytes.replace(33807 + 2, 6, std::string("\0a\0b\0c", 6));
+  SetBytes(path, bytes);
+  ASSERT_TRUE(table->RECORD_LOAD(1));
+  EXPECT_EQ(table->Text("NAZWA"), "abca");  // "Łopata" had its last letter at the sixth place
+  for (const char* name : {"NAZWA", "CENA", "ILOSC", "DATA", "USLUGA"}) table->FIELD(name, Value());
+  ASSERT_TRUE(table->RECORD_SAVE(1));
+  EXPECT_EQ(Bytes(path).substr(33807, 44), std::string(44, '\0'));
+}
+
+TEST_F(TableTest, AFailedLoadForgetsTheBufferSoThatASaveChangesNothing) {
+  auto table = FilledGoods();
+  const std::string before = Bytes(path);
+  ASSERT_TRUE(table->RECORD_LOAD(1));
+  EXPECT_FALSE(table->RECORD_LOAD(6));
+  EXPECT_EQ(table->last_error(), "Can't read record < - none - >");
+  EXPECT_EQ(table->FIELD("NAZWA"), Value(std::string()));
+  EXPECT_TRUE(table->RECORD_SAVE(2));
+  EXPECT_EQ(Bytes(path), before);
+}
+
+TEST_F(TableTest, FieldsAreFoundByNumberNameAndNumberText) {
+  auto table = FilledGoods();
+  ASSERT_TRUE(table->RECORD_LOAD(2));
+  for (const FieldId& id : {FieldId(1), FieldId("NAZWA"), FieldId(" nazwa "), FieldId("1"), FieldId(".NAZWA")}) {
+    EXPECT_EQ(table->Text(id), "Kowalski młot") << id.name();
+  }
+  table->last_error();
+  EXPECT_EQ(table->FIELD(6), Value(std::string()));
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field number >");
+  table->FIELD("BRAK");
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field name >");
+  EXPECT_EQ(table->Text("@1"), "") << "no link";
+  EXPECT_EQ(table->FIELD_TYPE(".cena"), kCurrency);
+  EXPECT_FALSE(table->FIELD_EXISTS(0));
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field number >");
+}
+
+TEST_F(TableTest, DeletingMarksTheRecordAndStepsToTheNext) {
+  auto table = FilledGoods();
+  ASSERT_TRUE(table->RECORD_POSITION(2));
+  EXPECT_TRUE(table->RECORD_DELETE(2));
+  EXPECT_EQ(table->RECORD_POSITION(), 3);
+  EXPECT_THAT(table->selection(), ElementsAre(1, 3, 4, 5));
+  EXPECT_EQ(Bytes(path).substr(33807 + 44, 2), std::string("\1\0", 2));
+  EXPECT_FALSE(table->RECORD_EXIST(2));
+  EXPECT_TRUE(table->RECORD_LOAD(2)) << "stays readable";
+  EXPECT_FALSE(table->RECORD_DELETE(2));
+  EXPECT_EQ(table->last_error(), "Can't read record < Record 2 doesn't exist >");
+  table->RECORD_DELETE(5);
+  EXPECT_EQ(table->RECORD_POSITION(), 4) << "the new last entry";
+  for (const int n : {1, 3, 4}) EXPECT_TRUE(table->RECORD_DELETE(n));
+  EXPECT_THAT(table->selection(), IsEmpty());
+  EXPECT_FALSE(table->MOVE_NEXT());
+  EXPECT_FALSE(table->MOVE_FIRST());
+  ASSERT_TRUE(table->RECORD_LOAD(3));
+  EXPECT_TRUE(table->RECORD_SAVE(3, true));
+  EXPECT_EQ(table->SELECTION("*", "*", "", ordAsc), 1);
+  EXPECT_THAT(table->selection(), ElementsAre(3));
+}
+
+TEST_F(TableTest, WalkingSkipsWhatIsGoneAndFindsItsWayBackIntoTheSelection) {
+  auto table = FilledGoods();
+  auto other = Open(path);
+  other->RECORD_DELETE(2);
+  EXPECT_TRUE(table->MOVE_FIRST());
+  EXPECT_EQ(table->RECORD_POSITION(), 1);
+  EXPECT_TRUE(table->MOVE_NEXT());
+  EXPECT_EQ(table->RECORD_POSITION(), 3) << "2 was deleted by another";
+  EXPECT_TRUE(table->MOVE_LAST());
+  EXPECT_EQ(table->RECORD_POSITION(), 5);
+  EXPECT_FALSE(table->MOVE_NEXT());
+  EXPECT_TRUE(table->MOVE_PREV());
+  EXPECT_EQ(table->RECORD_POSITION(), 4);
+
+  table->SELECTION("~", "ILOSC >= 3", "ILOSC", ordDesc);  // 3 (500), 1 (3)
+  EXPECT_THAT(table->selection(), ElementsAre(3, 1));
+  table->RECORD_POSITION(4);
+  EXPECT_TRUE(table->MOVE_PREV());
+  EXPECT_EQ(table->RECORD_POSITION(), 3) << "the largest entry below 4";
+  table->RECORD_POSITION(4);
+  EXPECT_FALSE(table->MOVE_NEXT()) << "no entry above 4";
+  EXPECT_EQ(table->RECORD_POSITION(), 4);
+  EXPECT_TRUE(table->RECORD_SHOW(4));
+  EXPECT_FALSE(table->RECORD_SHOW(4));
+  EXPECT_THAT(table->selection(), ElementsAre(3, 1, 4));
+  EXPECT_FALSE(table->RECORD_POSITION(2));
+  EXPECT_EQ(table->RECORD_POSITION(), 4);
+}
+
+TEST_F(TableTest, ANewRecordIsOutsideTheSelectionUntilShown) {
+  auto table = FilledGoods();
+  AddGoods(*table, "Hak", "1", 1, "2008-01-01");
+  EXPECT_EQ(table->MAX_ROWS(), 5);
+  EXPECT_FALSE(table->RECORD_SELECT(6));
+  EXPECT_TRUE(table->RECORD_SHOW(6));
+  EXPECT_TRUE(table->RECORD_SELECT(6));
+}
+
+TEST_F(TableTest, LinksShowTheTargetAlsoWhenItIsDeleted) {
+  auto groups = Create(surroundings.folder / "grupy.ovd");
+  groups->FIELD_ADD("OPIS", kText, 10, "", "");
+  groups->FIELD_ADD("NADRZ", kLink, 0, "grupy.ovd", "OPIS");
+  groups->RECORD_ADD({std::string("stal"), 0});
+  groups->RECORD_ADD({std::string("drewno"), 1});
+  auto table = Create(path);
+  table->FIELD_ADD("GRUPA", kLink, 0, "C:\\elsewhere\\grupy.ovd", "opis");
+  table->FIELD_ADD("NAD", kLink, 0, "grupy.ovd", "NADRZ");
+  table->FIELD_ADD("BRAK", kLink, 0, "niema.ovd", "OPIS");
+  table->FIELD_ADD("POLE", kLink, 0, "grupy.ovd", "NIEMA");
+  table->RECORD_ADD({2, 2, 1, 1});
+  table->RECORD_ADD({9, 0, 0, 0});
+  groups->RECORD_DELETE(2);
+  table = Open(path, true);
+  ASSERT_TRUE(table->RECORD_LOAD(1));
+  EXPECT_EQ(table->Text("@GRUPA"), "drewno");
+  EXPECT_EQ(table->Text("@1"), "drewno");
+  EXPECT_EQ(table->FIELD("GRUPA"), Value(int32_t{2}));
+  EXPECT_EQ(table->Text("@NAD"), "") << "a chain ends at the first linked table";
+  EXPECT_EQ(table->Text("@BRAK"), "");
+  EXPECT_EQ(table->Text("@POLE"), "");
+  ASSERT_TRUE(table->RECORD_LOAD(2));
+  EXPECT_EQ(table->Text("@GRUPA"), "") << "no such target";
+  // What the other workstation changes is seen at once.
+  groups->RECORD_LOAD(2);
+  groups->FIELD("OPIS", Value(std::string("dąb")));
+  groups->RECORD_SAVE(2);
+  table->RECORD_LOAD(1);
+  EXPECT_EQ(table->Text("@GRUPA"), "dąb");
+}
+
+}  // namespace
+}  // namespace ostrinka
