@@ -13,11 +13,11 @@ namespace {
 constexpr double kCell = 5;         // height of a head cell of a block
 constexpr double kCellText = 0.75;  // from the top of a cell to its text
 constexpr double kInset = 1;
-constexpr double kTextSize = 9;
+constexpr double kTextSize = 10;
 constexpr double kGap = 5;       // above a block
 constexpr double kRowAir = 1.2;  // between the rows of the payment
 constexpr double kLogoWidth = 70, kLogoHeight = 25;
-constexpr double kPairsWidth = 88;
+constexpr double kPairsWidth = 90;
 constexpr double kPayWidth = 90;
 constexpr double kSignatureWidth = 70, kSignatureHeight = 24, kNoteSize = 7;
 
@@ -151,7 +151,7 @@ void PrintDocumentHead(PageFlow& flow, const DocumentHead& head) {
 }
 
 void PrintPayment(PageFlow& flow, const SalesDocument& document) {
-  const double words_left = flow.Left() + kPayWidth + 8, words_width = flow.Right() - words_left;
+  const double words_left = flow.Left() + kPayWidth + 10, words_width = flow.Right() - words_left;
   const Payment payment = GatherPayment(flow, document, words_width);
   flow.Font(kTextSize);
   const auto text_height = [&](const std::vector<std::string>& lines) { return flow.Pitch() * static_cast<double>(lines.size()); };

@@ -167,13 +167,20 @@ void LineTable::Draw() {
   DrawHead();
   for (size_t line = 0; line < lines_.size(); ++line) {
     const Row row = MakeRow(line);
-    if (!flow_.Fits(row.height) && flow_.y > top_ + kHeadHeight) {
+    // The last row goes with the sums, which would stand alone under a head otherwise.
+    const double with_sums = row.height + (line + 1 == lines_.size() ? SumsHeight() : 0);
+    if (!flow_.Fits(with_sums <= flow_.Room() - kHeadHeight ? with_sums : row.height) && flow_.y > top_ + kHeadHeight) {
       Close();
       BreakPage();
     }
     DrawRow(row);
   }
   Close();
+}
+
+double LineTable::SumsHeight() {
+  flow_.Font(size_);
+  return (flow_.Pitch() + 2 * kPad) * static_cast<double>(sums_.size() + 1);
 }
 
 void LineTable::DrawSumRow(const RateSum& sum, double pad, double height) {
@@ -185,9 +192,8 @@ void LineTable::DrawSumRow(const RateSum& sum, double pad, double height) {
 
 void LineTable::DrawSums(const char* total_key, const char* rate_key) {
   const Program& program = flow_.program();
-  flow_.Font(size_);
+  if (!flow_.Fits(SumsHeight())) BreakPage();
   const double height = flow_.Pitch() + 2 * kPad;
-  if (!flow_.Fits(height * static_cast<double>(sums_.size() + 1))) BreakPage();
 
   size_t first = 0;
   while (first + 1 < columns_.size() && !columns_[first]->sum) ++first;
@@ -211,7 +217,7 @@ void LineTable::DrawSums(const char* total_key, const char* rate_key) {
     }
     if (i == 0) flow_.Line(left + kInset, flow_.y + kPad, program.Text(rate_key));
     DrawSumRow(sums_[i], kPad, height);
-    flow_.Rule(left, flow_.y, flow_.Right(), flow_.y);
+    flow_.Rule(i + 1 < sums_.size() ? x_[first] : left, flow_.y, flow_.Right(), flow_.y);
   }
   close();
 }

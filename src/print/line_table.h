@@ -48,6 +48,7 @@ class LineTable {
   void DrawRow(const Row& row);
   void DrawHead();
   void Close();  // the upright lines
+  double SumsHeight();
   void DrawSumRow(const RateSum& sum, double pad, double height);
   void BreakPage();
 

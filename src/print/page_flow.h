@@ -60,7 +60,7 @@ class PageFlow {
  private:
   void Frame();
 
-  static constexpr double kAir = 1;         // kept free above the footer's line
+  static constexpr double kAir = 3;         // kept free above the footer's line
   static constexpr double kSecondTop = 20;  // where a further page goes on
 
   Program& program_;

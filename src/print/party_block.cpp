@@ -12,13 +12,14 @@ constexpr double kHeadingHeight = 5;
 constexpr double kHeadingSize = 9;
 constexpr double kInset = 1;
 constexpr double kAfterHeading = 1.2;
-constexpr double kGap = 1;    // between the groups of a block
+constexpr double kLineAir = 0.3;  // between the lines of a block
+constexpr double kGap = 0.9;    // between the groups of a block
 constexpr double kUnder = 4;  // under a block
-constexpr double kBlockWidth = 92;
+constexpr double kBlockWidth = 90;
 constexpr std::string_view kBetween = "    ";
 
 // Sizes of the text with the lowest end of the blocks that each is taken for, in shares of the sheet above the footer.
-constexpr struct { double size, lowest; } kSizes[] = {{9, 0.55}, {8, 0.65}, {7, 0.8}, {6, 1}, {5, 1}, {4, 1}};
+constexpr struct { double size, lowest; } kSizes[] = {{10, 0.45}, {9, 0.55}, {8, 0.65}, {7, 0.8}, {6, 1}, {5, 1}, {4, 1}};
 
 // Builds the lines of a block; what is empty leaves no line.
 class PartyWriter {
@@ -147,7 +148,7 @@ double PartyHeight(PageFlow& flow, const Party& party, double width, double size
   double height = kHeadingHeight + kAfterHeading + kUnder;
   for (const PartyLine& line : party.lines) {
     flow.Font(size, line.bold);
-    height += line.gap + flow.Pitch() * static_cast<double>(Broken(flow, line, width - 2 * kInset).size());
+    height += kLineAir + line.gap + flow.Pitch() * static_cast<double>(Broken(flow, line, width - 2 * kInset).size());
   }
   return height;
 }
@@ -158,7 +159,7 @@ double PrintPartyBlock(PageFlow& flow, const Party& party, double x, double y, d
   double at = y + kHeadingHeight + kAfterHeading;
   for (const PartyLine& line : party.lines) {
     flow.Font(size, line.bold);
-    at = flow.Lines(x + kInset, at + line.gap, Broken(flow, line, width - 2 * kInset), width - 2 * kInset);
+    at = flow.Lines(x + kInset, at + line.gap, Broken(flow, line, width - 2 * kInset), width - 2 * kInset) + kLineAir;
   }
   return at + kUnder;
 }

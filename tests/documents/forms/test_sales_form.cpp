@@ -383,6 +383,7 @@ TEST_F(SalesFormTest, RemovingALineAsksAndTakesItOffTheTotals) {
   const int32_t record = AddDocument(kInvoice, "2008-03-01", 5, 50);
   AddStoredLine(50, article, "1", "10", "12,2");
   AddStoredLine(50, article, "2", "10", "12,2");
+  Table(program, kSprzedane).RECORD_POSITION(AddStoredLine(51, article, "1", "10", "12,2"));
   auto form = Edit(record);
   Press(form->btnRemove);  // no row is selected
   ASSERT_TRUE(form->SQL_Pic.UserClick(1, 1));
@@ -393,6 +394,7 @@ TEST_F(SalesFormTest, RemovingALineAsksAndTakesItOffTheTotals) {
   EXPECT_EQ(form->SQL_Pic.source->Rows(), 1);
   EXPECT_EQ(Stored(kDokSprzed, record, "WARTOSC_BRUTTO"), "24,4");  // an edited document is written at once
   EXPECT_EQ(platform.ui.messages.size(), 2u);
+  EXPECT_EQ(Stored(kSprzedane, 3, "WARTOSC_BRUTTO"), "12,2");
 }
 
 TEST_F(SalesFormTest, AFreeTextLineLeavesOneDeletedArticle) {
