@@ -80,8 +80,8 @@ bool PlayOn(QPainter& painter, const LoadedPage& page, double pixels_per_mm, dou
 
 bool WritePicture(const LoadedPage& page, int dpi, const std::string& path) {
   double pixels_per_mm = dpi / kMmPerInch;
-  QImage image(static_cast<int>(std::lround(page.size.width * pixels_per_mm)), static_cast<int>(std::lround(page.size.height * pixels_per_mm)),
-               QImage::Format_RGB32);
+  QImage image(static_cast<int>(std::lround(page.size.width * pixels_per_mm)),
+               static_cast<int>(std::lround(page.size.height * pixels_per_mm)), QImage::Format_RGB32);
   if (image.isNull()) return Fail("too large a sheet", path);
   image.setDotsPerMeterX(static_cast<int>(std::lround(pixels_per_mm * 1000)));
   image.setDotsPerMeterY(static_cast<int>(std::lround(pixels_per_mm * 1000)));

@@ -18,9 +18,15 @@ struct Replacement {
 constexpr Replacement kReplacements[] = {
     {"Arial", "Liberation Sans"}, {"Courier New", "Liberation Mono"}, {"Tahoma", "DejaVu Sans Condensed"}, {"Tahoma", "DejaVu Sans"}};
 
-QColor ColourOf(Colour colour) { return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
-QRectF RectOf(const RectF& area) { return {area.left, area.top, area.width(), area.height()}; }
-QString TextOf(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QColor ColourOf(Colour colour) {
+  return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
+}
+QRectF RectOf(const RectF& area) {
+  return {area.left, area.top, area.width(), area.height()};
+}
+QString TextOf(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 QPolygonF PolygonOf(const std::vector<PointF>& points) {
   QPolygonF polygon;
@@ -52,7 +58,9 @@ QPen QCanvas::PenOf(const Pen& pen) const {
   return QPen(ColourOf(pen.colour), std::max(pen.width, hairline_), kStyles[static_cast<int>(pen.style)], cap, Qt::MiterJoin);
 }
 
-void QCanvas::FillRect(const RectF& area, Colour colour) { painter_.fillRect(RectOf(area), ColourOf(colour)); }
+void QCanvas::FillRect(const RectF& area, Colour colour) {
+  painter_.fillRect(RectOf(area), ColourOf(colour));
+}
 
 void QCanvas::DrawRect(const RectF& area, const Pen& pen) {
   painter_.setPen(PenOf(pen));
@@ -124,7 +132,8 @@ void QCanvas::DrawText(PointF at, std::string_view text, const FontSpec& font, C
 
 void QCanvas::DrawPicture(const RectF& area, const Picture& picture) {
   if (picture.width <= 0 || picture.height <= 0) return;
-  QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width, picture.height, picture.width * 4, QImage::Format_ARGB32);
+  QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width, picture.height, picture.width * 4,
+               QImage::Format_ARGB32);
   painter_.drawImage(RectOf(area), image);
 }
 
@@ -133,6 +142,8 @@ void QCanvas::PushClip(const RectF& area) {
   painter_.setClipRect(RectOf(area), Qt::IntersectClip);
 }
 
-void QCanvas::PopClip() { painter_.restore(); }
+void QCanvas::PopClip() {
+  painter_.restore();
+}
 
 }  // namespace ostrinka

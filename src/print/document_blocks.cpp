@@ -61,16 +61,23 @@ bool PrintLogo(PageFlow& flow, double top) {
   return true;
 }
 
-// Title with number, label and date; the lower end.
-double PrintTitle(PageFlow& flow, const DocumentHead& head, double top, double width) {
-  flow.Font(16, true);
-  double at = flow.Lines(flow.Left(), top, flow.Break(head.title, width), width);
-  if (!head.copy_label.empty()) {
-    flow.Font(12);
-    at = flow.Lines(flow.Left(), at + 0.8, flow.Break(head.copy_label, width), width);
+struct TitleLine {
+  const std::string& text;
+  double size;
+  bool bold;
+};
+
+// Visits the lines of the title; the lower end of the last one.
+template <typename Draw>
+double WalkTitle(PageFlow& flow, const DocumentHead& head, const TitlePlace& place, const Draw& draw) {
+  double at = place.top;
+  for (const TitleLine& line : {TitleLine{head.title, 16, true}, {head.copy_label, 12, false}, {head.label_date, 10, false}}) {
+    if (line.text.empty()) continue;
+    flow.Font(line.size, line.bold);
+    const std::vector<std::string> lines = flow.Break(line.text, place.width);
+    draw(at, lines);
+    at += flow.Pitch() * static_cast<double>(lines.size()) + 0.8;
   }
-  flow.Font(10);
-  if (!head.label_date.empty()) at = flow.Lines(flow.Left(), at + 0.8, flow.Break(head.label_date, width), width);
   return at;
 }
 
@@ -138,16 +145,22 @@ void PrintAmountCell(PageFlow& flow, const char* key, const std::string& amount,
 
 }  // namespace
 
-void PrintDocumentHead(PageFlow& flow, const DocumentHead& head) {
+TitlePlace PrintDocumentHead(PageFlow& flow, const DocumentHead& head) {
   const double top = flow.y;
-  double at = PrintPairs(flow, head.pairs, top);
+  double lowest = PrintPairs(flow, head.pairs, top);
+  // Beside the dates, or across the page under the logo.
+  TitlePlace place{top - 1, flow.Right() - flow.Left() - kPairsWidth - 4};
   if (head.with_logo && PrintLogo(flow, top)) {
-    at = std::max(at, top + kLogoHeight) + 4;
-    at = PrintTitle(flow, head, at, flow.Right() - flow.Left());
-  } else {
-    at = std::max(at, PrintTitle(flow, head, top - 1, flow.Right() - flow.Left() - kPairsWidth - 4));
+    lowest = std::max(lowest, top + kLogoHeight);
+    place = {lowest + 4, flow.Right() - flow.Left()};
   }
-  flow.y = at + kGap;
+  flow.y = std::max(lowest, WalkTitle(flow, head, place, [](double, const std::vector<std::string>&) {})) + kGap;
+  return place;
+}
+
+void PrintTitle(PageFlow& flow, const DocumentHead& head, const TitlePlace& place) {
+  WalkTitle(flow, head, place, [&](double at, const std::vector<std::string>& lines) { flow.Lines(flow.Left(), at, lines, place.width); });
+  flow.Font(10);
 }
 
 void PrintPayment(PageFlow& flow, const SalesDocument& document) {

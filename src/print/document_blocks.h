@@ -19,8 +19,13 @@ struct DocumentHead {
   std::string label_date;                                  // a line under the label; "" for none
   bool with_logo = true;
 };
-// The head of the first page; the cursor stands where the parties go.
-void PrintDocumentHead(PageFlow& flow, const DocumentHead& head);
+// Place, dates and logo, with room left for the title, whose place is given back; the cursor stands where the parties go.
+struct TitlePlace {
+  double top = 0, width = 0;
+};
+TitlePlace PrintDocumentHead(PageFlow& flow, const DocumentHead& head);
+// Title with number, label and its date; the cursor stays.
+void PrintTitle(PageFlow& flow, const DocumentHead& head, const TitlePlace& place);
 
 // What is to be paid, how and when, and the amount in words.
 void PrintPayment(PageFlow& flow, const SalesDocument& document);

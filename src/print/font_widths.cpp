@@ -11,7 +11,9 @@ constexpr std::string_view kNames[kFaces] = {"Arial", "Arial,Bold", "Courier New
 
 }  // namespace
 
-std::string_view FaceName(Face face) { return kNames[static_cast<int>(face)]; }
+std::string_view FaceName(Face face) {
+  return kNames[static_cast<int>(face)];
+}
 
 Face FaceOf(std::string_view font_name, bool bold) {
   std::string name = Upper(font_name);
@@ -20,7 +22,9 @@ Face FaceOf(std::string_view font_name, bool bold) {
   return bold ? Face::kArialBold : Face::kArial;
 }
 
-const std::array<uint8_t, 256>& WidthTable(Face face) { return kWidthsAt125[static_cast<size_t>(face)]; }
+const std::array<uint8_t, 256>& WidthTable(Face face) {
+  return kWidthsAt125[static_cast<size_t>(face)];
+}
 
 int64_t WidthAt125OfCp1250(std::string_view bytes, Face face) {
   const std::array<uint8_t, 256>& widths = WidthTable(face);
@@ -29,6 +33,8 @@ int64_t WidthAt125OfCp1250(std::string_view bytes, Face face) {
   return sum;
 }
 
-int64_t WidthAt125(std::string_view text, Face face) { return WidthAt125OfCp1250(ToCp1250(text), face); }
+int64_t WidthAt125(std::string_view text, Face face) {
+  return WidthAt125OfCp1250(ToCp1250(text), face);
+}
 
 }  // namespace ostrinka

@@ -44,8 +44,10 @@ void PrintInvoice(Program& program, ClassPRINT& print, const DocumentCopy& copy)
   const SalesDocument document = ReadSalesDocument(program, copy.record);
   PageFlow flow(program, print, DocumentTitle(document));
   flow.FirstPage();
-  PrintDocumentHead(flow, InvoiceHead(program, document, copy.label));
+  const DocumentHead head = InvoiceHead(program, document, copy.label);
+  const TitlePlace title = PrintDocumentHead(flow, head);
   PrintParties(flow, document.customer, document.payer);
+  PrintTitle(flow, head, title);
   LineTable table(flow, document, document.lines, InvoiceColumns(program, document));
   table.Draw();
   table.DrawSums("sdoc.sum", "sdoc.svat");

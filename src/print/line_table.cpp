@@ -192,7 +192,10 @@ void LineTable::DrawSumRow(const RateSum& sum, double pad, double height) {
 
 void LineTable::DrawSums(const char* total_key, const char* rate_key) {
   const Program& program = flow_.program();
-  if (!flow_.Fits(SumsHeight())) BreakPage();
+  if (!flow_.Fits(SumsHeight())) {
+    BreakPage();
+    Close();
+  }
   const double height = flow_.Pitch() + 2 * kPad;
 
   size_t first = 0;
@@ -213,6 +216,7 @@ void LineTable::DrawSums(const char* total_key, const char* rate_key) {
     if (!flow_.Fits(height)) {
       close();
       BreakPage();
+      Close();
       top_ = flow_.y;
     }
     if (i == 0) flow_.Line(left + kInset, flow_.y + kPad, program.Text(rate_key));

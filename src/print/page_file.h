@@ -17,9 +17,26 @@ namespace ostrinka {
 inline constexpr int32_t kPageScale = 250;
 
 enum class EmfRecord : uint32_t {
-  kHeader = 1, kPolygon = 3, kPolyline = 4, kEnd = 14, kMapMode = 17, kBackgroundMode = 18, kStretchMode = 21, kTextAlign = 22,
-  kTextColour = 24, kMoveTo = 27, kSelectObject = 37, kCreatePen = 38, kCreateBrush = 39, kDeleteObject = 40, kEllipse = 42,
-  kRectangle = 43, kLineTo = 54, kPicture = 81, kCreateFont = 82, kText = 84,
+  kHeader = 1,
+  kPolygon = 3,
+  kPolyline = 4,
+  kEnd = 14,
+  kMapMode = 17,
+  kBackgroundMode = 18,
+  kStretchMode = 21,
+  kTextAlign = 22,
+  kTextColour = 24,
+  kMoveTo = 27,
+  kSelectObject = 37,
+  kCreatePen = 38,
+  kCreateBrush = 39,
+  kDeleteObject = 40,
+  kEllipse = 42,
+  kRectangle = 43,
+  kLineTo = 54,
+  kPicture = 81,
+  kCreateFont = 82,
+  kText = 84,
 };
 
 inline constexpr uint32_t kEmfHeaderSize = 124;
@@ -36,9 +53,9 @@ struct PagePoint {
   bool operator==(const PagePoint&) const = default;
 };
 struct PageFont {
-  std::string face;            // at most 32 characters count
-  int32_t height = 0;          // cell height, recording units
-  int32_t escapement = 0;      // tenths of a degree; -900 reads upwards, since y points up
+  std::string face;        // at most 32 characters count
+  int32_t height = 0;      // cell height, recording units
+  int32_t escapement = 0;  // tenths of a degree; -900 reads upwards, since y points up
   bool bold = false;
   bool operator==(const PageFont&) const = default;
 };

@@ -133,7 +133,9 @@ void PageFileWriter::Rectangle(PagePoint a, PagePoint b, Colour fill) {
   Record(EmfRecord::kSelectObject, {kStockWhiteBrush});
 }
 
-void PageFileWriter::Ellipse(PagePoint a, PagePoint b) { Area(EmfRecord::kEllipse, a, b); }
+void PageFileWriter::Ellipse(PagePoint a, PagePoint b) {
+  Area(EmfRecord::kEllipse, a, b);
+}
 
 void PageFileWriter::Points(EmfRecord type, std::span<const PagePoint> points) {
   Begin(type);
@@ -146,7 +148,9 @@ void PageFileWriter::Points(EmfRecord type, std::span<const PagePoint> points) {
   End();
 }
 
-void PageFileWriter::Polyline(std::span<const PagePoint> points) { Points(EmfRecord::kPolyline, points); }
+void PageFileWriter::Polyline(std::span<const PagePoint> points) {
+  Points(EmfRecord::kPolyline, points);
+}
 
 void PageFileWriter::Polygon(std::span<const PagePoint> points, Colour fill) {
   UseBrush(fill);
@@ -183,9 +187,9 @@ void PageFileWriter::Stretch(PagePoint top_left, int32_t width, int32_t height, 
   Record(EmfRecord::kStretchMode, {kStretchHalftone});
   Begin(EmfRecord::kPicture);
   AppendNoBounds(bytes_);
-  for (uint32_t value : {static_cast<uint32_t>(top_left.x), static_cast<uint32_t>(top_left.y), 0u, 0u, columns, rows,
-                         kPictureHead - kBitmapHeader, kBitmapHeader, kPictureHead, stride * rows, 0u, kCopyPicture,
-                         static_cast<uint32_t>(width), static_cast<uint32_t>(-height)}) {
+  for (uint32_t value :
+       {static_cast<uint32_t>(top_left.x), static_cast<uint32_t>(top_left.y), 0u, 0u, columns, rows, kPictureHead - kBitmapHeader,
+        kBitmapHeader, kPictureHead, stride * rows, 0u, kCopyPicture, static_cast<uint32_t>(width), static_cast<uint32_t>(-height)}) {
     AppendLe(bytes_, value);
   }
   for (uint32_t value : {kBitmapHeader, columns, rows, 24u << 16 | 1u, 0u, stride * rows, 0u, 0u, 0u, 0u}) AppendLe(bytes_, value);

@@ -39,6 +39,16 @@ std::vector<std::string> ApartAtMarks(std::string_view text) {
   return parts;
 }
 
+// Cuts what follows the last sign in the second half of a piece of a long word, so that an address parts at a dot rather than within a
+// name.
+std::string TakeAfterBreak(std::string& piece) {
+  const size_t sign = piece.find_last_of("@./-_,;");
+  if (sign == std::string::npos || sign + 1 == piece.size() || sign < piece.size() / 2) return "";
+  std::string rest = piece.substr(sign + 1);
+  piece.resize(sign + 1);
+  return rest;
+}
+
 bool HasMark(std::string_view text) {
   return ApartAtMarks(text).size() > 1;
 }
@@ -117,7 +127,11 @@ std::vector<std::string> PageFlow::Break(std::string_view text, double width) co
       if (!line.empty()) flush();
       for (const char32_t letter : CodePoints(word)) {
         const std::string next = FromCodePoints({&letter, 1});
-        if (!line.empty() && !fits(line + next)) flush();
+        if (!line.empty() && !fits(line + next)) {
+          std::string rest = TakeAfterBreak(line);
+          flush();
+          line = std::move(rest);
+        }
         line += next;
       }
     }

@@ -12,7 +12,7 @@ namespace ostrinka {
 namespace {
 
 constexpr int32_t kLongestFrame = 100 * 1000 * kPageScale;  // 100 m
-constexpr double kFarthest = 8;                              // frames that a point may lie away; keeps a dashed line from taking for ever
+constexpr double kFarthest = 8;                             // frames that a point may lie away; keeps a dashed line from taking for ever
 constexpr size_t kFaceOffset = 40, kFaceLength = 32, kTextHead = 76, kPointsHead = 28, kPictureHead = 120;
 
 std::string Utf8Of(const char* from, size_t count) {
@@ -46,8 +46,12 @@ class Player {
 
   static uint32_t Field(std::string_view record, size_t at) { return LoadLe<uint32_t>(record.data() + at); }
   static int32_t Number(std::string_view record, size_t at) { return LoadLe<int32_t>(record.data() + at); }
-  double X(int64_t x) const { return target_.left + std::clamp(static_cast<double>(x), -kFarthest * width_, kFarthest * width_) * scale_x_; }
-  double Y(int64_t y) const { return target_.top - std::clamp(static_cast<double>(y), -kFarthest * height_, kFarthest * height_) * scale_y_; }
+  double X(int64_t x) const {
+    return target_.left + std::clamp(static_cast<double>(x), -kFarthest * width_, kFarthest * width_) * scale_x_;
+  }
+  double Y(int64_t y) const {
+    return target_.top - std::clamp(static_cast<double>(y), -kFarthest * height_, kFarthest * height_) * scale_y_;
+  }
   PointF Point(std::string_view record, size_t at) const { return {X(Number(record, at)), Y(Number(record, at + 4))}; }
   // The edges of a rectangle record: its right and bottom are one short.
   RectF Box(std::string_view record) const {
@@ -212,10 +216,17 @@ bool Player::SelectObject(std::string_view record) {
   if (handle >= objects_.size()) return false;
   const Object& object = objects_[handle];
   switch (object.kind) {
-    case Object::Kind::kNone: return false;
-    case Object::Kind::kPen: pen_ = object.pen; break;
-    case Object::Kind::kBrush: brush_ = object.colour, filled_ = true; break;
-    case Object::Kind::kFont: font_ = object.font; break;
+    case Object::Kind::kNone:
+      return false;
+    case Object::Kind::kPen:
+      pen_ = object.pen;
+      break;
+    case Object::Kind::kBrush:
+      brush_ = object.colour, filled_ = true;
+      break;
+    case Object::Kind::kFont:
+      font_ = object.font;
+      break;
   }
   return true;
 }
@@ -327,6 +338,8 @@ std::optional<PageFileSize> SizeOfPageFile(std::string_view file) {
   return PageFileSize{static_cast<double>(width) / kPageScale, static_cast<double>(height) / kPageScale};
 }
 
-bool PlayPageFile(std::string_view file, Canvas& canvas, const RectF& frame) { return Player(canvas, frame).Play(file); }
+bool PlayPageFile(std::string_view file, Canvas& canvas, const RectF& frame) {
+  return Player(canvas, frame).Play(file);
+}
 
 }  // namespace ostrinka

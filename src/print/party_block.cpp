@@ -9,12 +9,12 @@ namespace ostrinka {
 namespace {
 
 constexpr double kHeadingHeight = 5;
-constexpr double kHeadingSize = 9;
+constexpr double kHeadingSize = 10;
 constexpr double kInset = 1;
 constexpr double kAfterHeading = 1.2;
 constexpr double kLineAir = 0.3;  // between the lines of a block
-constexpr double kGap = 0.9;    // between the groups of a block
-constexpr double kUnder = 4;  // under a block
+constexpr double kGap = 0.9;      // between the groups of a block
+constexpr double kUnder = 4;      // under a block
 constexpr double kBlockWidth = 90;
 constexpr std::string_view kBetween = "    ";
 

@@ -31,6 +31,13 @@ void AppendWhole(std::string& to, uint64_t number) {
   to.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
+void AppendPixel(std::string& to, uint8_t r, uint8_t g, uint8_t b) {
+  for (uint8_t channel : {r, g, b}) {
+    to += kHexDigits[channel >> 4];
+    to += kHexDigits[channel & 15];
+  }
+}
+
 std::string GlyphCodes(std::string_view cp1250) {
   std::string hex(cp1250.size() * 4, '0');
   char* to = hex.data();
@@ -117,7 +124,9 @@ std::string ClassPDF::FormatNumber(double value, int places) const {
   return text;
 }
 
-double ClassPDF::Y(double y) const { return pages_.empty() ? 0 : (double{pages_.back().height} - y) * kPdfUnitsPerMm; }
+double ClassPDF::Y(double y) const {
+  return pages_.empty() ? 0 : (double{pages_.back().height} - y) * kPdfUnitsPerMm;
+}
 
 ClassPDF& ClassPDF::Number(double value) {
   AppendNumber(contents_.back().text, value);
@@ -134,7 +143,9 @@ void ClassPDF::ColourLine(Colour colour, std::string_view how) {
   Number((colour & 255) / 255.0).Number((colour >> 8 & 255) / 255.0).Number((colour >> 16 & 255) / 255.0).Line(how);
 }
 
-void ClassPDF::DashLine() { Line(kDashes[dash_style_ >= 1 && dash_style_ <= 4 ? dash_style_ : 0]); }
+void ClassPDF::DashLine() {
+  Line(kDashes[dash_style_ >= 1 && dash_style_ <= 4 ? dash_style_ : 0]);
+}
 
 void ClassPDF::SetAttrs(Colour stroke, Colour fill, int dash_style, int width_style) {
   stroke_ = stroke;
@@ -189,7 +200,9 @@ void ClassPDF::VertexAdd(double x, double y) {
 
 void ClassPDF::DrawPolygon() {
   if (contents_.empty() || vertices_.empty()) return;
-  auto vertex = [this](size_t i, std::string_view how) { Number(vertices_[i].first * kPdfUnitsPerMm).Number(Y(vertices_[i].second)).Line(how); };
+  auto vertex = [this](size_t i, std::string_view how) {
+    Number(vertices_[i].first * kPdfUnitsPerMm).Number(Y(vertices_[i].second)).Line(how);
+  };
   Line("%DEBUT_POLY/%");
   ColourLine(stroke_, "RG");
   ColourLine(fill_, "rg");
@@ -250,10 +263,7 @@ void ClassPDF::TextBlock(std::string_view hex, int64_t width, int font, double s
 
 std::string ClassPDF::hex2_(uint8_t r, uint8_t g, uint8_t b) {
   std::string hex;
-  for (uint8_t channel : {r, g, b}) {
-    hex += kHexDigits[channel >> 4];
-    hex += kHexDigits[channel & 15];
-  }
+  AppendPixel(hex, r, g, b);
   return hex;
 }
 
@@ -284,11 +294,7 @@ void ClassPDF::ReadBitmapRows(File& file, int64_t position, ImageRow& image) {
   for (int32_t y = 0; y < image.height && position + used <= size; ++y, position += stride) {
     if (file.ReadAt(position, row.data(), row.size()) != used) return;
     for (size_t i = 0; i < row.size(); i += 3) {
-      for (size_t channel : {i + 2, i + 1, i}) {
-        uint8_t value = static_cast<uint8_t>(row[channel]);
-        image.hex += kHexDigits[value >> 4];
-        image.hex += kHexDigits[value & 15];
-      }
+      AppendPixel(image.hex, static_cast<uint8_t>(row[i + 2]), static_cast<uint8_t>(row[i + 1]), static_cast<uint8_t>(row[i]));
     }
     image.hex += "\r\n";
   }

@@ -88,7 +88,7 @@ class ClassPDF {
 
   int TakeObject(Kind kind, size_t index);
   Face FaceOfFont(int font) const;
-  double Y(double y) const;  // PDF units
+  double Y(double y) const;                                // PDF units
   void AppendNumber(std::string& to, double value) const;  // three decimals
   std::string FormatByPattern(double value, std::string_view pattern) const;
   ClassPDF& Number(double value);  // appended to the page's content, with a blank

@@ -30,7 +30,9 @@ uint8_t MeasuredByte(int glyph) {
   return '_';
 }
 
-std::string Reference(int object) { return std::to_string(object) + " 0 R"; }
+std::string Reference(int object) {
+  return std::to_string(object) + " 0 R";
+}
 
 }  // namespace
 
@@ -100,11 +102,20 @@ void ClassPDF::WriteObject(Output& out, const ObjectRow& object) {
       for (const PageRow& page : pages_) out.Text(Reference(page.object) + " ");
       out.Lines({" ]", "/Count " + std::to_string(pages_.size()), ">>", "endobj"});
       break;
-    case Kind::kPage: WritePage(out, pages_[index]); break;
-    case Kind::kContents: WriteContents(out, contents_[index]); break;
-    case Kind::kFont: WriteFont(out, fonts_[index]); break;
-    case Kind::kImage: WriteImage(out, images_[index]); break;
-    case Kind::kNone: break;  // the second and third of a font, written with the first
+    case Kind::kPage:
+      WritePage(out, pages_[index]);
+      break;
+    case Kind::kContents:
+      WriteContents(out, contents_[index]);
+      break;
+    case Kind::kFont:
+      WriteFont(out, fonts_[index]);
+      break;
+    case Kind::kImage:
+      WriteImage(out, images_[index]);
+      break;
+    case Kind::kNone:
+      break;  // the second and third of a font, written with the first
   }
 }
 
@@ -135,9 +146,10 @@ void ClassPDF::WriteContents(Output& out, const ContentsRow& contents) {
 }
 
 void ClassPDF::WriteImage(Output& out, const ImageRow& image) {
-  out.Lines({std::to_string(image.object) + " 0 obj", "<<", "/Type /XObject", "/Subtype /Image", "/Name /Image" + std::to_string(image.number),
-             "/Width " + std::to_string(image.width), "/Height " + std::to_string(image.height), "/BitsPerComponent 8",
-             "/ColorSpace /DeviceRGB", "/ImageMask false", "/Length 0", "/Filter /AHx", "/BitsPerComponent 8", ">>", "stream"});
+  out.Lines({std::to_string(image.object) + " 0 obj", "<<", "/Type /XObject", "/Subtype /Image",
+             "/Name /Image" + std::to_string(image.number), "/Width " + std::to_string(image.width),
+             "/Height " + std::to_string(image.height), "/BitsPerComponent 8", "/ColorSpace /DeviceRGB", "/ImageMask false", "/Length 0",
+             "/Filter /AHx", "/BitsPerComponent 8", ">>", "stream"});
   out.Line(Trim(image.hex));
   out.Lines({"endstream", "endobj"});
 }

@@ -19,7 +19,9 @@ int32_t Units(double mm) {
   return static_cast<int32_t>(std::lrint(units));
 }
 
-PagePoint At(double x, double y) { return {Units(x), Units(-y)}; }
+PagePoint At(double x, double y) {
+  return {Units(x), Units(-y)};
+}
 
 int32_t PenWidth(int16_t width_style) {
   constexpr int32_t kWidths[] = {kPageScale * 5 / 10 + 1, kPageScale * 9 / 10 + 1, kPageScale * 13 / 10 + 1, kPageScale * 17 / 10 + 1};
@@ -60,7 +62,9 @@ void ClassPRINT::BEGIN_PAGE(bool landscape) {
   FONT_SIZE(12);
 }
 
-void ClassPRINT::END_PAGE() { CloseRecording(); }
+void ClassPRINT::END_PAGE() {
+  CloseRecording();
+}
 
 void ClassPRINT::SizeFromPrinter(PageRecord& record, bool landscape) {
   PaperSize paper;
@@ -110,10 +114,18 @@ const PageRecord* ClassPRINT::RecordOf(int32_t page) const {
   return page >= 1 && page <= Page() ? &pages_[static_cast<size_t>(page - 1)] : nullptr;
 }
 
-float ClassPRINT::Page_Width(int32_t page) const { return RecordOf(page) ? RecordOf(page)->Width : 0; }
-float ClassPRINT::Page_Height(int32_t page) const { return RecordOf(page) ? RecordOf(page)->Height : 0; }
-float ClassPRINT::PrintArea_Width(int32_t page) const { return RecordOf(page) ? RecordOf(page)->AreaWidth : 0; }
-float ClassPRINT::PrintArea_Height(int32_t page) const { return RecordOf(page) ? RecordOf(page)->AreaHeight : 0; }
+float ClassPRINT::Page_Width(int32_t page) const {
+  return RecordOf(page) ? RecordOf(page)->Width : 0;
+}
+float ClassPRINT::Page_Height(int32_t page) const {
+  return RecordOf(page) ? RecordOf(page)->Height : 0;
+}
+float ClassPRINT::PrintArea_Width(int32_t page) const {
+  return RecordOf(page) ? RecordOf(page)->AreaWidth : 0;
+}
+float ClassPRINT::PrintArea_Height(int32_t page) const {
+  return RecordOf(page) ? RecordOf(page)->AreaHeight : 0;
+}
 
 // Null before the first page.
 PageElement* ClassPRINT::NewElement(ElementKind kind) {

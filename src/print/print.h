@@ -23,9 +23,9 @@ class PageFileWriter;
 class ClassPDF;
 
 struct PageRecord {
-  std::string FileName;      // full path of the page file
-  int32_t StampedTotal = 0;  // stamped by MAX_PAGE; 0 while none
-  int32_t PageNumber = 0;    // printed for %p
+  std::string FileName;                                        // full path of the page file
+  int32_t StampedTotal = 0;                                    // stamped by MAX_PAGE; 0 while none
+  int32_t PageNumber = 0;                                      // printed for %p
   float Width = 0, Height = 0, AreaWidth = 0, AreaHeight = 0;  // mm
 };
 
@@ -137,9 +137,9 @@ class ClassPRINT {
   int32_t FontHeight() const;  // recording units
   std::string DrawnText(std::string_view text) const;
   int64_t WidthOf(std::string_view cp1250) const;  // recording units
-  int32_t WrapParagraphs(std::string_view cp1250, TextBox box, bool draw);
-  int32_t WrapWords(std::string_view cp1250, TextBox box, bool draw);
-  void RecordText(std::string_view cp1250, int64_t x, int64_t y, Anchor anchor);
+  int32_t WrapParagraphs(std::string_view cp1250, TextBox box, bool draw) const;
+  int32_t WrapWords(std::string_view cp1250, TextBox box, bool draw) const;
+  void RecordText(std::string_view cp1250, int64_t x, int64_t y, Anchor anchor) const;
   bool Play(const PageRecord& record, Canvas& target, const RectF& frame);
   void AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
   void AddTextToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;

@@ -7,10 +7,10 @@ namespace ostrinka {
 
 namespace {
 
-constexpr double kSizeOfText = 0.333;   // of the element's size
-constexpr double kLinePitch = 0.425;    // of the element's size, mm
-constexpr double kNoWrap = 0.01;        // a wrap width below is none
-constexpr double kInHand = 1;           // mm of the box that wrapped words leave free
+constexpr double kSizeOfText = 0.333;  // of the element's size
+constexpr double kLinePitch = 0.425;   // of the element's size, mm
+constexpr double kNoWrap = 0.01;       // a wrap width below is none
+constexpr double kInHand = 1;          // mm of the box that wrapped words leave free
 
 // "%p" is the page's number; other marks stay.
 std::string WithPageNumber(std::string text, const std::string& number) {
@@ -39,17 +39,28 @@ bool ClassPRINT::MAKE_PDF(const std::string& path) {
 void ClassPRINT::AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const {
   pdf.SetAttrs(element.Colour, element.Colour, element.PenStyle, element.WidthStyle);
   switch (element.Kind) {
-    case ElementKind::kLine: pdf.DrawLine(element.X[0], element.Y[0], element.X[1], element.Y[1]); break;
-    case ElementKind::kRectangle: pdf.DrawRect(element.X[0], element.Y[0], element.X[1], element.Y[1]); break;
-    case ElementKind::kText: AddTextToPdf(pdf, element, page_number); break;
-    case ElementKind::kCircle: pdf.DrawEllipse(element.X[0], element.Y[0], element.R0, element.R0); break;
-    case ElementKind::kPolyline: break;  // does not reach the PDF, kept
+    case ElementKind::kLine:
+      pdf.DrawLine(element.X[0], element.Y[0], element.X[1], element.Y[1]);
+      break;
+    case ElementKind::kRectangle:
+      pdf.DrawRect(element.X[0], element.Y[0], element.X[1], element.Y[1]);
+      break;
+    case ElementKind::kText:
+      AddTextToPdf(pdf, element, page_number);
+      break;
+    case ElementKind::kCircle:
+      pdf.DrawEllipse(element.X[0], element.Y[0], element.R0, element.R0);
+      break;
+    case ElementKind::kPolyline:
+      break;  // does not reach the PDF, kept
     case ElementKind::kPolygon:
       pdf.VertexClear();
       for (size_t i = 0; i < element.VertexX.size(); ++i) pdf.VertexAdd(element.VertexX[i], element.VertexY[i]);
       pdf.DrawPolygon();
       break;
-    case ElementKind::kImage: pdf.DrawImage(element.X[0], element.Y[0], element.X[1], element.Y[1], element.Text); break;
+    case ElementKind::kImage:
+      pdf.DrawImage(element.X[0], element.Y[0], element.X[1], element.Y[1], element.Text);
+      break;
   }
 }
 

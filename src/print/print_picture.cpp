@@ -20,7 +20,8 @@ Picture Reduced(const Picture& picture, int factor) {
     for (int column = 0; column < result.width; ++column) {
       uint64_t alpha = 0, sums[3] = {};
       for (int y = row * factor; y < (row + 1) * factor; ++y) {
-        const uint32_t* pixel = &picture.pixels[static_cast<size_t>(y) * static_cast<size_t>(picture.width) + static_cast<size_t>(column * factor)];
+        const uint32_t* pixel =
+            &picture.pixels[static_cast<size_t>(y) * static_cast<size_t>(picture.width) + static_cast<size_t>(column * factor)];
         for (int x = 0; x < factor; ++x, ++pixel) {
           uint64_t cover = *pixel >> 24;
           alpha += cover;

@@ -21,7 +21,9 @@ std::string Without(std::string_view text, char dropped) {
   return kept;
 }
 
-Anchor AnchorOf(int16_t align) { return align == -1 ? Anchor::kRight : align == 1 ? Anchor::kLeft : Anchor::kCentre; }
+Anchor AnchorOf(int16_t align) {
+  return align == -1 ? Anchor::kRight : align == 1 ? Anchor::kLeft : Anchor::kCentre;
+}
 
 }  // namespace
 
@@ -34,9 +36,13 @@ int64_t ClassPRINT::WidthOf(std::string_view cp1250) const {
   return std::llrint(static_cast<double>(WidthAt125OfCp1250(cp1250, FaceOf(font_name_, font_bold_)) * FontHeight()) / kWidthCellHeight);
 }
 
-double ClassPRINT::TextWidthMm(std::string_view text) const { return static_cast<double>(WidthOf(DrawnText(text))) / kPageScale; }
+double ClassPRINT::TextWidthMm(std::string_view text) const {
+  return static_cast<double>(WidthOf(DrawnText(text))) / kPageScale;
+}
 
-double ClassPRINT::LineHeightMm() const { return static_cast<double>(FontHeight()) / kPageScale; }
+double ClassPRINT::LineHeightMm() const {
+  return static_cast<double>(FontHeight()) / kPageScale;
+}
 
 // The text as it stands on the page, in Windows-1250.
 std::string ClassPRINT::DrawnText(std::string_view text) const {
@@ -51,10 +57,11 @@ std::string ClassPRINT::DrawnText(std::string_view text) const {
 int32_t ClassPRINT::LinesOf(std::string_view text, float wrap_width) const {
   if (!(wrap_width > 0)) return 1;
   TextBox box{0, 0, static_cast<int64_t>(std::lrint(double{wrap_width} * kPageScale)), Anchor::kLeft};
-  return std::clamp(const_cast<ClassPRINT*>(this)->WrapParagraphs(DrawnText(text), box, false), 1, kMostLines);
+  return std::clamp(WrapParagraphs(DrawnText(text), box, false), 1, kMostLines);
 }
 
-int32_t ClassPRINT::TEXT_ADD(float x, float y, std::string_view text, int16_t align, Colour colour, float wrap_width, float, bool vertical) {
+int32_t ClassPRINT::TEXT_ADD(float x, float y, std::string_view text, int16_t align, Colour colour, float wrap_width, float,
+                             bool vertical) {
   PageElement* element = NewElement(ElementKind::kText);
   if (!element) return 0;
   element->Text = Without(text, '\x1D');
@@ -82,7 +89,7 @@ int32_t ClassPRINT::TEXT_ADD(float x, float y, std::string_view text, int16_t al
 }
 
 // The number of lines; the next paragraph starts below the lines of the one before.
-int32_t ClassPRINT::WrapParagraphs(std::string_view cp1250, TextBox box, bool draw) {
+int32_t ClassPRINT::WrapParagraphs(std::string_view cp1250, TextBox box, bool draw) const {
   int32_t lines = 0;
   for (const std::string& paragraph : Paragraphs(cp1250)) {
     int32_t used = WrapWords(Trim(paragraph) + ' ', box, draw);
@@ -94,7 +101,7 @@ int32_t ClassPRINT::WrapParagraphs(std::string_view cp1250, TextBox box, bool dr
 
 // A word ends at a blank, so two blanks hold an empty word. A word too wide for the box stands on a new line of its own, also at the
 // start of the paragraph, kept.
-int32_t ClassPRINT::WrapWords(std::string_view cp1250, TextBox box, bool draw) {
+int32_t ClassPRINT::WrapWords(std::string_view cp1250, TextBox box, bool draw) const {
   int32_t lines = 1;
   int64_t cursor = box.left, right = box.left + box.width;
   for (size_t start = 0, end; (end = cp1250.find(' ', start)) != std::string_view::npos; start = end + 1) {
@@ -111,9 +118,10 @@ int32_t ClassPRINT::WrapWords(std::string_view cp1250, TextBox box, bool draw) {
   return lines;
 }
 
-void ClassPRINT::RecordText(std::string_view cp1250, int64_t x, int64_t y, Anchor anchor) {
+void ClassPRINT::RecordText(std::string_view cp1250, int64_t x, int64_t y, Anchor anchor) const {
   if (cp1250.empty()) return;
   const std::array<uint8_t, 256>& widths = WidthTable(FaceOf(font_name_, font_bold_));
+  int64_t height = FontHeight();
   std::u16string text;
   std::vector<int32_t> advances;
   int64_t sum = 0, before = 0;
@@ -121,7 +129,7 @@ void ClassPRINT::RecordText(std::string_view cp1250, int64_t x, int64_t y, Ancho
     uint8_t byte = static_cast<uint8_t>(c);
     text += static_cast<char16_t>(CodePointOfCp1250(byte));
     sum += widths[byte];
-    int64_t end = std::llrint(static_cast<double>(sum * FontHeight()) / kWidthCellHeight);
+    int64_t end = std::llrint(static_cast<double>(sum * height) / kWidthCellHeight);
     advances.push_back(static_cast<int32_t>(end - before));
     before = end;
   }

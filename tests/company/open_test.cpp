@@ -1,3 +1,7 @@
+#include <unistd.h>
+
+#include <filesystem>
+
 #include "company/column_widths.h"
 #include "company/company_fixture.h"
 #include "company/list_columns.h"
@@ -105,6 +109,24 @@ TEST_F(CompanyTest, WhatCannotBeOpenedFailsAndIsUpgradedNextTime) {
   surroundings.files.Remove(folder + "db.info");
   EXPECT_FALSE(Open());  // without firma nothing is created
   EXPECT_FALSE(Exists("db.info"));
+}
+
+TEST_F(CompanyTest, AFolderThatMayNotBeWrittenFailsAndStaysAsItIs) {
+  namespace fs = std::filesystem;
+  ASSERT_TRUE(Create());
+  fs::permissions(surroundings.folder.path(), fs::perms(0755));
+  for (const auto& entry : fs::directory_iterator(folder)) fs::permissions(entry.path(), fs::perms(0444));
+  fs::permissions(folder, fs::perms(0555));
+  const bool root = geteuid() == 0;
+  ASSERT_EQ(root ? seteuid(65534) : 0, 0);  // root writes whatever the permissions say
+  EXPECT_FALSE(Open());
+  EXPECT_FALSE(Test());
+  surroundings.files.Remove(folder + "waluty.ovd");
+  EXPECT_TRUE(Exists("waluty.ovd"));
+  ASSERT_EQ(root ? seteuid(0) : 0, 0);
+  fs::permissions(folder, fs::perms(0755));
+  EXPECT_FALSE(Exists("db.info"));
+  EXPECT_EQ(OpenTables(), 0u);
 }
 
 TEST_F(CompanyTest, TheUserIsToldOfWhatABrokenStructureChangeLeft) {

@@ -102,7 +102,7 @@ TEST_F(TableTest, OrdersFoldTextsAndLeaveTheRestToTheirSize) {
   auto table = FilledGoods();
   AddGoods(*table, "ćma", "-5", -7, "1999-12-31");
   AddGoods(*table, "102", "2", 4, "2008-03-06");
-  AddGoods(*table, "11", "2,01", 5, "");
+  AddGoods(*table, "11", "2,01", 5, "2008-03-07");
   const struct { const char* field; int order; std::vector<int32_t> records; } rows[] = {
       {"NAZWA", ordAsc, {7, 8, 6, 3, 2, 1, 5, 4}},
       {"nazwa", ordDesc, {4, 5, 1, 2, 3, 6, 8, 7}},

@@ -30,7 +30,8 @@ inline std::string FileContent(const std::string& path) {
 
 inline std::vector<std::string> PdfLines(const std::string& bytes) {
   std::vector<std::string> lines;
-  for (size_t start = 0, end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) lines.push_back(bytes.substr(start, end - start));
+  for (size_t start = 0, end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2)
+    lines.push_back(bytes.substr(start, end - start));
   return lines;
 }
 

@@ -1,11 +1,10 @@
-#include "print/print.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/recording_canvas.h"
 #include "print/page_file.h"
 #include "print/pdf_reader.h"
+#include "print/print.h"
 #include "support/test_platform.h"
 
 namespace ostrinka {
@@ -106,8 +105,16 @@ TEST_F(ClassPrintTest, SheetComesFromThePrinterOrStandsAtItsDefault) {
   EXPECT_EQ(print->Page_Height(3), 0);
 
   PaperPrinter printer;
-  Platform platform{surroundings.files,  surroundings.ui,       surroundings.clock,    surroundings.random, surroundings.waiter,
-                    printer,             surroundings.pictures, surroundings.download, surroundings.serial, surroundings.platform.application_folder,
+  Platform platform{surroundings.files,
+                    surroundings.ui,
+                    surroundings.clock,
+                    surroundings.random,
+                    surroundings.waiter,
+                    printer,
+                    surroundings.pictures,
+                    surroundings.download,
+                    surroundings.serial,
+                    surroundings.platform.application_folder,
                     surroundings.platform.user_settings};
   Program other(platform);
   ClassPRINT job(other);
@@ -172,7 +179,13 @@ TEST_F(ClassPrintTest, APlainTextIsDrawnOnceAndStoredLower) {
 
 // Courier at size 30: a character is 66 * 20 units wide, 5.28 mm, a line 10 mm high.
 TEST_F(ClassPrintTest, WrappingOnThePage) {
-  const struct { const char* text; float width; std::vector<std::string> words; std::vector<std::pair<int, int>> places; int lines; } rows[] = {
+  const struct {
+    const char* text;
+    float width;
+    std::vector<std::string> words;
+    std::vector<std::pair<int, int>> places;
+    int lines;
+  } rows[] = {
       {"ab cd", 50, {"ab ", "cd "}, {{0, 0}, {158, 0}}, 1},
       {"ab cd", 31.69f, {"ab ", "cd "}, {{0, 0}, {158, 0}}, 1},
       {"ab cd", 31.68f, {"ab ", "cd "}, {{0, 0}, {0, 100}}, 2},  // strictly inside: as wide as the box does not fit
@@ -216,11 +229,16 @@ TEST_F(ClassPrintTest, AWrappedTextKeepsItsAnchorOnlyWhenItFits) {
 
 TEST_F(ClassPrintTest, WrappingInThePdf) {
   // Size 30: 24 in the element, 7.992 in the PDF; a Courier character is 66 * 0.07992 = 5.275 mm wide, lines are 10.2 mm apart.
-  const struct { const char* text; float width; std::vector<std::string> words; std::vector<std::pair<int, int>> places; } rows[] = {
+  const struct {
+    const char* text;
+    float width;
+    std::vector<std::string> words;
+    std::vector<std::pair<int, int>> places;
+  } rows[] = {
       {"ab cd", 0, {"ab cd"}, {{0, 0}}},
-      {"ab cd", 27, {"ab cd"}, {{0, 0}}},                                 // 26.4 mm wide: whole
-      {"ab cd", 26, {"ab ", "cd "}, {{0, 0}, {0, 102}}},                   // words with their blanks and 1 mm in hand
-      {"abcdefgh x", 20, {"abcdefgh ", "x "}, {{0, 0}, {0, 102}}},          // no break before the first word
+      {"ab cd", 27, {"ab cd"}, {{0, 0}}},                           // 26.4 mm wide: whole
+      {"ab cd", 26, {"ab ", "cd "}, {{0, 0}, {0, 102}}},            // words with their blanks and 1 mm in hand
+      {"abcdefgh x", 20, {"abcdefgh ", "x "}, {{0, 0}, {0, 102}}},  // no break before the first word
       {"abcdefgh", 20, {"abcdefgh "}, {{0, 0}}},
       {" a\r\nb\n\n%p %m", 50, {" a", "b", "", "1 %m"}, {{0, 0}, {0, 102}, {0, 204}, {0, 306}}},
   };
@@ -269,9 +287,13 @@ TEST_F(ClassPrintTest, VerticalTextWithAWrapWidthIsTurnedInThePdfAlone) {
 
 TEST_F(ClassPrintTest, EachFaceHasItsFontInThePdf) {
   print->BEGIN_PAGE(false);
-  const struct { const char* name; bool bold; int font; } rows[] = {
-      {"Arial CE", false, 1}, {"Arial CE", true, 2}, {" Courier New ", false, 3}, {"courier", true, 4}, {"Tahoma", false, 5}, {"TAHOMA", true, 6},
-      {"Verdana", true, 2},
+  const struct {
+    const char* name;
+    bool bold;
+    int font;
+  } rows[] = {
+      {"Arial CE", false, 1}, {"Arial CE", true, 2}, {" Courier New ", false, 3}, {"courier", true, 4},
+      {"Tahoma", false, 5},   {"TAHOMA", true, 6},   {"Verdana", true, 2},
   };
   for (const auto& row : rows) {
     print->FONT_NAME(row.name);
@@ -384,8 +406,16 @@ TEST_F(ClassPrintTest, FieldsOfATableHead) {
 
 TEST_F(ClassPrintTest, APictureIsDecodedOnceAndMadeNoFinerThanPaper) {
   OnePicture pictures;
-  Platform platform{surroundings.files,   surroundings.ui, surroundings.clock,    surroundings.random, surroundings.waiter,
-                    surroundings.printer, pictures,        surroundings.download, surroundings.serial, surroundings.platform.application_folder,
+  Platform platform{surroundings.files,
+                    surroundings.ui,
+                    surroundings.clock,
+                    surroundings.random,
+                    surroundings.waiter,
+                    surroundings.printer,
+                    pictures,
+                    surroundings.download,
+                    surroundings.serial,
+                    surroundings.platform.application_folder,
                     surroundings.platform.user_settings};
   Program other(platform);
   ClassPRINT job(other);

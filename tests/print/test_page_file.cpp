@@ -1,10 +1,9 @@
-#include "print/page_file.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "base/bytes.h"
 #include "platform/recording_canvas.h"
+#include "print/page_file.h"
 
 namespace ostrinka {
 namespace {
@@ -80,13 +79,27 @@ TEST(PageFile, RecordsHaveTheSizesThatOtherPlayersExpect) {
   for (const auto& [type, record] : Records(SampleFile())) {
     size_t characters = type == EmfRecord::kText ? LoadLe<uint32_t>(record.data() + 44) : 0;
     switch (type) {
-      case EmfRecord::kCreatePen: EXPECT_EQ(record.size(), 28u); break;
-      case EmfRecord::kCreateBrush: EXPECT_EQ(record.size(), 24u); break;
-      case EmfRecord::kCreateFont: EXPECT_EQ(record.size(), 332u); EXPECT_EQ(record[35], '\xEE'); break;
-      case EmfRecord::kText: EXPECT_EQ(record.size(), (76 + 2 * characters + 3) / 4 * 4 + 4 * characters); break;
-      case EmfRecord::kPicture: EXPECT_EQ(record.size(), 120u + 2 * 12); break;
-      case EmfRecord::kPolygon: EXPECT_EQ(record.size(), 28u + 8 * 3); break;
-      default: break;
+      case EmfRecord::kCreatePen:
+        EXPECT_EQ(record.size(), 28u);
+        break;
+      case EmfRecord::kCreateBrush:
+        EXPECT_EQ(record.size(), 24u);
+        break;
+      case EmfRecord::kCreateFont:
+        EXPECT_EQ(record.size(), 332u);
+        EXPECT_EQ(record[35], '\xEE');
+        break;
+      case EmfRecord::kText:
+        EXPECT_EQ(record.size(), (76 + 2 * characters + 3) / 4 * 4 + 4 * characters);
+        break;
+      case EmfRecord::kPicture:
+        EXPECT_EQ(record.size(), 120u + 2 * 12);
+        break;
+      case EmfRecord::kPolygon:
+        EXPECT_EQ(record.size(), 28u + 8 * 3);
+        break;
+      default:
+        break;
     }
   }
 }
@@ -193,29 +206,27 @@ TEST(PageFile, RecordsThatLieEndThePlaying) {
     StoreLe(&file[static_cast<size_t>(record.data() - file.data()) + at], value);
     return file;
   };
-  const struct { EmfRecord type; size_t at; uint32_t value; } rows[] = {
-      {EmfRecord::kHeader, 40, 0},                 // signature
-      {EmfRecord::kHeader, 32, 0},                 // a frame without width
-      {EmfRecord::kHeader, 56, 2},                 // fewer handles than used
-      {EmfRecord::kMapMode, 8, 8},
-      {EmfRecord::kCreatePen, 4, 24},              // shorter than its fields
-      {EmfRecord::kCreatePen, 8, 70000},
-      {EmfRecord::kSelectObject, 8, 3},            // nothing made under that handle
-      {EmfRecord::kDeleteObject, 8, 0},
-      {EmfRecord::kPolyline, 24, 4},               // one point more than there are
-      {EmfRecord::kPolygon, 24, 0xFFFFFFFF},
-      {EmfRecord::kText, 44, 5},
-      {EmfRecord::kText, 44, 0x80000001},
-      {EmfRecord::kText, 48, 0xFFFFFFFF},
-      {EmfRecord::kText, 72, 0xFFFFFFF0},
-      {EmfRecord::kPicture, 84, 0x7FFFFFFF},       // columns
-      {EmfRecord::kPicture, 88, 3},                // rows
-      {EmfRecord::kPicture, 56, 124},              // bits
-      {EmfRecord::kPicture, 48, 0xFFFFFFF0},       // bitmap header
+  const struct {
+    EmfRecord type;
+    size_t at;
+    uint32_t value;
+  } rows[] = {
+      {EmfRecord::kHeader, 40, 0},                                              // signature
+      {EmfRecord::kHeader, 32, 0},                                              // a frame without width
+      {EmfRecord::kHeader, 56, 2},                                              // fewer handles than used
+      {EmfRecord::kMapMode, 8, 8},           {EmfRecord::kCreatePen, 4, 24},    // shorter than its fields
+      {EmfRecord::kCreatePen, 8, 70000},     {EmfRecord::kSelectObject, 8, 3},  // nothing made under that handle
+      {EmfRecord::kDeleteObject, 8, 0},      {EmfRecord::kPolyline, 24, 4},     // one point more than there are
+      {EmfRecord::kPolygon, 24, 0xFFFFFFFF}, {EmfRecord::kText, 44, 5},          {EmfRecord::kText, 44, 0x80000001},
+      {EmfRecord::kText, 48, 0xFFFFFFFF},    {EmfRecord::kText, 72, 0xFFFFFFF0}, {EmfRecord::kPicture, 84, 0x7FFFFFFF},  // columns
+      {EmfRecord::kPicture, 88, 3},                                                                                      // rows
+      {EmfRecord::kPicture, 56, 124},                                                                                    // bits
+      {EmfRecord::kPicture, 48, 0xFFFFFFF0},                                                                             // bitmap header
   };
   for (const auto& row : rows) {
     TestCanvas canvas;
-    EXPECT_FALSE(PlayPageFile(with(row.type, row.at, row.value), canvas, {0, 0, 2100, 2970})) << static_cast<int>(row.type) << " at " << row.at;
+    EXPECT_FALSE(PlayPageFile(with(row.type, row.at, row.value), canvas, {0, 0, 2100, 2970}))
+        << static_cast<int>(row.type) << " at " << row.at;
   }
 }
 

@@ -1,11 +1,10 @@
-#include "print/pdf.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
 #include "base/bytes.h"
+#include "print/pdf.h"
 #include "print/pdf_reader.h"
 #include "support/test_platform.h"
 
@@ -98,9 +97,19 @@ TEST_F(PdfTest, ShapesAreWrittenInPdfUnitsFromTheBottomLeft) {
 }
 
 TEST_F(PdfTest, EachStyleHasItsDashAndWidth) {
-  const struct { int style; const char* dash; const char* width; } rows[] = {
-      {0, "[] 0 d", "0.283"}, {1, "[ 10 5 ] 0 d", "0.283"}, {2, "[ 3 3 ] 0 d", "1.417"}, {3, "[ 8 7 2 7 ] 0 d", "2.833"},
-      {4, "[ 8 4 2 4 2 4 ] 0 d", "4.250"}, {5, "[] 0 d", "5.667"}, {6, "[] 0 d", "0.283"}, {-1, "[] 0 d", "0.283"},
+  const struct {
+    int style;
+    const char* dash;
+    const char* width;
+  } rows[] = {
+      {0, "[] 0 d", "0.283"},
+      {1, "[ 10 5 ] 0 d", "0.283"},
+      {2, "[ 3 3 ] 0 d", "1.417"},
+      {3, "[ 8 7 2 7 ] 0 d", "2.833"},
+      {4, "[ 8 4 2 4 2 4 ] 0 d", "4.250"},
+      {5, "[] 0 d", "5.667"},
+      {6, "[] 0 d", "0.283"},
+      {-1, "[] 0 d", "0.283"},
   };
   for (const auto& row : rows) {
     StartPage();
@@ -114,9 +123,11 @@ TEST_F(PdfTest, EachStyleHasItsDashAndWidth) {
 
 // The quick way of writing a number must agree with the general formatter, ties and signs among them.
 TEST_F(PdfTest, NumbersAgreeWithTheFormatterAndHaveAPointInAnyLocale) {
-  std::vector<double> values = {0, -0.0, 0.0005, 0.0015, 1.0005, 2.0005, 8.3325, -8.3325, 1.2345, 1.2355, -0.0004, -0.0005, 594.9999833,
-                                0.4995, 0.9995, 999.9995, 123456.7895, 1e5 + 0.0005, 1e9, 12345678901.5, 1e300, 99999.99949999, 5e-324};
-  for (int i = -20000; i < 20000; i += 7) values.push_back(i / 16.0 / 125), values.push_back(i * 0.0005), values.push_back(i * 2.8333332538604736);
+  std::vector<double> values = {0,           -0.0,         0.0005,  0.0015,        1.0005,      2.0005,         8.3325, -8.3325,
+                                1.2345,      1.2355,       -0.0004, -0.0005,       594.9999833, 0.4995,         0.9995, 999.9995,
+                                123456.7895, 1e5 + 0.0005, 1e9,     12345678901.5, 1e300,       99999.99949999, 5e-324};
+  for (int i = -20000; i < 20000; i += 7)
+    values.push_back(i / 16.0 / 125), values.push_back(i * 0.0005), values.push_back(i * 2.8333332538604736);
   Locale english = Locale::Polish();
   english.decimal = '.';
   ClassPDF other(files, english);
@@ -130,13 +141,18 @@ TEST_F(PdfTest, NumbersAgreeWithTheFormatterAndHaveAPointInAnyLocale) {
 }
 
 TEST_F(PdfTest, TextIsWrittenAsGlyphNumbers) {
-  const struct { std::string text, codes; } rows[] = {
+  const struct {
+    std::string text, codes;
+  } rows[] = {
       {"ŻÓŁĆ", "012900CF00E000FB"},
       {"ąćęłńóśźż", "010500FC010A00E101140079011E0128012A"},
       {"ĄĆĘŁŃÓŚŹŻ", "010400FB010900E0011300CF011D01270129"},
       {" Az~", "00030024005D0061"},
       {"ß§`´üÜöÖäÄ€", "008900680043008D00810068007C0067006C006200BC"},
-      {std::string("a\x1D" "b\t\r\x1E", 6), "00440045000000000001"},
+      {std::string("a\x1D"
+                   "b\t\r\x1E",
+                   6),
+       "00440045000000000001"},
       {"ě日", "00CF0022"},  // by the rule, and a letter that Windows-1250 lacks
   };
   for (const auto& row : rows) {
@@ -151,7 +167,11 @@ TEST_F(PdfTest, TextIsWrittenAsGlyphNumbers) {
 
 TEST_F(PdfTest, TextStandsBelowItsTopAndByItsAnchor) {
   // "AA" is 150 wide; size 4: 6 mm, baseline (4 - 0.5) * 2.975 below the top.
-  const struct { int align; double angle; const char* place; } rows[] = {
+  const struct {
+    int align;
+    double angle;
+    const char* place;
+  } rows[] = {
       {1, 0, "283.333 547.754 Td"},
       {0, 0, "274.833 547.754 Td"},
       {-1, 0, "266.333 547.754 Td"},
@@ -175,11 +195,14 @@ TEST_F(PdfTest, FontsTakeThreeObjectsWithOneOffsetBehindThem) {
   pdf.PageAdd(210, 297);
   pdf.DrawText("x", 2, 4, 1, 1, 1, 0);
   std::string bytes = Saved();
-  EXPECT_THAT(bytes, HasSubstr("6 0 obj\r\n<<\r\n/Type /Font\r\n/BaseFont /Courier#20New,Bold\r\n/Subtype /Type0\r\n/Encoding /Identity-H\r\n"
-                               "/DescendantFonts [ 7 0 R ]\r\n>>\r\nendobj\r\n7 0 obj\r\n"));
-  EXPECT_THAT(bytes, HasSubstr("/MediaBox [ 0 0 595.000 841.500 ]\r\n/Contents 10 0 R\r\n/Resources <<\r\n"
-                               "/ProcSet [ /PDF /Text /ImageB /ImageC /ImageI ]\r\n/Font\r\n<<\r\n/F1 3 0 R\r\n/F2 6 0 R\r\n>>\r\n/XObject\r\n<<\r\n"
-                               ">>\r\n>>\r\n/Parent 2 0 R\r\n>>\r\nendobj\r\n"));
+  EXPECT_THAT(bytes,
+              HasSubstr("6 0 obj\r\n<<\r\n/Type /Font\r\n/BaseFont /Courier#20New,Bold\r\n/Subtype /Type0\r\n/Encoding /Identity-H\r\n"
+                        "/DescendantFonts [ 7 0 R ]\r\n>>\r\nendobj\r\n7 0 obj\r\n"));
+  EXPECT_THAT(
+      bytes,
+      HasSubstr("/MediaBox [ 0 0 595.000 841.500 ]\r\n/Contents 10 0 R\r\n/Resources <<\r\n"
+                "/ProcSet [ /PDF /Text /ImageB /ImageC /ImageI ]\r\n/Font\r\n<<\r\n/F1 3 0 R\r\n/F2 6 0 R\r\n>>\r\n/XObject\r\n<<\r\n"
+                ">>\r\n>>\r\n/Parent 2 0 R\r\n>>\r\nendobj\r\n"));
   EXPECT_THAT(bytes, HasSubstr("\r\n0 10\r\n"));
   // Widths: space, A, the letter é by a rule of its own, the last by the substitute.
   size_t start = bytes.find("/W [ 0 [ ") + 9;
@@ -211,9 +234,10 @@ TEST_F(PdfTest, BitmapRowsAreTakenInFileOrder) {
   pdf.DrawImage(10, 20, 30, 40, WriteFile("logo.bmp", Bitmap(3, 2, 24)));
   std::string bytes = Saved();
   EXPECT_EQ(PdfPages(bytes).at(0), "q\r\n56.667 0 0 -56.667 28.333 784.833 cm\r\n/Image1 Do\r\nQ\r\n%IMAGE/%\r\n");
-  EXPECT_THAT(bytes, HasSubstr("8 0 obj\r\n<<\r\n/Type /XObject\r\n/Subtype /Image\r\n/Name /Image1\r\n/Width 3\r\n/Height 2\r\n"
-                               "/BitsPerComponent 8\r\n/ColorSpace /DeviceRGB\r\n/ImageMask false\r\n/Length 0\r\n/Filter /AHx\r\n"
-                               "/BitsPerComponent 8\r\n>>\r\nstream\r\n020100050403080706\r\n0E0D0C11100F141312\r\n\r\nendstream\r\nendobj\r\n"));
+  EXPECT_THAT(bytes,
+              HasSubstr("8 0 obj\r\n<<\r\n/Type /XObject\r\n/Subtype /Image\r\n/Name /Image1\r\n/Width 3\r\n/Height 2\r\n"
+                        "/BitsPerComponent 8\r\n/ColorSpace /DeviceRGB\r\n/ImageMask false\r\n/Length 0\r\n/Filter /AHx\r\n"
+                        "/BitsPerComponent 8\r\n>>\r\nstream\r\n020100050403080706\r\n0E0D0C11100F141312\r\n\r\nendstream\r\nendobj\r\n"));
   EXPECT_THAT(bytes, HasSubstr("/XObject\r\n<<\r\n/Image1 8 0 R\r\n>>"));
 }
 
@@ -228,8 +252,12 @@ TEST_F(PdfTest, APictureThatIsNoBitmapIsSkipped) {
 }
 
 TEST_F(PdfTest, ALyingBitmapGivesTheRowsItHas) {
-  const struct { int32_t width, height; size_t bytes, digits; } rows[] = {
-      {3, 2147483647, 24, 36}, {2147483647, 2147483647, 24, 0}, {-3, 2, 24, 0}, {3, -2, 24, 0}, {0, 5, 24, 0}, {3, 2, 21, 36}, {3, 2, 20, 18},
+  const struct {
+    int32_t width, height;
+    size_t bytes, digits;
+  } rows[] = {
+      {3, 2147483647, 24, 36}, {2147483647, 2147483647, 24, 0}, {-3, 2, 24, 0}, {3, -2, 24, 0}, {0, 5, 24, 0}, {3, 2, 21, 36},
+      {3, 2, 20, 18},
   };
   for (const auto& row : rows) {
     StartPage();

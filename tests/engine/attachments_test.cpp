@@ -1,0 +1,129 @@
+#include "engine/table_fixture.h"
+
+namespace ostrinka {
+namespace {
+
+class AttachmentTest : public TableTest {
+ protected:
+  std::unique_ptr<ClassQDBASE> table;
+  std::string memo = path + ".memo";
+
+  void SetUp() override {
+    Goods()->FIELD_ADD("PLIKI", kMemo, 0, "", "");
+    auto goods = Open(path);
+    AddGoods(*goods, "Hak", "1", 1, "2008-01-01");
+    AddGoods(*goods, "Młot", "1", 1, "2008-01-01");
+    goods.reset();
+    table = Open(path);
+  }
+  bool Attach(int32_t record, const std::string& name, const std::string& content) {
+    SetBytes(surroundings.folder / name, content);
+    return table->RECORD_POSITION(record) && table->MEMO_ADD("PLIKI", surroundings.folder / name);
+  }
+  // What opening an attachment gives: its content, or "-" when it fails.
+  std::string Opened(int32_t record, int index) {
+    table->RECORD_POSITION(record);
+    surroundings.ui.opened.clear();
+    if (!table->MEMO_EXEC("pliki", index)) return "-";
+    const std::string file = surroundings.ui.opened.at(0), content = Bytes(file);
+    std::filesystem::remove(file);
+    return std::filesystem::path(file).filename().string() + ": " + content;
+  }
+};
+
+TEST_F(AttachmentTest, AnEntryLiesInTheCompanionAsTheFormatHasIt) {
+  ASSERT_TRUE(Attach(2, "umowa ź.txt", "hello"));
+  const std::string bytes = Bytes(memo);
+  ASSERT_EQ(bytes.size(), 291u);
+  EXPECT_EQ(bytes.substr(0, 12), ToCp1250("umowa ź.txt") + " ");
+  EXPECT_EQ(bytes[255], ' ');
+  EXPECT_EQ(LoadLe<int32_t>(&bytes[256]), 5);
+  EXPECT_EQ(LoadLe<int16_t>(&bytes[260]), -1);
+  EXPECT_EQ(bytes.substr(262, 16), "PLIKI           ");
+  EXPECT_EQ(LoadLe<int32_t>(&bytes[278]), 2);
+  EXPECT_EQ(LoadLe<int32_t>(&bytes[282]), 292);
+  EXPECT_EQ(bytes.substr(286), "hello");
+  table->RECORD_LOAD(2);
+  EXPECT_EQ(table->Int("PLIKI"), 1);
+  EXPECT_EQ(Opened(2, 1), "umowa ź.txt: hello");
+  EXPECT_EQ(Opened(1, 1), "-") << "of another record";
+}
+
+TEST_F(AttachmentTest, SizesAreBounded) {
+  EXPECT_FALSE(Attach(1, "empty", ""));
+  EXPECT_FALSE(Attach(1, "large", std::string(10'000'001, 'x')));
+  EXPECT_FALSE(table->MEMO_ADD("PLIKI", surroundings.folder / "missing"));
+  EXPECT_EQ(Bytes(memo).size(), 0u);
+  EXPECT_TRUE(Attach(1, "just", std::string(10'000'000, 'x')));
+  EXPECT_FALSE(table->MEMO_ADD("NAZWA", surroundings.folder / "just"));
+  EXPECT_FALSE(table->MEMO_ADD("BRAK", surroundings.folder / "just"));
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field name >");
+}
+
+TEST_F(AttachmentTest, AFreedBlockIsUsedAgainAndCompressionGivesTheRestBack) {
+  Attach(1, "a", "aaaaaaaaaa");
+  Attach(2, "b", "bbbb");
+  Attach(1, "c", "cc");
+  EXPECT_FALSE(table->MEMO_DEL("PLIKI", 2)) << "it belongs to record 2";
+  EXPECT_TRUE(table->MEMO_DEL("PLIKI", 1));
+  EXPECT_EQ(Opened(1, 1), "-");
+  const size_t size = Bytes(memo).size();
+  Attach(2, "d", "ddd");
+  EXPECT_EQ(Bytes(memo).size(), size);
+  EXPECT_EQ(Opened(2, 1), "d: ddd");
+  EXPECT_EQ(Opened(2, 2), "b: bbbb");
+  EXPECT_TRUE(table->MEMO_DEL("PLIKI", 2));
+  auto other = Closed();
+  EXPECT_TRUE(other->MEMO_FILE_COMPRESS_(memo));
+  EXPECT_EQ(Bytes(memo).size(), 286u * 2 + 3 + 2);
+  EXPECT_FALSE(surroundings.files.FileExists(memo + ".temp"));
+  EXPECT_EQ(Opened(2, 1), "d: ddd");
+  EXPECT_EQ(Opened(1, 2), "c: cc");
+  const std::string compact = Bytes(memo);
+  EXPECT_TRUE(table->MEMO_FILE_COMPRESS_());
+  EXPECT_TRUE(Bytes(memo) == compact);
+}
+
+TEST_F(AttachmentTest, AHostileChainEndsAndANameLosesItsFolders) {
+  Attach(1, "a", "aaaa");
+  Attach(1, "b", "bbbb");
+  const std::string good = Bytes(memo);
+  const struct { const char* what; size_t at; int32_t value; } rows[] = {
+      {"second points to the first", 290 + 282, 1}, {"second points to itself", 290 + 282, 291}, {"first points into itself", 282, 100},
+      {"negative", 282, -5},                        {"size beyond the file", 256, 1 << 30},      {"negative size", 256, -1},
+  };
+  for (const auto& row : rows) {
+    std::string bytes = good;
+    StoreLe<int32_t>(&bytes[row.at], row.value);
+    SetBytes(memo, bytes);
+    EXPECT_EQ(Opened(1, 3), "-") << row.what;
+    Opened(1, 1);
+    EXPECT_TRUE(Attach(2, "c", "cc")) << row.what;
+    table->MEMO_DEL("PLIKI", 1);
+    table->MEMO_FILE_COMPRESS_();
+  }
+  for (size_t length = 0; length < good.size(); length += 37) {
+    SetBytes(memo, good.substr(0, length));
+    EXPECT_EQ(Opened(1, 2), "-") << length;
+    EXPECT_TRUE(Attach(2, "c", "cc"));
+  }
+  std::string bytes = good;
+  bytes.replace(0, 20, "..\\../x/etc/evil.txt");
+  SetBytes(memo, bytes);
+  EXPECT_EQ(Opened(1, 1), "evil.txt: aaaa");
+  bytes.replace(0, 20, "..                  ");
+  SetBytes(memo, bytes);
+  EXPECT_EQ(Opened(1, 1), "-");
+}
+
+TEST_F(AttachmentTest, AChainCutShortStillTakesWhatComes) {
+  Attach(1, "a", "aaaa");
+  Attach(1, "b", "bbbb");
+  SetBytes(memo, Bytes(memo).substr(0, 290 + 288));
+  ASSERT_TRUE(Attach(1, "c", "cc"));
+  EXPECT_EQ(Opened(1, 3), "c: cc");
+  EXPECT_EQ(Opened(1, 1), "a: aaaa");
+}
+
+}  // namespace
+}  // namespace ostrinka

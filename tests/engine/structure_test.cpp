@@ -1,0 +1,230 @@
+#include "engine/failing_files.h"
+#include "engine/table_fixture.h"
+
+namespace ostrinka {
+namespace {
+
+TEST_F(TableTest, FieldDefinitionsAreRefusedWithTheirReasons) {
+  auto table = Goods();
+  const struct { const char* name; int type, length; const char *file, *field, *message; } rows[] = {
+      {"42", kLong, 0, "", "", "Can't create field < Invalid field name >"},
+      {"A-B", kLong, 0, "", "", "Can't create field < Invalid field name >"},
+      {"A", kLink, 0, "x.ovd", " ", "Can't create field < Invalid link value >"},
+      {"A", kLong, 0, "x.ovd", "", "Can't create field < Wrong number of arguments or invalid property assigment >"},
+      {"", kLong, 0, "", "", "Can't create field < - none - >"},
+      {"abcdefghijklmnopq", kLong, 0, "", "", "Can't create field < - none - >"},
+      {"A", kText, 0, "", "", "Can't create field < Bad field length >"},
+      {"A", kText, 65537, "", "", "Can't create field < Bad field length >"},
+      {" nazwa", kText, 5, "", "", "Can't create field < Field 'NAZWA' already exist >"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_FALSE(table->FIELD_ADD(row.name, row.type, row.length, row.file, row.field)) << row.message;
+    EXPECT_EQ(table->last_error(), row.message);
+  }
+  EXPECT_EQ(table->FIELD_COUNT(), 5);
+  EXPECT_TRUE(table->FIELD_ADD("ąćęłńóśźż_$", kText, 65536, "", ""));
+  EXPECT_EQ(table->FIELD_NAME(6), "ĄĆĘŁŃÓŚŹŻ_$");
+  auto closed = Closed();
+  EXPECT_FALSE(closed->FIELD_ADD("A", kByte, 0, "", ""));
+  EXPECT_EQ(closed->last_error(), "Can't create field < - none - >");
+}
+
+TEST_F(TableTest, TwoHundredFiftySixFieldsFit) {
+  auto table = Create(path);
+  for (int i = 1; i <= 256; ++i) ASSERT_TRUE(table->FIELD_ADD("F" + std::to_string(i), kByte, 0, "", ""));
+  EXPECT_FALSE(table->FIELD_ADD("F257", kByte, 0, "", ""));
+  ASSERT_TRUE(table->RECORD_ADD(std::vector<Value>(256, Value(7))));
+  table = Open(path);
+  ASSERT_TRUE(table->RECORD_LOAD(1));
+  EXPECT_EQ(table->Int("F256"), 7);
+  EXPECT_EQ(table->RECORD_LENGTH(), 258);
+}
+
+TEST_F(TableTest, AddingAFieldKeepsEveryRecordAndStartsItAtZero) {
+  auto table = FilledGoods();
+  table->RECORD_DELETE(4);
+  const std::string before = Bytes(path);
+  ASSERT_TRUE(table->FIELD_ADD("UWAGI", kText, 3, "", ""));
+  const std::string after = Bytes(path);
+  ASSERT_EQ(after.size(), 33807u + 5 * 47);
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(after.substr(33807 + i * 47, 47), before.substr(33807 + i * 44, 44) + std::string(3, '\0')) << i;
+  }
+  EXPECT_EQ(LoadLe<int32_t>(&after[33803]), 5);
+  for (const char* companion : {".temp", ".new", ".try"}) EXPECT_FALSE(surroundings.files.FileExists(path + companion));
+  EXPECT_FALSE(table->RECORD_EXIST(4));
+  AddGoods(*table, "Hak", "1", 1, "2008-01-01");
+  EXPECT_EQ(table->RECORD_COUNT(), 6);
+}
+
+TEST_F(TableTest, DeletingAFieldClosesTheGap) {
+  auto table = FilledGoods();
+  ASSERT_TRUE(table->FIELD_DELETE("cena"));
+  EXPECT_EQ(table->RECORD_LENGTH(), 36);
+  table = Open(path);
+  EXPECT_EQ(Texts(*table, "NAZWA"), (std::vector<std::string>{"Łopata", "Kowalski młot", "Ćwiek", "Zamek", "Montaż"}));
+  EXPECT_EQ(Texts(*table, "ILOSC"), (std::vector<std::string>{"3", "10", "500", "1", "2"}));
+  EXPECT_EQ(Texts(*table, "USLUGA")[4], "True");
+  EXPECT_EQ(LoadLe<int32_t>(Bytes(path).data() + 10247 + 92 + 24), 21) << "the position of the field that moved down";
+  EXPECT_FALSE(table->FIELD_DELETE("CENA"));
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field name >");
+  EXPECT_FALSE(table->FIELD_DELETE(5));
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field number >");
+}
+
+TEST_F(TableTest, ALargeTableIsReshapedInBlocks) {
+  auto table = Create(path);
+  table->FIELD_ADD("A", kLong, 0, "", "");
+  table->FIELD_ADD("T", kText, 4000, "", "");
+  table->RECORD_ADD({1, std::string("first")});
+  std::string bytes = Bytes(path);
+  const std::string record = bytes.substr(33807);
+  std::string many;
+  for (int i = 1; i <= 3001; ++i) {
+    many += record;
+    StoreLe<int32_t>(&many[many.size() - record.size() + 2], i);
+  }
+  SetBytes(path, bytes.substr(0, 33807) + many);
+  table = Open(path);
+  ASSERT_TRUE(table->FIELD_ADD("B", kDouble, 0, "", ""));
+  ASSERT_TRUE(table->FIELD_DELETE("T"));
+  EXPECT_EQ(table->RECORD_COUNT(), 3001);
+  EXPECT_EQ(table->SELECTION("*", "B <> 0", "", ordAsc), 0);
+  for (const int n : {1, 261, 262, 263, 3001}) {
+    ASSERT_TRUE(table->RECORD_LOAD(n));
+    EXPECT_EQ(table->Int("A"), n);
+  }
+}
+
+TEST_F(TableTest, RenamingAndRedefining) {
+  auto table = FilledGoods();
+  EXPECT_TRUE(table->FIELD_RENAME("cena", "Ceną", false));
+  EXPECT_EQ(table->FIELD_NAME(2), "CENĄ");
+  EXPECT_FALSE(table->FIELD_RENAME("CENĄ", "nazwa", false));
+  EXPECT_EQ(table->last_error(), "Can't rename field < Field 'NAZWA' already exist >");
+  EXPECT_FALSE(table->FIELD_RENAME("CENĄ", "a b", false));
+  EXPECT_EQ(table->last_error(), "Can't create field < Invalid field name >");
+  EXPECT_TRUE(table->FIELD_SET(2, "X", kByte, 0)) << "true, though records keep it from changing";
+  EXPECT_EQ(table->FIELD_TYPE(2), kCurrency);
+  EXPECT_FALSE(table->FIELD_SET(6, "X", kByte, 0));
+  {
+    auto other = Open(path);
+    EXPECT_FALSE(table->FIELD_RENAME("CENĄ", "CENA", false)) << "another has it open";
+    EXPECT_TRUE(table->FIELD_RENAME("CENĄ", "CENA", true));
+  }
+  auto empty = Create(surroundings.folder / "pusta.ovd");
+  empty->FIELD_ADD("A", kByte, 0, "", "");
+  empty->FIELD_ADD("B", kByte, 0, "", "");
+  EXPECT_TRUE(empty->FIELD_SET(1, "A", kText, 10));
+  EXPECT_EQ(empty->RECORD_LENGTH(), 13);
+  EXPECT_TRUE(empty->FIELD_DELETE("A"));
+  EXPECT_THAT(empty->columns(), ElementsAre(1));
+}
+
+TEST_F(TableTest, ALinkFieldIsOpenAsSoonAsItIsAddedAndMovesWithItsNumber) {
+  auto groups = Create(surroundings.folder / "grupy.ovd");
+  groups->FIELD_ADD("OPIS", kText, 10, "", "");
+  groups->RECORD_ADD({std::string("stal")});
+  auto table = FilledGoods();
+  ASSERT_TRUE(table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS"));
+  table->RECORD_LOAD(1);
+  table->FIELD("GRUPA", Value(1));
+  table->RECORD_SAVE(1);
+  table->RECORD_LOAD(1);
+  EXPECT_EQ(table->Text("@GRUPA"), "stal");
+  ASSERT_TRUE(table->FIELD_DELETE("CENA"));
+  table->RECORD_LOAD(1);
+  EXPECT_EQ(table->Text("@GRUPA"), "stal");
+  EXPECT_EQ(table->Text("NAZWA"), "Łopata");
+}
+
+class FullDiskTest : public TableTest {
+ protected:
+  FailingFileSystem files;
+  Platform platform{files,
+                    surroundings.ui,
+                    surroundings.clock,
+                    surroundings.random,
+                    surroundings.waiter,
+                    surroundings.printer,
+                    surroundings.pictures,
+                    surroundings.download,
+                    surroundings.serial,
+                    surroundings.platform.application_folder,
+                    surroundings.platform.user_settings};
+  ClassQDBASE table{platform};
+  void SetUp() override {
+    FilledGoods();
+    ASSERT_TRUE(table.DATABASE_OPEN(path, "kreda", "kreda", false, true, false));
+  }
+};
+
+TEST_F(FullDiskTest, AnAddedRecordIsTakenBackWhole) {
+  const std::string before = Bytes(path);
+  for (const int64_t room : {0, 1, 20, 43}) {
+    files.room = room;
+    EXPECT_FALSE(table.RECORD_ADD({std::string("Hak")})) << room;
+    EXPECT_EQ(table.last_error(), "No space left on device < #No space left on device >");
+    EXPECT_TRUE(Bytes(path) == before);
+    EXPECT_EQ(table.RECORD_COUNT(), 5);
+  }
+  files.room = -1;
+  EXPECT_TRUE(table.RECORD_ADD({std::string("Hak")}));
+}
+
+TEST_F(FullDiskTest, AStructureChangeThatBreaksOffBeforeTheDeleteLeavesTheTable) {
+  const std::string before = Bytes(path);
+  const int64_t old_size = static_cast<int64_t>(before.size()), new_size = old_size + 5 * 8;
+  for (const int64_t room : {int64_t{0}, old_size - 1, old_size + 100, old_size + new_size - 1}) {
+    std::filesystem::remove(path + ".temp");
+    std::filesystem::remove(path + ".new");
+    files.room = room;
+    EXPECT_FALSE(table.FIELD_ADD("NOWE", kDouble, 0, "", "")) << room;
+    EXPECT_EQ(table.last_error_code(), 0);
+    EXPECT_TRUE(Bytes(path) == before) << room;
+    EXPECT_TRUE(table.IsOpen());
+    EXPECT_EQ(table.FIELD_COUNT(), 5);
+    EXPECT_TRUE(files.FileExists(path + ".temp"));
+  }
+  EXPECT_THAT(files.removed, IsEmpty());
+  files.room = -1;
+  EXPECT_TRUE(table.FIELD_ADD("NOWE", kDouble, 0, "", ""));
+  EXPECT_THAT(files.removed, ElementsAre(path, path + ".temp", path + ".new"));
+}
+
+TEST_F(FullDiskTest, AfterTheDeleteTheDataStandInTheCompanions) {
+  const std::string before = Bytes(path);
+  // Both companions and half of the header.
+  files.room = static_cast<int64_t>(before.size() * 2 - 5 * 8 + 20000);
+  EXPECT_FALSE(table.FIELD_DELETE("CENA"));
+  EXPECT_EQ(files.removed, std::vector<std::string>{path});
+  EXPECT_EQ(Bytes(path).size(), 20000u);
+  EXPECT_TRUE(Bytes(path + ".temp") == before);
+  EXPECT_EQ(Bytes(path + ".new").size(), before.size() - 5 * 8);
+  EXPECT_FALSE(table.IsOpen());
+  // What is left is good enough to go on with.
+  std::filesystem::rename(path + ".new", path);
+  EXPECT_EQ(Texts(*Open(path), "NAZWA").size(), 5u);
+}
+
+TEST_F(FullDiskTest, AReadOnlyFolderRefusesOpeningAndCreating) {
+  files.read_only = true;
+  ClassQDBASE other(platform);
+  EXPECT_FALSE(other.DATABASE_OPEN(path, "kreda", "kreda", false, false, false));
+  EXPECT_EQ(other.last_error_code(), 15);
+  EXPECT_FALSE(other.DATABASE_OPEN(surroundings.folder / "nowa.ovd", "kreda", "kreda", true, false, false));
+  EXPECT_EQ(other.last_error_code(), 0);
+  EXPECT_FALSE(other.IsOpen());
+}
+
+TEST_F(TableTest, LeftOverCompanionsDoNotGetIntoTheNextChange) {
+  auto table = FilledGoods();
+  SetBytes(path + ".temp", std::string(100000, 'x'));
+  SetBytes(path + ".new", std::string(100000, 'x'));
+  ASSERT_TRUE(table->FIELD_ADD("NOWE", kDouble, 0, "", ""));
+  EXPECT_EQ(table->RECORD_COUNT(), 5);
+  EXPECT_EQ(Bytes(path).size(), 33807u + 5 * 52);
+}
+
+}  // namespace
+}  // namespace ostrinka
