@@ -33,6 +33,8 @@ void Require(bool holds, const std::string& what) {
   if (!holds) GiveUp(what);
 }
 
+bool Report::Wants(std::string_view name) const { return name.find(word_) != name.npos; }
+
 void Report::Ratio(const std::string& name, const Pairs& pairs, double at_most) {
   std::vector<double> ratios;
   for (size_t i = 0; i < pairs.ours.size(); ++i) ratios.push_back(pairs.ours[i] / pairs.theirs[i]);

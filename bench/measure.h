@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ostrinka::bench {
@@ -44,7 +45,7 @@ class Report {
  public:
   // Only rows whose name holds `word` are wanted; all when it is empty.
   explicit Report(std::string word) : word_(std::move(word)) {}
-  bool Wants(const std::string& name) const { return name.find(word_) != std::string::npos; }
+  bool Wants(std::string_view name) const;
   // The median of the paired ratios against `at_most`.
   void Ratio(const std::string& name, const Pairs& pairs, double at_most);
   void Figure(const std::string& name, double figure, double at_most, const std::string& remark);

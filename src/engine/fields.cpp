@@ -38,7 +38,7 @@ Value ClassQDBASE::State::LinkValue(int n, int32_t target) {
 
 bool ClassQDBASE::State::ReadField(int32_t record, const FieldDef& field, std::string& bytes) {
   bytes.resize(static_cast<size_t>(layout.record_length()));
-  return InRange(record) && file.ReadBytes(TableFile::RecordAt(record, layout.record_length()) + field.offset, bytes.data() + field.offset,
+  return MayRead(record) && file.ReadBytes(TableFile::RecordAt(record, layout.record_length()) + field.offset, bytes.data() + field.offset,
                                            static_cast<size_t>(field.width));
 }
 

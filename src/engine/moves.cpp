@@ -50,7 +50,7 @@ bool ClassQDBASE::State::MoveToEnd(bool forward) {
 
 bool ClassQDBASE::State::MoveStep(bool forward) {
   const int32_t before = current;
-  int32_t steps = std::max(self.RECORD_COUNT(), 0);
+  recount = true;
   const std::vector<int32_t>& entries = selection.entries();
   const int64_t index = selection.IndexOf(current);
   if (index < 0) {
@@ -62,7 +62,7 @@ bool ClassQDBASE::State::MoveStep(bool forward) {
   }
   const int64_t last = static_cast<int64_t>(entries.size()) - 1, step = forward ? 1 : -1;
   int64_t to = std::clamp<int64_t>(index + step, 0, last);
-  while (steps-- > 0 && !self.RECORD_EXIST(entries[static_cast<size_t>(to)])) {
+  while (!self.RECORD_EXIST(entries[static_cast<size_t>(to)])) {
     const int64_t further = std::clamp<int64_t>(to + step, 0, last);
     if (further == to) break;
     to = further;

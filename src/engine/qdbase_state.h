@@ -59,6 +59,7 @@ struct ClassQDBASE::State {
   int login_slot = 0;
   int32_t current = 0;  // record
   int32_t count = 0;    // of records, as last computed
+  bool recount = false; // the count is due to be read again before a record is called missing
   RecordBuffer buffer;
   RecordList selection;
   std::vector<int> columns;
@@ -108,9 +109,10 @@ struct ClassQDBASE::State {
   // --- records (records.cpp)
   int32_t CountRecords();
   bool InRange(int32_t n) { return file.IsOpen() && CountRecords() >= 1 && n >= 1 && n <= count; }
+  // The same for a read, which fails by itself when the file became shorter: one system call less for a record that was known to be there.
+  bool MayRead(int32_t n);
   bool ReadRecord(int32_t n, std::string& bytes);
   bool WriteRecord(int32_t n, const std::string& bytes);
-  bool Exists(int32_t n);  // without a word on failure
   bool IsLive(int32_t n);
 
   // --- walking (moves.cpp)

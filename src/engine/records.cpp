@@ -1,4 +1,6 @@
 // Records of a table: adding, loading, saving, deleting, locking.
+#include <algorithm>
+
 #include "engine/qdbase_state.h"
 
 namespace ostrinka {
@@ -11,7 +13,15 @@ constexpr char kMismatch[] = "Type mismatch";
 
 int32_t ClassQDBASE::State::CountRecords() {
   count = layout.count() == 0 ? 0 : file.CountRecords(layout.record_length());
+  recount = false;
   return count;
+}
+
+bool ClassQDBASE::State::MayRead(int32_t n) {
+  if (n < 1 || !file.IsOpen() || layout.count() == 0) return false;
+  if (n > count) return CountRecords() >= n;
+  recount = true;
+  return true;
 }
 
 bool ClassQDBASE::State::ReadRecord(int32_t n, std::string& bytes) {
@@ -28,8 +38,6 @@ bool ClassQDBASE::State::IsLive(int32_t n) {
   return file.ReadBytes(TableFile::RecordAt(n, layout.record_length()), status, sizeof status) && status[0] == 0;
 }
 
-bool ClassQDBASE::State::Exists(int32_t n) { return file.IsOpen() && n >= 1 && n <= count && IsLive(n); }
-
 bool ClassQDBASE::RECORD_ADD(const std::vector<Value>& values) {
   State& s = *state_;
   s.Debug("RECORD_ADD");
@@ -43,8 +51,9 @@ bool ClassQDBASE::RECORD_ADD(const std::vector<Value>& values) {
   }
   bytes[0] = bytes[1] = 0;
   const int64_t length = s.file.Size();
-  if (s.CountRecords() == INT32_MAX) return s.Fail(20);
-  const int32_t n = s.count + 1;
+  const int64_t records = std::max<int64_t>(length - kRecordsOffset, 0) / s.layout.record_length();
+  if (length < 0 || records >= INT32_MAX) return s.Fail(20);
+  const int32_t n = static_cast<int32_t>(records) + 1;
   // The record before its number in the header: what fails half-way is taken back.
   if (!s.WriteRecord(n, bytes) || !s.file.WriteCount(n)) {
     const std::string error = s.file.LastError();
@@ -57,7 +66,7 @@ bool ClassQDBASE::RECORD_ADD(const std::vector<Value>& values) {
 
 bool ClassQDBASE::RECORD_LOAD(int32_t n) {
   State& s = *state_;
-  if (s.InRange(n) && s.ReadRecord(n, s.buffer.Room(s.layout.record_length()))) {
+  if (s.MayRead(n) && s.ReadRecord(n, s.buffer.Room(s.layout.record_length()))) {
     s.buffer.Loaded(s.layout.count());
     return true;
   }
@@ -108,6 +117,7 @@ bool ClassQDBASE::RECORD_DELETE(int32_t n) {
 
 bool ClassQDBASE::RECORD_EXIST(int32_t n) {
   State& s = *state_;
+  if (n > s.count && s.recount) s.CountRecords();
   if (!s.file.IsOpen() || n < 1 || n > s.count) return s.Fail(25);
   return s.IsLive(n);
 }
