@@ -80,20 +80,17 @@ std::string doc_reference_text(Program& program, int32_t record) {
 
 namespace {
 
-// The days of a year, or of one of its months, as a half-open range.
-struct Period {
-  Date from, to;
-  Period(Date day, bool monthly) {
-    const YearMonthDay ymd = day.Ymd();
-    from = Date::FromYmd(ymd.year, monthly ? ymd.month : 1, 1).value_or(Date());
-    const int next_month = monthly ? ymd.month + 1 : 13;
-    to = Date::FromYmd(ymd.year + (next_month > 12 ? 1 : 0), next_month > 12 ? 1 : next_month, 1).value_or(Date(3e6));
-  }
-  bool Holds(Date day) const {
-    const Date known = day.IsValid() ? day : Date();
-    return known >= from && known < to;
-  }
-};
+// The condition that picks the documents of a year, or of one of its months.
+std::string DocumentsOfPeriod(Date day, bool monthly) {
+  const YearMonthDay ymd = day.Ymd();
+  const int next_month = monthly ? ymd.month + 1 : 13;
+  const auto from = Date::FromYmd(ymd.year, monthly ? ymd.month : 1, 1);
+  const auto to = Date::FromYmd(ymd.year + (next_month > 12 ? 1 : 0), next_month > 12 ? 1 : next_month, 1);
+  std::string condition = "DATA_WYSTAWIENIA >= " + from.value_or(Date()).Iso();
+  // Nothing lies behind the last year that a date can have.
+  if (to) condition += " AND DATA_WYSTAWIENIA < " + to->Iso();
+  return condition;
+}
 
 // The sets of the types, each type looked up once.
 class Sets {
@@ -113,6 +110,17 @@ class Sets {
   std::map<int32_t, std::optional<int32_t>> known_;
 };
 
+// The largest number in the set `set` among the records that `table` has selected, whose numbers go down; 0 when none is above 0.
+int32_t LargestInSet(ClassQDBASE& table, Sets& sets, std::optional<int32_t> set, int32_t skip) {
+  for (const int32_t record : table.selection()) {
+    if (!table.RECORD_LOAD(record)) continue;
+    const int32_t number = table.Int(".NR_DOK");
+    if (number <= 0) break;
+    if ((skip < 1 || number != skip) && sets.Of(table.Int(".TYP")) == set) return number;
+  }
+  return 0;
+}
+
 }  // namespace
 
 int32_t next_number(Program& program, int table, Date issued, int32_t type_record, int32_t skip) {
@@ -122,22 +130,9 @@ int32_t next_number(Program& program, int table, Date issued, int32_t type_recor
   const auto set = sets.Of(type_record);
   if (!set) return 0;
   const bool monthly = Contains(Upper(Table(program, kDokumentKat).Text("OPCJE")), "+NM");
-  const Period period(issued, monthly);
   PrivateTable documents(program, table);
-  int32_t largest = 0;
-  int32_t last_type = type_record;
-  bool last_counts = true;
-  documents.Walk({"DATA_WYSTAWIENIA", "NR_DOK", "TYP"}, [&](int32_t, const std::vector<Value>& values) {
-    const int32_t number = Int32Or0(values[1]);
-    if (number <= largest || (skip >= 1 && number == skip) || !period.Holds(DateOr0(values[0]))) return true;
-    const int32_t type = Int32Or0(values[2]);
-    if (type != last_type) {
-      last_type = type;
-      last_counts = sets.Of(type) == set;
-    }
-    if (last_counts) largest = number;
-    return true;
-  });
+  documents.table().SELECTION("!", DocumentsOfPeriod(issued, monthly), "NR_DOK", ordDesc);
+  const int32_t largest = LargestInSet(documents.table(), sets, set, skip);
   return largest == INT32_MAX ? largest : largest + 1;
 }
 
@@ -145,10 +140,7 @@ int32_t new_document_id(Program& program) {
   PrivateTable documents(program, kDokSprzed);
   for (;;) {
     const auto id = static_cast<int32_t>(program.platform.random.Fraction() * (1 << 30));
-    if (id < 1) continue;
-    bool taken = false;
-    documents.Walk({"ID_DOK"}, [&](int32_t, const std::vector<Value>& values) { return !(taken = Int32Or0(values[0]) == id); });
-    if (!taken) return id;
+    if (id >= 1 && documents.table().SELECTION("!", "ID_DOK = " + std::to_string(id), "", ordAsc) == 0) return id;
   }
 }
 

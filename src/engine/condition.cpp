@@ -23,12 +23,15 @@ struct OperatorText {
   Operator operation;
 };
 constexpr OperatorText kOperators[] = {
-    {"=", Operator::kEqual},        {"<>", Operator::kNotEqual},      {"<", Operator::kLess},     {">", Operator::kGreater},
-    {"<=", Operator::kLessOrEqual}, {"=<", Operator::kLessOrEqual},   {">=", Operator::kGreaterOrEqual},
-    {"=>", Operator::kGreaterOrEqual}, {"#", Operator::kContains},    {"~#", Operator::kLacks},
+    {"=", Operator::kEqual},           {"<>", Operator::kNotEqual},       {"<", Operator::kLess},
+    {">", Operator::kGreater},         {"<=", Operator::kLessOrEqual},    {"=<", Operator::kLessOrEqual},
+    {">=", Operator::kGreaterOrEqual}, {"=>", Operator::kGreaterOrEqual}, {"#", Operator::kContains},
+    {"~#", Operator::kLacks},
 };
 
-bool IsOperatorCharacter(char c) { return c == '=' || c == '<' || c == '>' || c == '~' || c == '#'; }
+bool IsOperatorCharacter(char c) {
+  return c == '=' || c == '<' || c == '>' || c == '~' || c == '#';
+}
 
 char UpperByte(char c) {
   static const std::array<char, 256> kTable = [] {
@@ -113,24 +116,35 @@ ConditionTerm ParseTerm(const std::string& joiner, const std::string& text) {
 
 bool ByOrder(Operator operation, int order) {
   switch (operation) {
-    case Operator::kEqual: return order == 0;
-    case Operator::kNotEqual: return order != 0;
-    case Operator::kLess: return order < 0;
-    case Operator::kGreater: return order > 0;
-    case Operator::kLessOrEqual: return order <= 0;
-    case Operator::kGreaterOrEqual: return order >= 0;
-    default: return false;
+    case Operator::kEqual:
+      return order == 0;
+    case Operator::kNotEqual:
+      return order != 0;
+    case Operator::kLess:
+      return order < 0;
+    case Operator::kGreater:
+      return order > 0;
+    case Operator::kLessOrEqual:
+      return order <= 0;
+    case Operator::kGreaterOrEqual:
+      return order >= 0;
+    default:
+      return false;
   }
 }
 
-bool IsSearch(Operator operation) { return operation == Operator::kContains || operation == Operator::kLacks; }
+bool IsSearch(Operator operation) {
+  return operation == Operator::kContains || operation == Operator::kLacks;
+}
 
 bool HoldsForValues(Operator operation, const Value& record, const Value& term) {
   if (!IsSearch(operation)) return ByOrder(operation, Compare(record, term));
   return Contains(Lower(ToText(record)), Lower(ToText(term))) == (operation == Operator::kContains);
 }
 
-int OrderOf(double a, double b) { return a < b ? -1 : a > b ? 1 : a == b ? 0 : -1; }
+int OrderOf(double a, double b) {
+  return a < b ? -1 : a > b ? 1 : a == b ? 0 : -1;
+}
 
 template <typename T>
 Value Wrap(const std::optional<T>& value, const Value& otherwise) {
@@ -141,17 +155,27 @@ Value Wrap(const std::optional<T>& value, const Value& otherwise) {
 Value Converted(int32_t type, const std::string& text) {
   const Value value = text;
   switch (type) {
-    case kByte: return Wrap(ToByte(value), value);
-    case kBoolean: return Wrap(ToBoolean(value), value);
-    case kInteger: return Wrap(ToInt16(value), value);
-    case kLong: return Wrap(ToInt32(value), value);
-    case kSingle: return Wrap(ToFloat(value), value);
-    case kDouble: return Wrap(ToDouble(value), value);
-    case kCurrency: return Wrap(ToCurrency(value), value);
-    case kDate: return Wrap(ToDate(value), value);
+    case kByte:
+      return Wrap(ToByte(value), value);
+    case kBoolean:
+      return Wrap(ToBoolean(value), value);
+    case kInteger:
+      return Wrap(ToInt16(value), value);
+    case kLong:
+      return Wrap(ToInt32(value), value);
+    case kSingle:
+      return Wrap(ToFloat(value), value);
+    case kDouble:
+      return Wrap(ToDouble(value), value);
+    case kCurrency:
+      return Wrap(ToCurrency(value), value);
+    case kDate:
+      return Wrap(ToDate(value), value);
     case kText:
-    case kLink: return Lower(text);
-    default: return value;
+    case kLink:
+      return Lower(text);
+    default:
+      return value;
   }
 }
 
@@ -175,7 +199,8 @@ Condition::Condition(const std::vector<ConditionTerm>& terms, const FieldLayout&
 Condition::Term Condition::Bind(const ConditionTerm& from) {
   const bool raw = !from.field.empty() && from.field[0] == '.', linked = !from.field.empty() && from.field[0] == '@';
   const std::string name = FromCp1250(raw || linked ? from.field.substr(1) : from.field);
-  Term term{from.joiner, from.operation, Kind::kGeneral, nullptr, layout_.Resolve(FieldId(name)), 0, 0, LowerBytes(from.value), {}, false, {}};
+  Term term{from.joiner, from.operation, Kind::kGeneral, nullptr, layout_.Resolve(FieldId(name)), 0, 0, LowerBytes(from.value), {}, false,
+            {}};
   const int32_t type = term.number == 0 ? 0 : layout_.field(term.number).type;
   term.value = Converted(type, FromCp1250(from.value));
   if (term.number == 0 || (linked && type != kLink)) {
@@ -208,7 +233,8 @@ bool Condition::Matches(const char* record) {
 
 bool Condition::Holds(Term& term, const char* record) {
   switch (term.kind) {
-    case Kind::kNumber: return ByOrder(term.operation, OrderOf(DecodeNumber(*term.field, record), term.limit));
+    case Kind::kNumber:
+      return ByOrder(term.operation, OrderOf(DecodeNumber(*term.field, record), term.limit));
     case Kind::kCurrency: {
       const int64_t money = LoadLe<int64_t>(record + term.field->offset);
       return ByOrder(term.operation, money < term.money ? -1 : money > term.money ? 1 : 0);
@@ -217,8 +243,10 @@ bool Condition::Holds(Term& term, const char* record) {
       scratch_.clear();
       AppendTextBytes(*term.field, record, scratch_);
       return HoldsForText(term, ShownBytes(scratch_));
-    case Kind::kLinkText: return HoldsForLink(term, LoadLe<int32_t>(record + term.field->offset));
-    case Kind::kFixed: return term.fixed;
+    case Kind::kLinkText:
+      return HoldsForLink(term, LoadLe<int32_t>(record + term.field->offset));
+    case Kind::kFixed:
+      return term.fixed;
     default: {
       Value value = ShownValue(DecodeField(*term.field, record));
       if (term.field->type == kLink) value = Lower(ToText(value));
@@ -239,11 +267,16 @@ bool Condition::HoldsForText(const Term& term, std::string_view bytes) {
   for (size_t i = 0; i < bytes.size(); ++i) lowered[i] = static_cast<char>(lower[static_cast<uint8_t>(bytes[i])]);
   const std::string_view text(lowered, bytes.size());
   switch (term.operation) {
-    case Operator::kContains: return text.find(term.text) != text.npos;
-    case Operator::kLacks: return text.find(term.text) == text.npos;
-    case Operator::kEqual: return text == term.text;
-    case Operator::kNotEqual: return text != term.text;
-    default: return ByOrder(term.operation, CompareCodePoints(text, term.text));
+    case Operator::kContains:
+      return text.find(term.text) != text.npos;
+    case Operator::kLacks:
+      return text.find(term.text) == text.npos;
+    case Operator::kEqual:
+      return text == term.text;
+    case Operator::kNotEqual:
+      return text != term.text;
+    default:
+      return ByOrder(term.operation, CompareCodePoints(text, term.text));
   }
 }
 

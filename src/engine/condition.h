@@ -1,7 +1,7 @@
 // The condition language of a selection: compiled once, evaluated on the raw bytes of records.
 //
-// expression: term, then any number of AND or OR and a term, strictly from left to right. term: field operator value. The text is taken very
-// literally; parts of what it does look odd and stay so, because filters rely on it.
+// expression: term, then any number of AND or OR and a term, strictly from left to right. term: field operator value. The text is taken
+// very literally; parts of what it does look odd and stay so, because filters rely on it.
 #pragma once
 
 #include <cstdint>

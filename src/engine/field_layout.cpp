@@ -8,18 +8,24 @@ namespace ostrinka {
 
 int32_t FieldWidth(int32_t type, int32_t length) {
   switch (type) {
-    case kByte: return 1;
+    case kByte:
+      return 1;
     case kBoolean:
-    case kInteger: return 2;
+    case kInteger:
+      return 2;
     case kLong:
     case kSingle:
     case kLink:
-    case kMemo: return 4;
+    case kMemo:
+      return 4;
     case kDouble:
     case kCurrency:
-    case kDate: return 8;
-    case kText: return length >= 0 && length <= kMaxTextLength ? length : -1;
-    default: return 0;
+    case kDate:
+      return 8;
+    case kText:
+      return length >= 0 && length <= kMaxTextLength ? length : -1;
+    default:
+      return 0;
   }
 }
 

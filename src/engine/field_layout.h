@@ -15,11 +15,11 @@
 namespace ostrinka {
 
 struct FieldDef {
-  std::string name;     // UTF-8, upper case, trimmed
+  std::string name;  // UTF-8, upper case, trimmed
   int32_t type = 0;
-  int32_t length = 0;   // as the slot has it
-  int32_t width = 0;    // bytes in the record
-  int32_t offset = 0;   // from the record's first byte
+  int32_t length = 0;  // as the slot has it
+  int32_t width = 0;   // bytes in the record
+  int32_t offset = 0;  // from the record's first byte
   bool operator==(const FieldDef&) const = default;
 };
 

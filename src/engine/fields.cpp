@@ -58,9 +58,13 @@ Value ClassQDBASE::State::RawValue(const FieldId& id) {
   return layout.field(n).type == kLink ? LinkValue(n, Int32Or0(Stored(n))) : Value();
 }
 
-Value ClassQDBASE::FieldRaw(const FieldId& id) { return state_->RawValue(id); }
+Value ClassQDBASE::FieldRaw(const FieldId& id) {
+  return state_->RawValue(id);
+}
 
-Value ClassQDBASE::FIELD(const FieldId& id) { return ShownValue(state_->RawValue(id)); }
+Value ClassQDBASE::FIELD(const FieldId& id) {
+  return ShownValue(state_->RawValue(id));
+}
 
 bool ClassQDBASE::FIELD(const FieldId& id, const Value& value) {
   State& s = *state_;
@@ -72,14 +76,28 @@ bool ClassQDBASE::FIELD(const FieldId& id, const Value& value) {
   return true;
 }
 
-std::string ClassQDBASE::Text(const FieldId& id) { return ToText(FIELD(id)); }
-int32_t ClassQDBASE::Int(const FieldId& id) { return Int32Or0(FieldRaw(id)); }
-double ClassQDBASE::Real(const FieldId& id) { return DoubleOr0(FieldRaw(id)); }
-Currency ClassQDBASE::Money(const FieldId& id) { return CurrencyOr0(FieldRaw(id)); }
-bool ClassQDBASE::Flag(const FieldId& id) { return BooleanOrFalse(FieldRaw(id)); }
-Date ClassQDBASE::Day(const FieldId& id) { return DateOr0(FieldRaw(id)); }
+std::string ClassQDBASE::Text(const FieldId& id) {
+  return ToText(FIELD(id));
+}
+int32_t ClassQDBASE::Int(const FieldId& id) {
+  return Int32Or0(FieldRaw(id));
+}
+double ClassQDBASE::Real(const FieldId& id) {
+  return DoubleOr0(FieldRaw(id));
+}
+Currency ClassQDBASE::Money(const FieldId& id) {
+  return CurrencyOr0(FieldRaw(id));
+}
+bool ClassQDBASE::Flag(const FieldId& id) {
+  return BooleanOrFalse(FieldRaw(id));
+}
+Date ClassQDBASE::Day(const FieldId& id) {
+  return DateOr0(FieldRaw(id));
+}
 
-int ClassQDBASE::FIELD_COUNT() const { return state_->layout.count(); }
+int ClassQDBASE::FIELD_COUNT() const {
+  return state_->layout.count();
+}
 
 bool ClassQDBASE::FIELD_EXISTS(const FieldId& id) {
   State& s = *state_;

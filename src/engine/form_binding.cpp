@@ -10,14 +10,29 @@ constexpr char kMemoMark[] = "!MEMO!";
 
 void SetControl(Control& control, const std::string& text, const Value& value) {
   switch (control.kind()) {
-    case ControlKind::kTextBox: static_cast<TextBoxControl&>(control).SetText(text); break;
-    case ControlKind::kLabel: static_cast<LabelControl&>(control).SetText(text); break;
-    case ControlKind::kCheckBox: static_cast<CheckBoxControl&>(control).SetChecked(BooleanOrFalse(value)); break;
-    case ControlKind::kOptionBox: static_cast<OptionBoxControl&>(control).SetValue(BooleanOrFalse(value)); break;
-    case ControlKind::kCalendar: static_cast<CalendarControl&>(control).SetCurrentDate(DateOr0(value)); break;
-    case ControlKind::kCombo: static_cast<ComboControl&>(control).SelectText(text); break;
-    case ControlKind::kMemo: static_cast<MemoControl&>(control).Clear(); break;
-    default: break;
+    case ControlKind::kTextBox:
+      static_cast<TextBoxControl&>(control).SetText(text);
+      break;
+    case ControlKind::kLabel:
+      static_cast<LabelControl&>(control).SetText(text);
+      break;
+    case ControlKind::kCheckBox:
+      static_cast<CheckBoxControl&>(control).SetChecked(BooleanOrFalse(value));
+      break;
+    case ControlKind::kOptionBox:
+      static_cast<OptionBoxControl&>(control).SetValue(BooleanOrFalse(value));
+      break;
+    case ControlKind::kCalendar:
+      static_cast<CalendarControl&>(control).SetCurrentDate(DateOr0(value));
+      break;
+    case ControlKind::kCombo:
+      static_cast<ComboControl&>(control).SelectText(text);
+      break;
+    case ControlKind::kMemo:
+      static_cast<MemoControl&>(control).Clear();
+      break;
+    default:
+      break;
   }
 }
 
@@ -126,15 +141,22 @@ void ClassQDBASE::State::SaveControl(const BoundControl& bound) {
     case ControlKind::kLabel:
       if (!link) self.FIELD(bound.field, static_cast<LabelControl&>(control).Text());
       break;
-    case ControlKind::kCheckBox: self.FIELD(bound.field, static_cast<CheckBoxControl&>(control).Checked()); break;
-    case ControlKind::kOptionBox: self.FIELD(bound.field, static_cast<OptionBoxControl&>(control).Value()); break;
-    case ControlKind::kCalendar: self.FIELD(bound.field, static_cast<CalendarControl&>(control).CurrentDate()); break;
+    case ControlKind::kCheckBox:
+      self.FIELD(bound.field, static_cast<CheckBoxControl&>(control).Checked());
+      break;
+    case ControlKind::kOptionBox:
+      self.FIELD(bound.field, static_cast<OptionBoxControl&>(control).Value());
+      break;
+    case ControlKind::kCalendar:
+      self.FIELD(bound.field, static_cast<CalendarControl&>(control).CurrentDate());
+      break;
     case ControlKind::kCombo: {
       const auto& list = static_cast<ComboControl&>(control);
       self.FIELD(bound.field, link ? Value(list.Value()) : Value(list.Text()));
       break;
     }
-    default: break;
+    default:
+      break;
   }
 }
 

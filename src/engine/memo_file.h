@@ -22,14 +22,14 @@ constexpr int64_t kMemoEntrySize = 286;
 constexpr int64_t kMaxAttachment = 10'000'000;
 
 struct MemoEntry {
-  int index = 0;         // ordinal in the chain, from 1
-  int64_t offset = 0;    // of the entry in the file
-  std::string name;      // UTF-8, as stored
+  int index = 0;       // ordinal in the chain, from 1
+  int64_t offset = 0;  // of the entry in the file
+  std::string name;    // UTF-8, as stored
   int32_t size = 0;
   bool live = false;
-  std::string field;     // UTF-8, trimmed
+  std::string field;  // UTF-8, trimmed
   int32_t record = 0;
-  int64_t next = 0;      // from 1
+  int64_t next = 0;  // from 1
 };
 
 class MemoFile {

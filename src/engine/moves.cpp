@@ -24,9 +24,13 @@ bool ClassQDBASE::RECORD_SHOW(int32_t n) {
   return true;
 }
 
-bool ClassQDBASE::RECORD_SELECT(int32_t n) const { return state_->selection.Has(n); }
+bool ClassQDBASE::RECORD_SELECT(int32_t n) const {
+  return state_->selection.Has(n);
+}
 
-int32_t ClassQDBASE::RECORD_POSITION() const { return state_->current; }
+int32_t ClassQDBASE::RECORD_POSITION() const {
+  return state_->current;
+}
 
 bool ClassQDBASE::RECORD_POSITION(int32_t n) {
   State& s = *state_;

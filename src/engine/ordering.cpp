@@ -21,7 +21,9 @@ uint64_t PrefixOf(std::string_view text) {
   return prefix;
 }
 
-int Order(double a, double b) { return a < b ? -1 : a > b ? 1 : 0; }
+int Order(double a, double b) {
+  return a < b ? -1 : a > b ? 1 : 0;
+}
 
 }  // namespace
 
@@ -51,7 +53,9 @@ void Ordering::Add(int32_t n, const char* record) {
   }
 }
 
-void Ordering::AddMissing(int32_t n) { AddText(n, texts_.size()); }
+void Ordering::AddMissing(int32_t n) {
+  AddText(n, texts_.size());
+}
 
 void Ordering::AddText(int32_t n, size_t start) {
   const std::string_view text = std::string_view(texts_).substr(start);

@@ -29,8 +29,8 @@ class Ordering {
   struct Entry {
     double number;
     uint64_t prefix;
-    int64_t start;  // in texts_; of a currency value: the value
-    int32_t length; // -1 number, -2 currency
+    int64_t start;   // in texts_; of a currency value: the value
+    int32_t length;  // -1 number, -2 currency
     int32_t record;
   };
 

@@ -14,9 +14,9 @@ struct ErrorText {
   const char* text;
 };
 constexpr ErrorText kErrorTexts[] = {
-    {5, "File already open"},    {10, "Can't create field"},  {11, "Can't rename field"}, {15, "Can't open database"},
-    {20, "Can't create record"}, {22, "Can't delete record"}, {25, "Can't read record"},  {27, "Can't save record"},
-    {28, "Can't save field"},    {29, "Can't add field"},     {30, "Can't delete field"}, {35, "Can't create user"},
+    {5, "File already open"},    {10, "Can't create field"},      {11, "Can't rename field"}, {15, "Can't open database"},
+    {20, "Can't create record"}, {22, "Can't delete record"},     {25, "Can't read record"},  {27, "Can't save record"},
+    {28, "Can't save field"},    {29, "Can't add field"},         {30, "Can't delete field"}, {35, "Can't create user"},
     {37, "Can't delete user"},   {40, "Can't add new parameter"},
 };
 constexpr char kBadLogin[] = "Invalid user name or password";
@@ -42,7 +42,8 @@ bool IsPlainName(std::string_view utf8) {
   constexpr std::u32string_view kPolish = U"ąćęłńóśźżĄĆĘŁŃÓŚŹŻ";
   const std::u32string characters = CodePoints(utf8);
   return std::all_of(characters.begin(), characters.end(), [&](char32_t c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$' || kPolish.find(c) != kPolish.npos;
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$' ||
+           kPolish.find(c) != kPolish.npos;
   });
 }
 
@@ -55,9 +56,13 @@ bool ClassQDBASE::State::Fail(int code, std::string_view detail) {
   return false;
 }
 
-bool ClassQDBASE::State::FailPlatform(const std::string& text) { return Fail(0, "#" + text); }
+bool ClassQDBASE::State::FailPlatform(const std::string& text) {
+  return Fail(0, "#" + text);
+}
 
-void ClassQDBASE::State::DebugLine(const std::string& line, bool start) { self.debug_event(line, start); }
+void ClassQDBASE::State::DebugLine(const std::string& line, bool start) {
+  self.debug_event(line, start);
+}
 
 ClassQDBASE::ClassQDBASE(Platform& platform) : state_(std::make_unique<State>(*this, platform)) {}
 
@@ -71,10 +76,15 @@ void ClassQDBASE::DErr(int code, std::string_view detail) {
   if (!text.empty() && ShowErrMsg && error_event) error_event(code, message);
 }
 
-int ClassQDBASE::last_error_code() const { return state_->last_code; }
-const std::string& ClassQDBASE::last_error() const { return state_->last_error; }
+int ClassQDBASE::last_error_code() const {
+  return state_->last_code;
+}
+const std::string& ClassQDBASE::last_error() const {
+  return state_->last_error;
+}
 
-bool ClassQDBASE::DATABASE_OPEN(const std::string& file, std::string_view user, std::string_view password, bool create, bool select, bool links) {
+bool ClassQDBASE::DATABASE_OPEN(const std::string& file, std::string_view user, std::string_view password, bool create, bool select,
+                                bool links) {
   State& s = *state_;
   s.last_code = -1;
   s.last_error.clear();
@@ -178,9 +188,15 @@ void ClassQDBASE::DATABASE_CLOSE() {
   state_->Ok();
 }
 
-bool ClassQDBASE::IsOpen() const { return state_->file.IsOpen(); }
-std::string ClassQDBASE::DATABASE_PATH() const { return state_->path; }
-int64_t ClassQDBASE::DATABASE_SIZE() { return std::max<int64_t>(state_->file.Size(), 0); }
+bool ClassQDBASE::IsOpen() const {
+  return state_->file.IsOpen();
+}
+std::string ClassQDBASE::DATABASE_PATH() const {
+  return state_->path;
+}
+int64_t ClassQDBASE::DATABASE_SIZE() {
+  return std::max<int64_t>(state_->file.Size(), 0);
+}
 
 bool ClassQDBASE::UPDATE(bool reload) {
   State& s = *state_;
@@ -236,7 +252,9 @@ bool ClassQDBASE::State::ReadyToWrite() {
   return true;
 }
 
-bool ClassQDBASE::State::WriteHeader() { return file.WriteHeader(header); }
+bool ClassQDBASE::State::WriteHeader() {
+  return file.WriteHeader(header);
+}
 
 void ClassQDBASE::State::OpenLinks() {
   for (int n = 1; n <= layout.count(); ++n) {

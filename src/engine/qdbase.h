@@ -1,7 +1,7 @@
 // ClassQDBASE: one open table of the system's own flat-file database.
 //
-// One object is one table file and its companions. Operations never throw; a failure is a false result passed through DErr, kept as the last
-// error and, when ShowErrMsg is set, told to `error_event`. Records count from 1 and never move: deletion marks.
+// One object is one table file and its companions. Operations never throw; a failure is a false result passed through DErr, kept as the
+// last error and, when ShowErrMsg is set, told to `error_event`. Records count from 1 and never move: deletion marks.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,17 @@ class Form;
 
 // Type codes of fields, as they stand in the file.
 enum FieldType : int32_t {
-  kByte = 1, kBoolean = 2, kInteger = 3, kLong = 4, kSingle = 5, kDouble = 6, kCurrency = 7, kDate = 8, kText = 9, kLink = 100, kMemo = 200,
+  kByte = 1,
+  kBoolean = 2,
+  kInteger = 3,
+  kLong = 4,
+  kSingle = 5,
+  kDouble = 6,
+  kCurrency = 7,
+  kDate = 8,
+  kText = 9,
+  kLink = 100,
+  kMemo = 200,
 };
 enum UserType : int32_t { kOwner = 1024, kReadWrite = 512, kInvalidUser = 256 };
 enum SortOrder { ordAsc = 1, ordDesc = 2 };
@@ -70,8 +80,8 @@ class ClassQDBASE {
   std::function<void(const std::string& line, bool start)> debug_event;  // start is false for "...OK"
   bool ShowErrMsg = false;
   void DErr(int code, std::string_view detail);
-  int last_error_code() const;               // -1 when the last opening or operation failed with none
-  const std::string& last_error() const;     // "Can't open database < ... >", "" for none
+  int last_error_code() const;            // of the last failure since the opening began; -1 when there was none
+  const std::string& last_error() const;  // "Can't open database < ... >", "" for none
 
   // --- table file and users
   bool DATABASE_OPEN(const std::string& file, std::string_view user, std::string_view password, bool create, bool select, bool links);

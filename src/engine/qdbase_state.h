@@ -57,9 +57,9 @@ struct ClassQDBASE::State {
   std::string path, user, password;
   int32_t login_type = kOwner;
   int login_slot = 0;
-  int32_t current = 0;  // record
-  int32_t count = 0;    // of records, as last computed
-  bool recount = false; // the count is due to be read again before a record is called missing
+  int32_t current = 0;   // record
+  int32_t count = 0;     // of records, as last computed
+  bool recount = false;  // the count is due to be read again before a record is called missing
   RecordBuffer buffer;
   RecordList selection;
   std::vector<int> columns;

@@ -50,55 +50,77 @@ void AppendTextBytes(const FieldDef& field, const char* record, std::string& to)
 Value DecodeField(const FieldDef& field, const char* record) {
   const char* at = record + field.offset;
   switch (field.type) {
-    case kByte: return LoadLe<uint8_t>(at);
-    case kBoolean: return LoadLe<int16_t>(at) != 0;
-    case kInteger: return LoadLe<int16_t>(at);
+    case kByte:
+      return LoadLe<uint8_t>(at);
+    case kBoolean:
+      return LoadLe<int16_t>(at) != 0;
+    case kInteger:
+      return LoadLe<int16_t>(at);
     case kLong:
     case kLink:
-    case kMemo: return LoadLe<int32_t>(at);
-    case kSingle: return LoadLe<float>(at);
-    case kDouble: return LoadLe<double>(at);
-    case kCurrency: return Currency::FromRaw(LoadLe<int64_t>(at));
-    case kDate: return Date(LoadLe<double>(at));
+    case kMemo:
+      return LoadLe<int32_t>(at);
+    case kSingle:
+      return LoadLe<float>(at);
+    case kDouble:
+      return LoadLe<double>(at);
+    case kCurrency:
+      return Currency::FromRaw(LoadLe<int64_t>(at));
+    case kDate:
+      return Date(LoadLe<double>(at));
     case kText: {
       std::string bytes;
       AppendTextBytes(field, record, bytes);
       return FromCp1250(bytes);
     }
-    default: return {};
+    default:
+      return {};
   }
 }
 
 double DecodeNumber(const FieldDef& field, const char* record) {
   const char* at = record + field.offset;
   switch (field.type) {
-    case kByte: return LoadLe<uint8_t>(at);
-    case kBoolean: return LoadLe<int16_t>(at) != 0 ? -1 : 0;
-    case kInteger: return LoadLe<int16_t>(at);
+    case kByte:
+      return LoadLe<uint8_t>(at);
+    case kBoolean:
+      return LoadLe<int16_t>(at) != 0 ? -1 : 0;
+    case kInteger:
+      return LoadLe<int16_t>(at);
     case kLong:
     case kLink:
-    case kMemo: return LoadLe<int32_t>(at);
-    case kSingle: return static_cast<double>(LoadLe<float>(at));
+    case kMemo:
+      return LoadLe<int32_t>(at);
+    case kSingle:
+      return static_cast<double>(LoadLe<float>(at));
     case kDouble:
-    case kDate: return LoadLe<double>(at);
-    default: return 0;
+    case kDate:
+      return LoadLe<double>(at);
+    default:
+      return 0;
   }
 }
 
 bool EncodeField(const FieldDef& field, const Value& value, EncodeFor purpose, std::string& record) {
   char* at = record.data() + field.offset;
   switch (field.type) {
-    case kByte: return Put(ToByte(value), at);
+    case kByte:
+      return Put(ToByte(value), at);
     case kBoolean: {
       const std::optional<bool> flag = ToBoolean(value);
       return Put(flag ? std::optional<int16_t>(static_cast<int16_t>(*flag ? -1 : 0)) : std::nullopt, at);
     }
-    case kInteger: return Put(ToInt16(value), at);
-    case kLong: return Put(ToInt32(value), at);
+    case kInteger:
+      return Put(ToInt16(value), at);
+    case kLong:
+      return Put(ToInt32(value), at);
     case kLink:
-    case kMemo: return PutRecordNumber(value, purpose, at);
-    case kSingle: return Put(ToFloat(value), at);
-    case kDouble: return Put(ToDouble(value), at);
+    case kMemo:
+      return PutRecordNumber(value, purpose, at);
+    case kSingle:
+      return Put(ToFloat(value), at);
+    case kDouble:
+      return Put(ToDouble(value), at);
     case kCurrency: {
       const std::optional<Currency> money = ToCurrency(value);
       return Put(money ? std::optional(money->raw()) : std::nullopt, at);
@@ -107,8 +129,11 @@ bool EncodeField(const FieldDef& field, const Value& value, EncodeFor purpose, s
       const std::optional<Date> date = ToDate(value);
       return Put(date ? std::optional(date->days()) : std::nullopt, at);
     }
-    case kText: PutText(field, value, purpose, record); return true;
-    default: return true;
+    case kText:
+      PutText(field, value, purpose, record);
+      return true;
+    default:
+      return true;
   }
 }
 

@@ -105,7 +105,8 @@ bool ClassQDBASE::RECORD_DELETE(int32_t n) {
   }
   if (bytes[0] != 0) return s.Fail(25, "Record " + std::to_string(n) + " doesn't exist");
   constexpr char kDeleted[2] = {1, 0};
-  if (!s.file.WriteBytes(TableFile::RecordAt(n, s.layout.record_length()), kDeleted, sizeof kDeleted)) return s.FailPlatform(s.file.LastError());
+  if (!s.file.WriteBytes(TableFile::RecordAt(n, s.layout.record_length()), kDeleted, sizeof kDeleted))
+    return s.FailPlatform(s.file.LastError());
   if (const int64_t index = s.selection.IndexOf(n); index >= 0) {
     s.selection.RemoveAt(static_cast<size_t>(index));
     const auto& left = s.selection.entries();
@@ -140,8 +141,12 @@ bool ClassQDBASE::RECORD_UNLOCK(int32_t n) {
   return s.file.UnlockRecord(n, s.layout.record_length());
 }
 
-int32_t ClassQDBASE::RECORD_LENGTH() const { return state_->layout.record_length(); }
+int32_t ClassQDBASE::RECORD_LENGTH() const {
+  return state_->layout.record_length();
+}
 
-int32_t ClassQDBASE::RECORD_COUNT() { return state_->file.IsOpen() ? state_->CountRecords() : -1; }
+int32_t ClassQDBASE::RECORD_COUNT() {
+  return state_->file.IsOpen() ? state_->CountRecords() : -1;
+}
 
 }  // namespace ostrinka

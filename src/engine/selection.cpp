@@ -38,7 +38,8 @@ void ClassQDBASE::State::ChooseColumns(const std::string& fields) {
   }
 }
 
-std::vector<int32_t> ClassQDBASE::State::Scan(const std::string& condition, bool ascending, int32_t first, int32_t last, Ordering* ordering) {
+std::vector<int32_t> ClassQDBASE::State::Scan(const std::string& condition, bool ascending, int32_t first, int32_t last,
+                                              Ordering* ordering) {
   std::vector<int32_t> found;
   const bool all = condition.empty() || condition == "*";
   Condition filter(all ? std::vector<ConditionTerm>() : ParseCondition(condition), layout, Links());
@@ -105,7 +106,11 @@ int32_t ClassQDBASE::SELECTION(std::string_view fields, std::string_view conditi
   return result;
 }
 
-const std::vector<int32_t>& ClassQDBASE::selection() const { return state_->selection.entries(); }
-const std::vector<int>& ClassQDBASE::columns() const { return state_->columns; }
+const std::vector<int32_t>& ClassQDBASE::selection() const {
+  return state_->selection.entries();
+}
+const std::vector<int>& ClassQDBASE::columns() const {
+  return state_->columns;
+}
 
 }  // namespace ostrinka

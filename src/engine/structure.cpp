@@ -95,7 +95,8 @@ bool ClassQDBASE::State::BuildCompanions(const TableHeader& new_header, const Re
   TableHeader positioned = new_header;
   for (int n = 1; n <= new_layout.count(); ++n) positioned.SetFieldPosition(n, new_layout.field(n).offset - 1);
   const int32_t new_count = new_layout.count() == 0 ? 0 : count;
-  if (!made->WriteAt(0, positioned.data(), static_cast<size_t>(kHeaderSize)) || !made->WriteAt(kCountOffset, &new_count, sizeof new_count)) {
+  if (!made->WriteAt(0, positioned.data(), static_cast<size_t>(kHeaderSize)) ||
+      !made->WriteAt(kCountOffset, &new_count, sizeof new_count)) {
     error = made->LastError();
     return false;
   }

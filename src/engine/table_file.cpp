@@ -29,16 +29,22 @@ TableFile::Named TableFile::EnsureNamed() {
   return Named::kReopened;
 }
 
-bool TableFile::ReadHeader(TableHeader& header) { return ReadBytes(0, header.data(), static_cast<size_t>(kHeaderSize)); }
+bool TableFile::ReadHeader(TableHeader& header) {
+  return ReadBytes(0, header.data(), static_cast<size_t>(kHeaderSize));
+}
 
-bool TableFile::WriteHeader(const TableHeader& header) { return WriteBytes(0, header.data(), static_cast<size_t>(kHeaderSize)); }
+bool TableFile::WriteHeader(const TableHeader& header) {
+  return WriteBytes(0, header.data(), static_cast<size_t>(kHeaderSize));
+}
 
 int32_t TableFile::StoredCount() {
   int32_t count = -1;
   return ReadBytes(kCountOffset, &count, sizeof count) ? count : -1;
 }
 
-bool TableFile::WriteCount(int32_t count) { return WriteBytes(kCountOffset, &count, sizeof count); }
+bool TableFile::WriteCount(int32_t count) {
+  return WriteBytes(kCountOffset, &count, sizeof count);
+}
 
 int32_t TableFile::CountRecords(int32_t record_length) {
   const int64_t bytes = Size() - kRecordsOffset;
@@ -49,7 +55,9 @@ bool TableFile::ReadBytes(int64_t position, void* to, size_t length) {
   return file_ && file_->ReadAt(position, to, length) == static_cast<int64_t>(length);
 }
 
-bool TableFile::WriteBytes(int64_t position, const void* from, size_t length) { return file_ && file_->WriteAt(position, from, length); }
+bool TableFile::WriteBytes(int64_t position, const void* from, size_t length) {
+  return file_ && file_->WriteAt(position, from, length);
+}
 
 bool TableFile::LockRecord(int32_t n, int32_t record_length) {
   return file_ && file_->Lock(RecordAt(n, record_length), record_length, true);
@@ -59,7 +67,9 @@ bool TableFile::UnlockRecord(int32_t n, int32_t record_length) {
   return file_ && file_->Unlock(RecordAt(n, record_length), record_length);
 }
 
-bool TableFile::LockAlone() { return file_ && file_->Lock(kShareByte, 1, true); }
+bool TableFile::LockAlone() {
+  return file_ && file_->Lock(kShareByte, 1, true);
+}
 
 bool TableFile::TakeSoleUse(bool& lost) {
   lost = false;

@@ -49,8 +49,8 @@ class TableFile {
 
   // The lock alone, without the renames: false when another object has the file open.
   bool LockAlone();
-  // Sole use: takes the lock exclusively, then renames the file to ".try" and back. A false result leaves the shared lock in place, unless the
-  // file could not get its name back: then `lost` is set.
+  // Sole use: takes the lock exclusively, then renames the file to ".try" and back. A false result leaves the shared lock in place, unless
+  // the file could not get its name back: then `lost` is set.
   bool TakeSoleUse(bool& lost);
   void LeaveSoleUse();
   // Deletes the file and makes it anew, empty and still for this object alone. A file that cannot be deleted stays open as it is; one that

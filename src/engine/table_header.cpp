@@ -13,8 +13,12 @@ constexpr size_t kUserCountAt = 3, kFieldCountAt = 5, kUsersAt = 7, kFieldsAt = 
 constexpr size_t kUserSize = 40, kFieldSize = 92;
 constexpr size_t kNameSize = 16, kLinkFileSize = 48;
 
-size_t UserAt(int n) { return kUsersAt + static_cast<size_t>(n - 1) * kUserSize; }
-size_t FieldAt(int n) { return kFieldsAt + static_cast<size_t>(n - 1) * kFieldSize; }
+size_t UserAt(int n) {
+  return kUsersAt + static_cast<size_t>(n - 1) * kUserSize;
+}
+size_t FieldAt(int n) {
+  return kFieldsAt + static_cast<size_t>(n - 1) * kFieldSize;
+}
 
 // Windows-1250, cut or blank padded to `size`.
 std::string Padded(std::string_view utf8, size_t size) {
@@ -51,13 +55,21 @@ bool TableHeader::IsValid() const {
          LoadLe<int16_t>(data() + kFieldCountAt) <= kMaxFields;
 }
 
-void TableHeader::Clear() { bytes_.assign(bytes_.size(), '\0'); }
+void TableHeader::Clear() {
+  bytes_.assign(bytes_.size(), '\0');
+}
 
-void TableHeader::SetMagic() { std::memcpy(data(), "QDB", 3); }
+void TableHeader::SetMagic() {
+  std::memcpy(data(), "QDB", 3);
+}
 
-int TableHeader::user_count() const { return std::clamp<int>(LoadLe<int16_t>(data() + kUserCountAt), 0, kMaxUsers); }
+int TableHeader::user_count() const {
+  return std::clamp<int>(LoadLe<int16_t>(data() + kUserCountAt), 0, kMaxUsers);
+}
 
-void TableHeader::SetUserCount(int count) { StoreLe(data() + kUserCountAt, static_cast<int16_t>(count)); }
+void TableHeader::SetUserCount(int count) {
+  StoreLe(data() + kUserCountAt, static_cast<int16_t>(count));
+}
 
 UserSlot TableHeader::User(int n) const {
   const char* slot = data() + UserAt(n);
@@ -85,9 +97,13 @@ void TableHeader::RemoveUser(int n) {
   SetUserCount(count - 1);
 }
 
-int TableHeader::field_count() const { return std::clamp<int>(LoadLe<int16_t>(data() + kFieldCountAt), 0, kMaxFields); }
+int TableHeader::field_count() const {
+  return std::clamp<int>(LoadLe<int16_t>(data() + kFieldCountAt), 0, kMaxFields);
+}
 
-void TableHeader::SetFieldCount(int count) { StoreLe(data() + kFieldCountAt, static_cast<int16_t>(count)); }
+void TableHeader::SetFieldCount(int count) {
+  StoreLe(data() + kFieldCountAt, static_cast<int16_t>(count));
+}
 
 FieldSlot TableHeader::Field(int n) const {
   const char* slot = data() + FieldAt(n);
@@ -111,7 +127,9 @@ void TableHeader::SetField(int n, const FieldSlot& field) {
   std::memcpy(slot + 76, Padded(field.link_field, kNameSize).data(), kNameSize);
 }
 
-void TableHeader::SetFieldPosition(int n, int32_t position) { StoreLe(data() + FieldAt(n) + 24, position); }
+void TableHeader::SetFieldPosition(int n, int32_t position) {
+  StoreLe(data() + FieldAt(n) + 24, position);
+}
 
 void TableHeader::RemoveField(int n) {
   const int count = field_count();
@@ -124,8 +142,12 @@ bool TableHeader::SameFields(const TableHeader& other) const {
          std::memcmp(data() + kFieldsAt, other.data() + kFieldsAt, kStampAt - kFieldsAt) == 0;
 }
 
-int32_t TableHeader::change_stamp() const { return LoadLe<int32_t>(data() + kStampAt); }
+int32_t TableHeader::change_stamp() const {
+  return LoadLe<int32_t>(data() + kStampAt);
+}
 
-void TableHeader::SetChangeStamp(int32_t stamp) { StoreLe(data() + kStampAt, stamp); }
+void TableHeader::SetChangeStamp(int32_t stamp) {
+  StoreLe(data() + kStampAt, stamp);
+}
 
 }  // namespace ostrinka

@@ -22,7 +22,8 @@ Colour Mix(Colour first, Colour second, double ratio) {
 
 }  // namespace
 
-TablePainter::TablePainter(Canvas& surface, const TableLook& look) : surface_(surface), look_(look), zoom_(std::clamp(look.zoom, 0.1, 10.0)) {
+TablePainter::TablePainter(Canvas& surface, const TableLook& look)
+    : surface_(surface), look_(look), zoom_(std::clamp(look.zoom, 0.1, 10.0)) {
   const double twips = look.twips_per_pixel > 0 ? look.twips_per_pixel : 15;
   const double points = (1 + (15 - twips) * 0.05) * 8 * zoom_;
   font_.face = "Tahoma";
@@ -43,7 +44,9 @@ std::vector<ColumnSpan> TablePainter::Columns(const std::vector<int>& fields, co
   return spans;
 }
 
-void TablePainter::Background() { surface_.FillRect({0, 0, surface_.Width(), surface_.Height()}, look_.background); }
+void TablePainter::Background() {
+  surface_.FillRect({0, 0, surface_.Width(), surface_.Height()}, look_.background);
+}
 
 void TablePainter::Header(const std::vector<ColumnSpan>& spans, const std::vector<ColumnFormat>& formats) {
   const double height = row_height_;
@@ -52,7 +55,7 @@ void TablePainter::Header(const std::vector<ColumnSpan>& spans, const std::vecto
     if (span.field == 0) continue;
     const ColumnFormat& format = formats[static_cast<size_t>(span.field)];
     const TableCell head{span.column, span.left, 0, span.left + span.width - 2, row_height_ - 2, span.field, 0, 0};
-    Cell(head, format.title, format.alignment, false);
+    Cell(head, format.title, format.alignment);
   }
   surface_.DrawLine({0, height - 1}, {surface_.Width(), height - 1}, {look_.line});
 }
@@ -82,12 +85,14 @@ std::string TablePainter::Fitted(const std::string& text, double width) {
   return LeftCharacters(text, low) + "…";
 }
 
-void TablePainter::Cell(const TableCell& cell, const std::string& text, int alignment, bool) {
+void TablePainter::Cell(const TableCell& cell, const std::string& text, int alignment) {
   const double width = cell.right - cell.left;
   if (text.empty() || width <= 4) return;
   const std::string shown = Fitted(text, width - 4);
   const double text_width = surface_.TextWidth(shown, font_);
-  const double x = alignment == 0 ? cell.left + width * 0.5 - text_width * 0.5 : alignment > 0 ? cell.left + 2 : cell.right - text_width - 2;
+  const double x = alignment == 0  ? cell.left + width * 0.5 - text_width * 0.5
+                   : alignment > 0 ? cell.left + 2
+                                   : cell.right - text_width - 2;
   surface_.PushClip({static_cast<double>(cell.left), static_cast<double>(cell.top), cell.right + 1.0, cell.bottom + 1.0});
   surface_.DrawText({x, static_cast<double>(cell.top)}, shown, font_, look_.foreground, Anchor::kLeft);
   surface_.PopClip();

@@ -32,7 +32,7 @@ class TablePainter {
   void Header(const std::vector<ColumnSpan>& spans, const std::vector<ColumnFormat>& formats);
   void RowGround(int top, bool even, bool chosen);
   // A text that is wider than its cell ends in "…".
-  void Cell(const TableCell& cell, const std::string& text, int alignment, bool chosen);
+  void Cell(const TableCell& cell, const std::string& text, int alignment);
   // Lines between the columns, down to `bottom`.
   void Grid(const std::vector<ColumnSpan>& spans, int bottom);
 

@@ -18,7 +18,16 @@ void GiveRectangle(const TableCell& cell, int& left, int& top, int& width, int& 
 }
 
 enum CellDirection { kUp = 1, kDown = 2, kFirst = 3, kLeft = 4, kRight = 5, kLast = 6, kRowStart = 7 };
-enum CellStatus { kMoved = 0, kTopReached = 1, kBottomReached = 2, kMovedLeft = 3, kMoreColumns = 4, kAtFirst = 5, kAtLast = 6, kRowEnd = 7 };
+enum CellStatus {
+  kMoved = 0,
+  kTopReached = 1,
+  kBottomReached = 2,
+  kMovedLeft = 3,
+  kMoreColumns = 4,
+  kAtFirst = 5,
+  kAtLast = 6,
+  kRowEnd = 7
+};
 
 }  // namespace
 
@@ -32,7 +41,8 @@ std::string ClassQDBASE::State::CellTextOf(int n, const char* record, const Tabl
   std::string text = IsText(value) || format.empty() ? ToText(value) : FormatNumber(value, format);
   if (IsText(value) && !format.empty()) text = FormatNumber(Value(Trim(text)), format);
   text = ReplaceAll(ReplaceAll(text, "\r\n", " "), std::string_view("\0", 1), "");
-  std::replace_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   return Trim(text);
 }
 
@@ -47,7 +57,8 @@ std::string ClassQDBASE::CellText(int row, int field, const TableLook& look) {
   return s.CellTextOf(field, record.data(), look);
 }
 
-void ClassQDBASE::TABLE_FIELD_FORMAT(const FieldId& field, int width, std::string_view title, std::string_view format, bool sum_up, int alignment) {
+void ClassQDBASE::TABLE_FIELD_FORMAT(const FieldId& field, int width, std::string_view title, std::string_view format, bool sum_up,
+                                     int alignment) {
   State& s = *state_;
   s.Debug("TABLE_FIELD_FORMAT(", field.by_number() ? std::to_string(field.number()) : field.name(), ", ", std::to_string(width), ", ",
           std::string(title), ", ", std::string(format), ")");
@@ -55,7 +66,9 @@ void ClassQDBASE::TABLE_FIELD_FORMAT(const FieldId& field, int width, std::strin
   if (n != 0) s.view.columns[static_cast<size_t>(n)] = {width, std::string(title), std::string(format), sum_up, alignment};
 }
 
-int ClassQDBASE::ColumnWidth(int n) const { return n >= 0 && n <= kMaxFields ? state_->view.columns[static_cast<size_t>(n)].width : 0; }
+int ClassQDBASE::ColumnWidth(int n) const {
+  return n >= 0 && n <= kMaxFields ? state_->view.columns[static_cast<size_t>(n)].width : 0;
+}
 
 void ClassQDBASE::ColumnWidth(int n, int width) {
   if (n >= 0 && n <= kMaxFields) state_->view.columns[static_cast<size_t>(n)].width = width;
@@ -65,7 +78,9 @@ std::string ClassQDBASE::ColumnTitle(int n) const {
   return n >= 0 && n <= kMaxFields ? state_->view.columns[static_cast<size_t>(n)].title : std::string();
 }
 
-void ClassQDBASE::TABLE_SUMUP(bool flag) { state_->view.sum_up = flag; }
+void ClassQDBASE::TABLE_SUMUP(bool flag) {
+  state_->view.sum_up = flag;
+}
 
 void ClassQDBASE::TABLE_DRAW(Canvas& surface, int first_row, int first_column, bool show_header, const TableLook& look) {
   State& s = *state_;
@@ -102,7 +117,7 @@ void ClassQDBASE::State::DrawRows(TablePainter& painter, int first_row, int top,
       const TableCell cell{span.column, span.left, top, span.left + span.width - 2, top + view.row_height - 2, span.field, n, ++position};
       view.cells.push_back(cell);
       const std::string text = span.field == 0 ? std::to_string(i) : CellTextOf(span.field, record.data(), look);
-      painter.Cell(cell, text, view.columns[static_cast<size_t>(span.field)].alignment, chosen);
+      painter.Cell(cell, text, view.columns[static_cast<size_t>(span.field)].alignment);
     }
     top += view.row_height;
   }
@@ -139,7 +154,8 @@ bool ClassQDBASE::TABLE_CLICK(int mode, int x, int y, int& left, int& top, int& 
   State& s = *state_;
   TableViewState& view = s.view;
   if (mode != 0) {
-    const auto cell = std::find_if(view.cells.rbegin(), view.cells.rend(), [&](const TableCell& c) { return c.column == view.clicked_column; });
+    const auto cell =
+        std::find_if(view.cells.rbegin(), view.cells.rend(), [&](const TableCell& c) { return c.column == view.clicked_column; });
     if (cell == view.cells.rend()) return false;
     GiveRectangle(*cell, left, top, width, height);
     return true;
@@ -174,10 +190,18 @@ int ClassQDBASE::CELL_GOTO(int direction, int& left, int& top, int& width, int& 
   const TableCell& cell = cells[static_cast<size_t>(from)];
   int to = from, status = kMoved;
   switch (direction) {
-    case kUp: to = from - row; break;
-    case kDown: to = from + row; break;
-    case kFirst: to = 0, status = kAtFirst; break;
-    case kLeft: to = std::max(from - 1, 0), status = from == 0 ? kMoved : kMovedLeft; break;
+    case kUp:
+      to = from - row;
+      break;
+    case kDown:
+      to = from + row;
+      break;
+    case kFirst:
+      to = 0, status = kAtFirst;
+      break;
+    case kLeft:
+      to = std::max(from - 1, 0), status = from == 0 ? kMoved : kMovedLeft;
+      break;
     case kRight:
       if (cell.position < row) {
         to = from + 1;
@@ -185,9 +209,14 @@ int ClassQDBASE::CELL_GOTO(int direction, int& left, int& top, int& width, int& 
         status = static_cast<size_t>(cell.column) < s.columns.size() ? kMoreColumns : kRowEnd;
       }
       break;
-    case kLast: to = count - 1, status = kAtLast; break;
-    case kRowStart: to = from - (cell.position - 1); break;
-    default: break;
+    case kLast:
+      to = count - 1, status = kAtLast;
+      break;
+    case kRowStart:
+      to = from - (cell.position - 1);
+      break;
+    default:
+      break;
   }
   if (to < 0) to = from, status = kTopReached;
   if (to >= count) to = from, status = kBottomReached;
@@ -198,9 +227,17 @@ int ClassQDBASE::CELL_GOTO(int direction, int& left, int& top, int& width, int& 
   return status;
 }
 
-int ClassQDBASE::MAX_ROWS() const { return static_cast<int>(state_->selection.size()); }
-int ClassQDBASE::MAX_COLUMNS() const { return static_cast<int>(state_->columns.size()); }
-const std::vector<TableCell>& ClassQDBASE::cells() const { return state_->view.cells; }
-int ClassQDBASE::clicked_field() const { return state_->view.clicked_field; }
+int ClassQDBASE::MAX_ROWS() const {
+  return static_cast<int>(state_->selection.size());
+}
+int ClassQDBASE::MAX_COLUMNS() const {
+  return static_cast<int>(state_->columns.size());
+}
+const std::vector<TableCell>& ClassQDBASE::cells() const {
+  return state_->view.cells;
+}
+int ClassQDBASE::clicked_field() const {
+  return state_->view.clicked_field;
+}
 
 }  // namespace ostrinka

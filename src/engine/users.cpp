@@ -15,7 +15,9 @@ bool IsGoodUser(const std::string& name, const std::string& password) {
 
 }  // namespace
 
-int ClassQDBASE::USER_COUNT() { return state_->header.user_count(); }
+int ClassQDBASE::USER_COUNT() {
+  return state_->header.user_count();
+}
 
 std::string ClassQDBASE::USER_NAME(int n) {
   if (n < 1) return state_->user;
@@ -27,9 +29,13 @@ std::string ClassQDBASE::USER_PASS(int n) {
   return n <= USER_COUNT() ? state_->header.User(n).password : std::string();
 }
 
-int32_t ClassQDBASE::USER_TYPE(int n) { return n >= 1 && n <= USER_COUNT() ? state_->header.User(n).type : static_cast<int32_t>(kInvalidUser); }
+int32_t ClassQDBASE::USER_TYPE(int n) {
+  return n >= 1 && n <= USER_COUNT() ? state_->header.User(n).type : static_cast<int32_t>(kInvalidUser);
+}
 
-int32_t ClassQDBASE::LOGIN_TYPE() const { return state_->login_type; }
+int32_t ClassQDBASE::LOGIN_TYPE() const {
+  return state_->login_type;
+}
 
 bool ClassQDBASE::LOGIN_EXIST() {
   State& s = *state_;

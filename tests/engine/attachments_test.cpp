@@ -88,9 +88,14 @@ TEST_F(AttachmentTest, AHostileChainEndsAndANameLosesItsFolders) {
   Attach(1, "a", "aaaa");
   Attach(1, "b", "bbbb");
   const std::string good = Bytes(memo);
-  const struct { const char* what; size_t at; int32_t value; } rows[] = {
-      {"second points to the first", 290 + 282, 1}, {"second points to itself", 290 + 282, 291}, {"first points into itself", 282, 100},
-      {"negative", 282, -5},                        {"size beyond the file", 256, 1 << 30},      {"negative size", 256, -1},
+  const struct {
+    const char* what;
+    size_t at;
+    int32_t value;
+  } rows[] = {
+      {"second points to the first", 290 + 282, 1}, {"second points to itself", 290 + 282, 291},
+      {"first points into itself", 282, 100},       {"negative", 282, -5},
+      {"size beyond the file", 256, 1 << 30},       {"negative size", 256, -1},
   };
   for (const auto& row : rows) {
     std::string bytes = good;

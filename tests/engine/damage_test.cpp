@@ -55,12 +55,28 @@ TEST_F(DamageTest, AnyLengthOfTheFileIsSurvived) {
 }
 
 TEST_F(DamageTest, CountsAndWidthsThatCannotBeAreRefused) {
-  const struct { const char* what; size_t at; int32_t value; int size; bool opens; } rows[] = {
-      {"no fields", 5, 0, 2, true},           {"negative field count", 5, -7, 2, true},    {"too many fields", 5, 257, 2, false},
-      {"all slots as fields", 5, 256, 2, true}, {"no users", 3, 0, 2, false},              {"negative users", 3, -1, 2, false},
-      {"too many users", 3, 300, 2, false},   {"huge text", 10247 + 20, 0x7FFFFFFF, 4, false}, {"negative text", 10247 + 20, -1, 4, false},
-      {"text of nothing", 10247 + 20, 0, 4, true}, {"unknown type", 10247 + 16, 77, 4, true}, {"text for a number", 10247 + 92 + 16, 9, 4, true},
-      {"position", 10247 + 24, 0x7FFFFFF0, 4, true}, {"record count", 33803, -1, 4, true}, {"record count", 33803, 0x7FFFFFFF, 4, true},
+  const struct {
+    const char* what;
+    size_t at;
+    int32_t value;
+    int size;
+    bool opens;
+  } rows[] = {
+      {"no fields", 5, 0, 2, true},
+      {"negative field count", 5, -7, 2, true},
+      {"too many fields", 5, 257, 2, false},
+      {"all slots as fields", 5, 256, 2, true},
+      {"no users", 3, 0, 2, false},
+      {"negative users", 3, -1, 2, false},
+      {"too many users", 3, 300, 2, false},
+      {"huge text", 10247 + 20, 0x7FFFFFFF, 4, false},
+      {"negative text", 10247 + 20, -1, 4, false},
+      {"text of nothing", 10247 + 20, 0, 4, true},
+      {"unknown type", 10247 + 16, 77, 4, true},
+      {"text for a number", 10247 + 92 + 16, 9, 4, true},
+      {"position", 10247 + 24, 0x7FFFFFF0, 4, true},
+      {"record count", 33803, -1, 4, true},
+      {"record count", 33803, 0x7FFFFFFF, 4, true},
   };
   for (const auto& row : rows) {
     std::string bytes = good;

@@ -44,7 +44,8 @@ TEST_F(ExportTest, Xml) {
             "<FIELD nr=\"1\" name=\"LAKA\" type=\"9\" size=\"20\"/>\r\n<FIELD nr=\"2\" name=\"CENA\" type=\"7\" size=\"0\"/>\r\n"
             "<FIELD nr=\"3\" name=\"DATA\" type=\"8\" size=\"0\"/>\r\n<FIELD nr=\"4\" name=\"GRUPA\" type=\"100\" size=\"0\"/>\r\n"
             "</STRUCTURE>\r\n<DATA>\r\n"
-            "<RECORD nr=\"1\">\r\n<FIELDS LAKA=\"A&#38;B &#39;&#191;&#39;\" CENA=\"12&#44;5\" DATA=\"2008&#45;03&#45;05\" GRUPA=\"stal\" /></RECORD>\r\n"
+            "<RECORD nr=\"1\">\r\n<FIELDS LAKA=\"A&#38;B &#39;&#191;&#39;\" CENA=\"12&#44;5\" DATA=\"2008&#45;03&#45;05\" GRUPA=\"stal\" "
+            "/></RECORD>\r\n"
             "<RECORD nr=\"3\">\r\n<FIELDS LAKA=\"x&#59;y\" CENA=\"&#45;1\" DATA=\"2007&#45;01&#45;02\" GRUPA=\"17\" /></RECORD>\r\n"
             "</DATA>\r\n</DATABASE>\r\n");
   table->SELECTION("CENA", "CENA > 0", "", ordAsc);

@@ -5,7 +5,12 @@ namespace {
 
 TEST_F(TableTest, ValuesOfEveryTypeComeBackAsTheyWerePut) {
   auto table = Create(path);
-  const struct { const char* name; FieldType type; Value put; Value back; } rows[] = {
+  const struct {
+    const char* name;
+    FieldType type;
+    Value put;
+    Value back;
+  } rows[] = {
       {"A", kByte, 255, uint8_t{255}},
       {"B", kBoolean, std::string("tak"), true},
       {"C", kInteger, std::string("-32768"), int16_t{-32768}},
@@ -65,8 +70,13 @@ TEST_F(TableTest, OverlongTextSpillsWithinItsRecordOnly) {
   ASSERT_TRUE(table->RECORD_LOAD(1));
   table->FIELD("A", Value(std::string("0123456789")));
   table->RECORD_SAVE(1);
-  EXPECT_EQ(Bytes(path).substr(33807, 18), std::string("\0\0" "012\0\0\0\0" "\0\0two\0\0\0\0", 18));
-  EXPECT_EQ(Bytes(path).substr(33807 + 27), std::string("\0\0" "ABCy\0\0\0", 9));
+  EXPECT_EQ(Bytes(path).substr(33807, 18), std::string("\0\0"
+                                                       "012\0\0\0\0"
+                                                       "\0\0two\0\0\0\0",
+                                                       18));
+  EXPECT_EQ(Bytes(path).substr(33807 + 27), std::string("\0\0"
+                                                        "ABCy\0\0\0",
+                                                        9));
 }
 
 TEST_F(TableTest, NullsInATextAreDroppedAndEmptyEntriesBecomeZero) {

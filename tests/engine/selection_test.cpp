@@ -8,7 +8,10 @@ TEST_F(TableTest, ConditionsChooseRecords) {
   auto table = FilledGoods();
   // 1 Łopata 12,50 3 2008-01-15; 2 Kowalski młot 7 10 2008-02-01; 3 Ćwiek 0,05 500 2008-03-05; 4 Zamek 99,99 1 2007-12-31;
   // 5 Montaż 150 2 2008-03-05 service
-  const struct { const char* condition; std::vector<int32_t> records; } rows[] = {
+  const struct {
+    const char* condition;
+    std::vector<int32_t> records;
+  } rows[] = {
       {"", {1, 2, 3, 4, 5}},
       {"NAZWA # \"kow\"", {2}},
       {"nazwa#kow", {2}},
@@ -16,31 +19,31 @@ TEST_F(TableTest, ConditionsChooseRecords) {
       {"NAZWA ~# \"a\"", {3}},
       {"NAZWA = zamek", {4}},
       {"NAZWA <> zamek", {1, 2, 3, 5}},
-      {"NAZWA < m", {2}},                                // by code points: Ć and Ł stand behind Z
+      {"NAZWA < m", {2}},  // by code points: Ć and Ł stand behind Z
       {"NAZWA >= \"ł\"", {1}},
       {"CENA > 12,5", {4, 5}},
       {"CENA >= 12.50", {1, 4, 5}},
       {"CENA => 12.50 AND CENA =< 99,99", {1, 4}},
-      {"DATA_WYST = 1", {}},                             // no such field: an empty text
+      {"DATA_WYST = 1", {}},  // no such field: an empty text
       {"DATA_WYST = \"\"", {1, 2, 3, 4, 5}},
       {"DATA >= 2008-01-15 AND DATA <= 2008-02-01", {1, 2}},
       {"DATA = 05-03-2008", {3, 5}},
       {"DATA = nonsense", {}},
       {"DATA <> nonsense", {1, 2, 3, 4, 5}},
-      {"ILOSC = 3 OR CENA = 7 AND USLUGA = true", {}},   // from left to right
+      {"ILOSC = 3 OR CENA = 7 AND USLUGA = true", {}},  // from left to right
       {"ILOSC = 3 OR USLUGA = tak AND DATA = 2008-03-05", {5}},
       {"USLUGA = tak AND DATA = 2008-03-05 OR ILOSC = 3", {1, 5}},
       {"ILOSC=1 OR   ILOSC   =   2", {4, 5}},
       {"ILOSC == 1", {4}},
-      {"ILOSC >< 1", {}},                                // no operator: the result stays false
+      {"ILOSC >< 1", {}},  // no operator: the result stays false
       {"ILOSC = 1 OR ILOSC >< 7", {4}},
-      {"ILOSC # 0", {2, 3}},                             // 10 and 500
+      {"ILOSC # 0", {2, 3}},  // 10 and 500
       {".ILOSC = 10", {2}},
       {"@ILOSC = 10", {}},
-      {"3 = 500", {3}},                                  // a field by its number
-      {"NAZWA # \"ski m\"", {}},                         // a quoted blank matches the character of code 150 only
+      {"3 = 500", {3}},           // a field by its number
+      {"NAZWA # \"ski m\"", {}},  // a quoted blank matches the character of code 150 only
       {"NAZWA # ski m", {2}},
-      {"NAZWA # \"x=zam\"", {4}},                        // the value starts behind the last operator character, quoted or not
+      {"NAZWA # \"x=zam\"", {4}},  // the value starts behind the last operator character, quoted or not
       {"(ILOSC = 1)", {}},
   };
   for (const auto& row : rows) {
@@ -57,13 +60,14 @@ TEST_F(TableTest, AQuotedBlankMatchesTheDashThatItBecomes) {
 }
 
 TEST(ConditionText, ATermIsTakenApartLiterally) {
-  const struct { const char *text, *field; Operator operation; const char* value; } rows[] = {
-      {"A B = x", "AB", Operator::kEqual, "X"},
-      {"a <= \"Dwa\"", "A", Operator::kLessOrEqual, "Dwa"},
-      {"A ~# b", "A", Operator::kLacks, "B"},
-      {"A ~ # b", "A", Operator::kLacks, "B"},
-      {"A # \"<\"", "A", Operator::kContains, ""},
-      {"A", "A", Operator::kUnknown, "A"},
+  const struct {
+    const char *text, *field;
+    Operator operation;
+    const char* value;
+  } rows[] = {
+      {"A B = x", "AB", Operator::kEqual, "X"},    {"a <= \"Dwa\"", "A", Operator::kLessOrEqual, "Dwa"},
+      {"A ~# b", "A", Operator::kLacks, "B"},      {"A ~ # b", "A", Operator::kLacks, "B"},
+      {"A # \"<\"", "A", Operator::kContains, ""}, {"A", "A", Operator::kUnknown, "A"},
   };
   for (const auto& row : rows) {
     const std::vector<ConditionTerm> terms = ParseCondition(row.text);
@@ -84,9 +88,12 @@ TEST_F(TableTest, AConditionOnALinkComparesThroughItsTarget) {
   auto table = Create(path);
   table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS");
   for (const int target : {1, 2, 3, 4, 0, 99, 1}) table->RECORD_ADD({target});
-  const struct { const char* condition; std::vector<int32_t> records; } rows[] = {
-      {"GRUPA # \"KOW\"", {1, 7}}, {"@GRUPA = żak", {2}}, {".GRUPA = 3", {3}}, {"GRUPA = 10", {4}}, {"GRUPA = \"\"", {5, 6}},
-      {".GRUPA < 3", {1, 2, 5, 7}},  // as texts, which is the same here
+  const struct {
+    const char* condition;
+    std::vector<int32_t> records;
+  } rows[] = {
+      {"GRUPA # \"KOW\"", {1, 7}}, {"@GRUPA = żak", {2}},    {".GRUPA = 3", {3}},
+      {"GRUPA = 10", {4}},         {"GRUPA = \"\"", {5, 6}}, {".GRUPA < 3", {1, 2, 5, 7}},  // as texts, which is the same here
   };
   for (const auto& row : rows) {
     table->SELECTION("*", row.condition, "", ordAsc);
@@ -103,16 +110,15 @@ TEST_F(TableTest, OrdersFoldTextsAndLeaveTheRestToTheirSize) {
   AddGoods(*table, "ćma", "-5", -7, "1999-12-31");
   AddGoods(*table, "102", "2", 4, "2008-03-06");
   AddGoods(*table, "11", "2,01", 5, "2008-03-07");
-  const struct { const char* field; int order; std::vector<int32_t> records; } rows[] = {
-      {"NAZWA", ordAsc, {7, 8, 6, 3, 2, 1, 5, 4}},
-      {"nazwa", ordDesc, {4, 5, 1, 2, 3, 6, 8, 7}},
-      {"CENA", ordAsc, {6, 3, 7, 8, 2, 1, 4, 5}},
-      {"2", ordDesc, {5, 4, 1, 2, 8, 7, 3, 6}},
-      {"ILOSC", 7, {6, 4, 5, 1, 7, 8, 2, 3}},          // anything but 2 sorts upwards
-      {"!", ordDesc, {1, 2, 3, 4, 5, 6, 7, 8}},
-      {"", ordAsc, {1, 2, 3, 4, 5, 6, 7, 8}},
-      {"", ordDesc, {8, 7, 6, 5, 4, 3, 2, 1}},
-      {"", 7, {8, 7, 6, 5, 4, 3, 2, 1}},               // but anything but 1 scans downwards
+  const struct {
+    const char* field;
+    int order;
+    std::vector<int32_t> records;
+  } rows[] = {
+      {"NAZWA", ordAsc, {7, 8, 6, 3, 2, 1, 5, 4}}, {"nazwa", ordDesc, {4, 5, 1, 2, 3, 6, 8, 7}}, {"CENA", ordAsc, {6, 3, 7, 8, 2, 1, 4, 5}},
+      {"2", ordDesc, {5, 4, 1, 2, 8, 7, 3, 6}},    {"ILOSC", 7, {6, 4, 5, 1, 7, 8, 2, 3}},  // anything but 2 sorts upwards
+      {"!", ordDesc, {1, 2, 3, 4, 5, 6, 7, 8}},    {"", ordAsc, {1, 2, 3, 4, 5, 6, 7, 8}},       {"", ordDesc, {8, 7, 6, 5, 4, 3, 2, 1}},
+      {"", 7, {8, 7, 6, 5, 4, 3, 2, 1}},  // but anything but 1 scans downwards
   };
   for (const auto& row : rows) {
     EXPECT_EQ(table->SELECTION("~", "*", row.field, row.order), 8);

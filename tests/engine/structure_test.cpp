@@ -6,7 +6,11 @@ namespace {
 
 TEST_F(TableTest, FieldDefinitionsAreRefusedWithTheirReasons) {
   auto table = Goods();
-  const struct { const char* name; int type, length; const char *file, *field, *message; } rows[] = {
+  const struct {
+    const char* name;
+    int type, length;
+    const char *file, *field, *message;
+  } rows[] = {
       {"42", kLong, 0, "", "", "Can't create field < Invalid field name >"},
       {"A-B", kLong, 0, "", "", "Can't create field < Invalid field name >"},
       {"A", kLink, 0, "x.ovd", " ", "Can't create field < Invalid link value >"},

@@ -52,11 +52,17 @@ TEST_F(TableTest, FieldSlotsAndRecordsLieWhereTheFormatHasThem) {
 
 TEST_F(TableTest, OpeningRefusesWhatIsNoLogin) {
   Goods();
-  const struct { const char *user, *password, *detail; } rows[] = {
-      {"", "kreda", "Invalid user name or password"},      {"kreda", "", "Invalid user name or password"},
-      {"kreda", "12345678901234567", "Invalid user name or password"}, {"123", "kreda", "Invalid user name or password"},
-      {"kre da", "kreda", "Invalid user name or password"}, {"kreda", "kré", "Invalid user name or password"},
-      {"KREDA", "kreda", "Invalid user name or password"},  {"kreda", "kredA", "Invalid user name or password"},
+  const struct {
+    const char *user, *password, *detail;
+  } rows[] = {
+      {"", "kreda", "Invalid user name or password"},
+      {"kreda", "", "Invalid user name or password"},
+      {"kreda", "12345678901234567", "Invalid user name or password"},
+      {"123", "kreda", "Invalid user name or password"},
+      {"kre da", "kreda", "Invalid user name or password"},
+      {"kreda", "kré", "Invalid user name or password"},
+      {"KREDA", "kreda", "Invalid user name or password"},
+      {"kreda", "kredA", "Invalid user name or password"},
   };
   for (const auto& row : rows) {
     auto table = Closed();
@@ -89,7 +95,10 @@ TEST_F(TableTest, TheRecordCountComesFromTheFilesLength) {
   Goods();
   const int32_t length = 2 + 20 + 8 + 4 + 8 + 2;
   const std::string header = Bytes(path).substr(0, 33807);
-  const struct { int64_t behind; int32_t records; } rows[] = {{0, 0}, {length - 1, 0}, {length, 1}, {length * 3 / 2, 1}, {length * 2, 2}};
+  const struct {
+    int64_t behind;
+    int32_t records;
+  } rows[] = {{0, 0}, {length - 1, 0}, {length, 1}, {length * 3 / 2, 1}, {length * 2, 2}};
   for (const auto& row : rows) {
     SetBytes(path, header + std::string(row.behind, '\0'));
     auto table = Open(path);
@@ -141,15 +150,20 @@ TEST_F(TableTest, DebugLinesNameTheOperationAndHideThePassword) {
   table->SELECTION("~", "*", "CENA", 3);
   table->RECORD_POSITION(1);
   table->DATABASE_CLOSE();
-  EXPECT_THAT(lines, ElementsAre("+DATABASE_OPEN(" + path + ", kreda, *****)", "-...OK", "+RECORD_ADD", "-...OK",
-                                 "+SELECTION(~, *, CENA, ordDesc)", "-...OK", "+RECORD_POSITION = 1", "-...OK", "+DATABASE_CLOSE", "-...OK"));
+  EXPECT_THAT(
+      lines, ElementsAre("+DATABASE_OPEN(" + path + ", kreda, *****)", "-...OK", "+RECORD_ADD", "-...OK", "+SELECTION(~, *, CENA, ordDesc)",
+                         "-...OK", "+RECORD_POSITION = 1", "-...OK", "+DATABASE_CLOSE", "-...OK"));
 }
 
 TEST_F(TableTest, OwnersKeepTheUsers) {
   auto table = Goods();
   EXPECT_TRUE(table->USER_ADD("Zażółć", "hasło_1", kReadWrite));
   EXPECT_TRUE(table->USER_ADD("gość", "g", 0));
-  const struct { const char *name, *password; int code; const char* detail; } refused[] = {
+  const struct {
+    const char *name, *password;
+    int code;
+    const char* detail;
+  } refused[] = {
       {"gość", "inne", 10, "Can't create field < User 'gość' already exist >"},
       {"42", "x", 35, "Can't create user < Invalid user name or password >"},
       {"x", "", 35, "Can't create user < Invalid user name or password >"},

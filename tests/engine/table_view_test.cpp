@@ -30,7 +30,8 @@ class TableViewTest : public TableTest {
 };
 
 TEST_F(TableViewTest, DrawsTitlesAndFormattedCells) {
-  EXPECT_THAT(Drawn(4), ElementsAre("Nazwa", "Cena", "Data", "Zamek", "99,99", "31-12-2007", "Nie", "Montaż", "150,00", "05-03-2008", "Tak"));
+  EXPECT_THAT(Drawn(4),
+              ElementsAre("Nazwa", "Cena", "Data", "Zamek", "99,99", "31-12-2007", "Nie", "Montaż", "150,00", "05-03-2008", "Tak"));
   EXPECT_THAT(Drawn(5, 0, false), ElementsAre("5", "Montaż", "150,00", "05-03-2008", "Tak"));
   table->TABLE_FIELD_FORMAT("CENA", 70, "Cena", "#1", false, -1);
   EXPECT_EQ(table->CellText(4, 2, look), "99,9") << "cut, not rounded";
@@ -127,8 +128,12 @@ TEST_F(TableViewTest, AClickMakesTheRecordCurrent) {
 TEST_F(TableViewTest, MovingFromCellToCell) {
   Drawn();
   int l, t, w, h;
-  const struct { int direction, status; int32_t record; } steps[] = {
-      {3, 5, 1}, {1, 1, 1}, {4, 0, 1}, {5, 0, 1}, {5, 0, 1}, {5, 0, 1}, {5, 7, 1}, {2, 0, 2}, {7, 0, 2}, {4, 3, 1}, {6, 6, 5}, {2, 2, 5}, {1, 0, 4},
+  const struct {
+    int direction, status;
+    int32_t record;
+  } steps[] = {
+      {3, 5, 1}, {1, 1, 1}, {4, 0, 1}, {5, 0, 1}, {5, 0, 1}, {5, 0, 1}, {5, 7, 1},
+      {2, 0, 2}, {7, 0, 2}, {4, 3, 1}, {6, 6, 5}, {2, 2, 5}, {1, 0, 4},
   };
   for (const auto& step : steps) {
     EXPECT_EQ(table->CELL_GOTO(step.direction, l, t, w, h), step.status) << step.direction;
@@ -175,7 +180,7 @@ TEST_F(TableTest, ABoundFormShowsTheRecordAndGivesItBack) {
   table->FORM_OBJECT_ADD(form.txtNazwa, "NAZWA");  // not connected yet
   table->FORM_CONNECT(form);
   table->FORM_OBJECT_ADD(form.txtNazwa, "NAZWA");
-  table->FORM_OBJECT_ADD(form.txtObca, "NAZWA");   // of no form
+  table->FORM_OBJECT_ADD(form.txtObca, "NAZWA");  // of no form
   table->FORM_OBJECT_ADD(form.cmbGrupa, "@GRUPA");
   table->FORM_OBJECT_ADD(form.chkUsluga, "USLUGA");
   table->FORM_OBJECT_ADD(form.calData, "DATA");

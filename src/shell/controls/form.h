@@ -25,6 +25,7 @@ enum CellFlags : unsigned {
   kStrong = 4,     // bold
   kRight = 8,      // right-aligned content
   kInline = 16,    // caption before the field instead of above it
+  kTall = 32,      // a text box of several lines, in which Enter makes a new one
 };
 
 struct Cell {

@@ -1,0 +1,109 @@
+#include "desktop/list_canvas.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/look.h"
+#include "desktop/qcanvas.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr double kCellOfType = 1.207;  // height of a line of "Tahoma" by the size of its type
+constexpr double kLeading = 0.34;      // room between lines, by the height of a line
+
+QColor ColourOf(Colour colour) { return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
+QRectF RectOf(const RectF& area) { return {area.left, area.top, area.width(), area.height()}; }
+QPolygonF PolygonOf(const std::vector<PointF>& points) {
+  QPolygonF polygon;
+  for (const PointF& point : points) polygon << QPointF(point.x, point.y);
+  return polygon;
+}
+
+}  // namespace
+
+ListCanvas::ListCanvas(QPainter& painter, double width, double height)
+    : painter_(painter), width_(width), height_(height), ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
+
+void ListCanvas::FillRect(const RectF& area, Colour colour) { painter_.fillRect(RectOf(area), ColourOf(colour)); }
+
+void ListCanvas::DrawRect(const RectF& area, const Pen& pen) {
+  painter_.setPen(ColourOf(pen.colour));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawRect(RectOf(area));
+}
+
+void ListCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
+  // Upright and level lines are filled, as wide as whole pixels of the device.
+  const double thick = std::max(1.0, std::floor(ratio_ * std::max(pen.width, 1.0))) / ratio_;
+  const auto snapped = [&](double at) { return std::floor(at * ratio_ + 0.5) / ratio_; };
+  if (from.y == to.y) {
+    painter_.fillRect(QRectF(from.x, snapped(from.y), to.x - from.x, thick), ColourOf(pen.colour));
+  } else if (from.x == to.x) {
+    painter_.fillRect(QRectF(snapped(from.x), from.y, thick, to.y - from.y), ColourOf(pen.colour));
+  } else {
+    painter_.setPen(QPen(ColourOf(pen.colour), thick));
+    painter_.drawLine(QPointF(from.x, from.y), QPointF(to.x, to.y));
+  }
+}
+
+void ListCanvas::DrawPolyline(const std::vector<PointF>& points, const Pen& pen) {
+  painter_.setPen(QPen(ColourOf(pen.colour), std::max(pen.width, 1.0)));
+  painter_.drawPolyline(PolygonOf(points));
+}
+
+void ListCanvas::FillPolygon(const std::vector<PointF>& points, Colour colour) {
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(ColourOf(colour));
+  painter_.drawPolygon(PolygonOf(points));
+}
+
+void ListCanvas::DrawEllipse(const RectF& frame, const Pen& pen, const Colour* fill) {
+  painter_.setPen(ColourOf(pen.colour));
+  painter_.setBrush(fill ? QBrush(ColourOf(*fill)) : QBrush(Qt::NoBrush));
+  painter_.drawEllipse(RectOf(frame));
+}
+
+const ListCanvas::Fitted& ListCanvas::FontOf(const FontSpec& spec) {
+  const QString key = ToQt(spec.face) + QString::number(spec.height) + (spec.bold ? "b" : "") + (spec.italic ? "i" : "");
+  const auto found = fonts_.find(key);
+  if (found != fonts_.end()) return *found;
+  QFont font(InstalledFace(spec.face));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(spec.height / kCellOfType))));
+  font.setBold(spec.bold);
+  font.setItalic(spec.italic);
+  font.setUnderline(spec.underline);
+  return *fonts_.insert(key, Fitted{font, QFontMetricsF(font, painter_.device())});
+}
+
+double ListCanvas::TextWidth(std::string_view text, const FontSpec& font) { return FontOf(font).metrics.horizontalAdvance(ToQt(text)); }
+
+double ListCanvas::TextHeight(const FontSpec& font) { return std::ceil(font.height * (1 + kLeading)); }
+
+void ListCanvas::DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double) {
+  const Fitted& fitted = FontOf(font);
+  const QString line = ToQt(text);
+  double x = at.x;
+  if (anchor != Anchor::kLeft) x -= fitted.metrics.horizontalAdvance(line) * (anchor == Anchor::kCentre ? 0.5 : 1);
+  // The capitals stand in the middle of the line.
+  const double room = TextHeight(font) + 2, capital = fitted.metrics.capHeight();
+  painter_.setFont(fitted.font);
+  painter_.setPen(ColourOf(colour));
+  painter_.drawText(QPointF(std::round(x), at.y + std::round((room + capital) / 2)), line);
+}
+
+void ListCanvas::DrawPicture(const RectF& area, const Picture& picture) {
+  if (picture.width <= 0 || picture.height <= 0) return;
+  const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width, picture.height, picture.width * 4,
+                     QImage::Format_ARGB32);
+  painter_.drawImage(RectOf(area), image);
+}
+
+void ListCanvas::PushClip(const RectF& area) {
+  painter_.save();
+  painter_.setClipRect(RectOf(area), Qt::IntersectClip);
+}
+
+void ListCanvas::PopClip() { painter_.restore(); }
+
+}  // namespace ostrinka

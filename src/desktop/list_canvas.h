@@ -1,0 +1,46 @@
+// The surface of a table view on the screen: hinted text in whole pixels and hairlines on the pixels of the device, so that a list is sharp at
+// every scale of the display.
+#pragma once
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QHash>
+#include <QPainter>
+
+#include "platform/canvas.h"
+
+namespace ostrinka {
+
+class ListCanvas : public Canvas {
+ public:
+  ListCanvas(QPainter& painter, double width, double height);
+
+  double Width() const override { return width_; }
+  double Height() const override { return height_; }
+  void FillRect(const RectF& area, Colour colour) override;
+  void DrawRect(const RectF& area, const Pen& pen) override;
+  void DrawLine(PointF from, PointF to, const Pen& pen) override;
+  void DrawPolyline(const std::vector<PointF>& points, const Pen& pen) override;
+  void FillPolygon(const std::vector<PointF>& points, Colour colour) override;
+  void DrawEllipse(const RectF& frame, const Pen& pen, const Colour* fill) override;
+  void DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double advance) override;
+  double TextWidth(std::string_view text, const FontSpec& font) override;
+  // Of a line with the room above and below it that makes a list easy to read.
+  double TextHeight(const FontSpec& font) override;
+  void DrawPicture(const RectF& area, const Picture& picture) override;
+  void PushClip(const RectF& area) override;
+  void PopClip() override;
+
+ private:
+  struct Fitted {
+    QFont font;
+    QFontMetricsF metrics;
+  };
+  const Fitted& FontOf(const FontSpec& spec);
+
+  QPainter& painter_;
+  double width_, height_, ratio_;
+  QHash<QString, Fitted> fonts_;
+};
+
+}  // namespace ostrinka

@@ -1,0 +1,401 @@
+#include "desktop/list_view.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/list_canvas.h"
+#include "desktop/ribbon_painter.h"
+#include "desktop/scroll_style.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr double kBaseZoom = 1.125;  // the list's text is as large as that of the window at 100 %
+constexpr double kWidest = 1.6;      // columns are not widened further than this to fill the window
+constexpr int kBar = 14, kGrip = 4, kLeastColumn = 12, kGapUnderHeader = 5, kWheelNotch = 120, kWheelRows = 3;
+
+Colour ColourNumber(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
+
+// The widths of the columns as they are drawn, for as long as this object lives; the widths that are kept stay as they were.
+class WidenedColumns {
+ public:
+  WidenedColumns(ClassQDBASE& table, double factor) : table_(table) {
+    for (int field : table.columns()) {
+      widths_.push_back(table.ColumnWidth(field));
+      table.ColumnWidth(field, static_cast<int>(widths_.back() * factor));
+    }
+  }
+  ~WidenedColumns() {
+    for (size_t i = 0; i < widths_.size(); ++i) table_.ColumnWidth(table_.columns()[i], widths_[i]);
+  }
+
+ private:
+  ClassQDBASE& table_;
+  std::vector<int> widths_;
+};
+
+struct KeyCode {
+  int key, code;
+};
+constexpr KeyCode kKeys[] = {{Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},
+                             {Qt::Key_Home, 36},   {Qt::Key_Left, 37},  {Qt::Key_Up, 38},     {Qt::Key_Right, 39},    {Qt::Key_Down, 40},
+                             {Qt::Key_Delete, 46}};
+
+}  // namespace
+
+ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidget* parent)
+    : QWidget(parent), program_(program), window_(window), look_(look), rows_(new QScrollBar(Qt::Vertical, this)),
+      columns_(new QScrollBar(Qt::Horizontal, this)) {
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  for (QScrollBar* bar : {rows_, columns_}) {
+    ApplyScrollStyle(*bar, look_);
+    bar->setFocusPolicy(Qt::NoFocus);
+    bar->hide();
+  }
+  QObject::connect(rows_, &QScrollBar::valueChanged, this, [this](int value) {
+    window_.FirstRow(value + 1);
+    update();
+  });
+  QObject::connect(columns_, &QScrollBar::valueChanged, this, [this](int value) {
+    first_column_ = value + 1;
+    update();
+  });
+}
+
+double ListView::TextZoom(double zoom) { return zoom * kBaseZoom; }
+
+ClassQDBASE* ListView::Shown() const {
+  return program_.database_open && window_.ViewShown() ? window_.ViewTable() : nullptr;
+}
+
+QRect ListView::Surface() const {
+  return QRect(0, 0, width() - (rows_->isHidden() ? 0 : kBar), height() - (columns_->isHidden() ? 0 : kBar));
+}
+
+int ListView::RowHeight() const {
+  const double points = 8 * std::clamp(TextZoom(window_.zoom()), 0.1, 10.0), cell = std::max(points * 20 / 15 * 1.207, 1.0);
+  return static_cast<int>(std::ceil(std::ceil(cell * 1.34))) + 3;
+}
+
+int ListView::PageRows() const { return std::max((Surface().height() - RowHeight() - kGapUnderHeader) / RowHeight(), 1); }
+
+std::vector<ListView::Span> ListView::Spans() const {
+  std::vector<Span> spans;
+  ClassQDBASE* table = Shown();
+  if (!table) return spans;
+  const double zoom = std::clamp(TextZoom(window_.zoom()), 0.1, 10.0);
+  int left = 0;
+  for (int column = first_column_; column <= table->MAX_COLUMNS(); ++column) {
+    const int field = table->columns()[static_cast<size_t>(column - 1)];
+    const int width = static_cast<int>(zoom * static_cast<int>(table->ColumnWidth(field) * fit_));
+    spans.push_back({column, field, left, width});
+    left += width;
+  }
+  return spans;
+}
+
+void ListView::Fit() {
+  ClassQDBASE* table = Shown();
+  if (!table || drag_field_ != 0) return;
+  double sum = 0;
+  for (int field : table->columns()) sum += table->ColumnWidth(field);
+  sum *= TextZoom(window_.zoom());
+  fit_ = sum > 0 ? std::clamp((Surface().width() - 1) / sum, 1.0, kWidest) : 1;
+}
+
+void ListView::Refresh() {
+  ClassQDBASE* table = Shown();
+  const int32_t record = table ? table->RECORD_POSITION() : 0;
+  const int count = table ? table->MAX_ROWS() : 0;
+  const bool another = table != table_ || count != row_count_;
+  if (table != table_) first_column_ = 1, fitted_width_ = -1;
+  if (another || record != record_) {
+    current_row_ = 0;
+    if (table) {
+      const auto& rows = table->selection();
+      const auto here = std::find(rows.begin(), rows.end(), record);
+      if (here != rows.end()) current_row_ = static_cast<int>(here - rows.begin()) + 1;
+    }
+    table_ = table;
+    record_ = record;
+    row_count_ = count;
+    Arrange();
+    KeepInView();
+    TellAccessibility();
+  } else {
+    Arrange();
+  }
+  update();
+}
+
+void ListView::Arrange() {
+  ClassQDBASE* table = Shown();
+  const int count = table ? table->MAX_ROWS() : 0;
+  rows_->setVisible(count > 0 && count > (height() - RowHeight() - kGapUnderHeader) / RowHeight());
+  const int zoom_and_width = Surface().width() * 1000 + static_cast<int>(std::lround(window_.zoom() * 100));
+  if (zoom_and_width != fitted_width_) {
+    fitted_width_ = zoom_and_width;
+    Fit();
+  }
+  const int columns = table ? table->MAX_COLUMNS() : 0;
+  const int first = first_column_;
+  first_column_ = 1;
+  const std::vector<Span> all = Spans();
+  const int total = all.empty() ? 0 : all.back().left + all.back().width;
+  columns_->setVisible(total > Surface().width());
+  // Columns may scroll until the last one stands whole.
+  int most = 0;
+  while (most + 1 < columns && total - all[static_cast<size_t>(most)].left > Surface().width()) ++most;
+  first_column_ = columns_->isHidden() ? 1 : std::clamp(first, 1, std::max(most + 1, 1));
+  {
+    const QSignalBlocker quiet(columns_);
+    columns_->setRange(0, most);
+    columns_->setPageStep(std::max(columns - most, 1));
+    columns_->setValue(first_column_ - 1);
+  }
+  const int page = PageRows(), last = std::max(count - page, 0);
+  {
+    const QSignalBlocker quiet(rows_);
+    rows_->setRange(0, last);
+    rows_->setPageStep(page);
+    rows_->setValue(std::clamp(window_.first_row() - 1, 0, last));
+  }
+  window_.FirstRow(rows_->value() + 1);
+  rows_->setGeometry(width() - kBar, RowHeight(), kBar, height() - RowHeight() - (columns_->isHidden() ? 0 : kBar));
+  columns_->setGeometry(0, height() - kBar, width() - (rows_->isHidden() ? 0 : kBar), kBar);
+}
+
+void ListView::KeepInView() {
+  if (current_row_ == 0) return;
+  const int page = PageRows(), first = rows_->value() + 1;
+  if (current_row_ < first) rows_->setValue(current_row_ - 1);
+  if (current_row_ >= first + page) rows_->setValue(current_row_ - page);
+}
+
+void ListView::TellAccessibility() {
+  QString row;
+  if (ClassQDBASE* table = Shown(); table && current_row_ > 0) {
+    for (int field : table->columns()) row += ToQt(table->CellText(current_row_, field, window_.Look())) + "; ";
+  }
+  setAccessibleName(ToQt(window_.ribbon.ButtonText(window_.ribbon.TabID())));
+  setAccessibleDescription(row);
+  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&event);
+}
+
+QString ListView::Hint() const {
+  if (!program_.database_open) return look_.Text("mdi.list.nocompany");
+  if (!window_.ViewShown()) return look_.Text("mdi.pleasewait");
+  if (window_.CurrentTable == -1) return look_.Text("mdi.list.noreport");
+  return look_.Text("mdi.list.nodict");
+}
+
+void ListView::PaintHint(QPainter& painter, const QString& text, const QRect& area) {
+  QFont font = look_.WindowFont();
+  font.setPointSizeF(font.pointSizeF() * 1.25);
+  painter.setFont(font);
+  painter.setPen(MixOf(look_.Colour(SkinColour::kToolbarText), Qt::white, 0.15));
+  painter.drawText(area.adjusted(40, 0, -40, 0), Qt::AlignCenter | Qt::TextWordWrap, text);
+}
+
+void ListView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::white);
+  ClassQDBASE* table = Shown();
+  if (!table) {
+    PaintHint(painter, Hint(), rect().adjusted(0, 0, 0, -height() / 5));
+    return;
+  }
+  PaintTable(painter, *table);
+  if (table->MAX_ROWS() == 0) PaintHint(painter, look_.Text("mdi.list.empty"), Surface().adjusted(0, 0, 0, -height() / 4));
+}
+
+void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
+  RibbonPainter paint(painter, look_);
+  const FrameColours& colours = paint.colours();
+  const QRect surface = Surface();
+  TableLook look = window_.Look();
+  look.zoom = TextZoom(window_.zoom());
+  look.foreground = ColourNumber(look_.Colour(SkinColour::kButtonText));
+  look.background = Rgb(255, 255, 255);
+  look.line = ColourNumber(colours.list_line);
+  look.highlight = ColourNumber(look_.Accent());
+  painter.save();
+  painter.setClipRect(surface);
+  ListCanvas canvas(painter, surface.width(), surface.height());
+  {
+    const WidenedColumns widened(table, fit_);
+    table.TABLE_DRAW(canvas, window_.first_row(), first_column_, true, look);
+  }
+  painter.restore();
+  const int header = RowHeight();
+  if (!rows_->isHidden()) painter.fillRect(QRect(width() - kBar, 0, kBar, header), MixOf(Qt::white, colours.list_line, 0.35));
+  if (!rows_->isHidden() && !columns_->isHidden()) painter.fillRect(QRect(width() - kBar, height() - kBar, kBar, kBar), colours.panel);
+  paint.Hairline({0, header - 1.0}, {static_cast<double>(width()), header - 1.0}, colours.panel_edge);
+  for (const Span& span : Spans()) {
+    if (span.column == hover_column_) painter.fillRect(QRect(span.left, header - 2, span.width - 1, 2), look_.Accent());
+  }
+  for (const TableCell& cell : table.cells()) {
+    if (cell.record != record_ || cell.position != 1) continue;
+    painter.fillRect(QRect(0, cell.top, 3, cell.bottom - cell.top + 1), look_.Accent());
+    if (hasFocus()) paint.FocusRing(QRectF(0, cell.top, surface.width(), cell.bottom - cell.top + 2));
+  }
+}
+
+void ListView::resizeEvent(QResizeEvent*) {
+  Arrange();
+  KeepInView();
+}
+
+bool ListView::InHeader(const QPoint& at) const { return Shown() && at.y() >= 0 && at.y() < RowHeight() && at.x() < Surface().width(); }
+
+int ListView::BorderAt(const QPoint& at) const {
+  if (!InHeader(at)) return -1;
+  const std::vector<Span> spans = Spans();
+  for (size_t i = spans.size(); i-- > 0;) {
+    if (std::abs(at.x() - (spans[i].left + spans[i].width - 1)) <= kGrip) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+bool ListView::SelectAt(const QPoint& at) {
+  ClassQDBASE* table = Shown();
+  if (!table || !Surface().contains(at)) return false;
+  int left = 0, top = 0, width = 0, height = 0;
+  table->TABLE_CLICK(0, at.x(), at.y(), left, top, width, height);
+  for (const TableCell& cell : table->cells()) {
+    if (at.y() < cell.top || at.y() > cell.bottom + 1) continue;
+    return window_.UserRecord(cell.record);  // also beside the last column
+  }
+  return false;
+}
+
+void ListView::mousePressEvent(QMouseEvent* event) {
+  const QPoint at = event->position().toPoint();
+  press_column_ = 0;
+  if (event->button() == Qt::LeftButton && InHeader(at)) {
+    const int border = BorderAt(at);
+    const std::vector<Span> spans = Spans();
+    if (border >= 0) {
+      drag_field_ = spans[static_cast<size_t>(border)].field;
+      drag_from_ = at.x();
+      drag_width_ = spans[static_cast<size_t>(border)].width;
+      return;
+    }
+    for (const Span& span : spans) {
+      if (at.x() >= span.left && at.x() < span.left + span.width) press_column_ = span.column;
+    }
+  } else {
+    SelectAt(at);
+  }
+}
+
+void ListView::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint at = event->position().toPoint();
+  if (drag_field_ != 0) {
+    const int width = std::max(drag_width_ + at.x() - drag_from_, kLeastColumn);
+    if (ClassQDBASE* table = Shown()) {
+      table->ColumnWidth(drag_field_, std::max(static_cast<int>(std::lround(width / (TextZoom(window_.zoom()) * fit_))), 1));
+    }
+    update();
+    return;
+  }
+  setCursor(BorderAt(at) >= 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
+  int hover = -1;
+  if (InHeader(at) && BorderAt(at) < 0) {
+    for (const Span& span : Spans()) {
+      if (at.x() >= span.left && at.x() < span.left + span.width) hover = span.column;
+    }
+  }
+  if (hover != hover_column_) hover_column_ = hover, update();
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event) {
+  const QPoint at = event->position().toPoint();
+  if (drag_field_ != 0) {
+    drag_field_ = 0;
+    Arrange();
+    update();
+    return;
+  }
+  if (press_column_ == 0 || !InHeader(at)) return;
+  for (const Span& span : Spans()) {
+    if (span.column == press_column_ && at.x() >= span.left && at.x() < span.left + span.width) {
+      window_.UserSortByColumn(press_column_);
+      return;
+    }
+  }
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && !InHeader(event->position().toPoint()) && SelectAt(event->position().toPoint())) {
+    window_.UserDoubleClick();
+  }
+}
+
+void ListView::wheelEvent(QWheelEvent* event) {
+  const bool sideways = std::abs(event->angleDelta().x()) > std::abs(event->angleDelta().y());
+  wheel_rest_ += sideways ? event->angleDelta().x() : event->angleDelta().y();
+  event->accept();
+  const bool zooms = event->modifiers() & Qt::ControlModifier;
+  const int step = zooms || sideways ? kWheelNotch : kWheelNotch / kWheelRows;
+  const int steps = wheel_rest_ / step;
+  if (steps == 0) return;
+  wheel_rest_ -= steps * step;
+  if (zooms) {
+    window_.Zoom((std::round(window_.zoom() * 10) + steps) / 10);
+  } else {
+    QScrollBar* bar = sideways || (event->modifiers() & Qt::ShiftModifier) ? columns_ : rows_;
+    bar->setValue(bar->value() - steps);
+  }
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+  const bool ctrl = event->modifiers() & Qt::ControlModifier;
+  const int key = event->key();
+  if (ctrl && (key == Qt::Key_Left || key == Qt::Key_Right)) {
+    columns_->setValue(columns_->value() + (key == Qt::Key_Left ? -1 : 1));
+    return;
+  }
+  for (const KeyCode& row : kKeys) {
+    if (row.key != key) continue;
+    window_.UserKey(row.code);
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent* event) {
+  QPoint at = event->globalPos();
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    // Under the current row.
+    at = mapToGlobal(QPoint(24, RowHeight()));
+    if (ClassQDBASE* table = Shown()) {
+      for (const TableCell& cell : table->cells()) {
+        if (cell.record == record_) at = mapToGlobal(QPoint(24, cell.bottom));
+      }
+    }
+  } else if (InHeader(event->pos())) {
+    return;
+  }
+  if (show_menu) show_menu(at);
+}
+
+void ListView::leaveEvent(QEvent*) {
+  if (hover_column_ != -1) hover_column_ = -1, update();
+}
+
+bool ListView::event(QEvent* event) {
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+  return QWidget::event(event);
+}
+
+}  // namespace ostrinka

@@ -1,0 +1,279 @@
+#include "desktop/main_window_view.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+
+#include "app/program.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr int kFrame = 4, kLeastWidth = 1024, kLeastHeight = 640;
+constexpr int kNormal = 0, kMaximised = 2, kNeverPlaced = 4;  // states of a window's place
+constexpr int kF1 = 112, kF5 = 116;
+
+}  // namespace
+
+MainWindowView::MainWindowView(Program& program, MainWindow& window, const Look& look)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      program_(program), window_(window), look_(look), title_(new TitleStrip(look, this)),
+      ribbon_(new RibbonView(program, window, look, this)), list_(new ListView(program, window, look, this)),
+      status_(new StatusBar(window, look, this)), tips_(new KeyTipLayer(look, this)) {
+  setWindowTitle(look_.Text("common.title"));
+  setFont(look_.WindowFont());
+  setMinimumSize(kLeastWidth, kLeastHeight);
+  setMouseTracking(true);
+  auto* column = new QVBoxLayout(this);
+  column->setSpacing(0);
+  column->setContentsMargins(kFrame, kFrame, kFrame, kFrame);
+  column->addWidget(title_);
+  column->addWidget(ribbon_);
+  column->addWidget(list_, 1);
+  column->addWidget(status_);
+  list_->show_menu = [this](const QPoint& at) { ribbon_->OpenTabMenu(at); };
+  list_->setFocus();
+  qApp->installEventFilter(this);
+}
+
+MainWindowView::~MainWindowView() { qApp->removeEventFilter(this); }
+
+void MainWindowView::ShowInPlace() {
+  if (isVisible()) {
+    Refresh();
+    return;
+  }
+  const MainWindow::Placement& place = window_.placement;
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, kLeastWidth, kLeastHeight);
+  QRect frame(static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.width), static_cast<int>(place.height));
+  frame.setSize(frame.size().expandedTo(minimumSize()).boundedTo(area.size().expandedTo(minimumSize())));
+  const QScreen* under = QGuiApplication::screenAt(frame.center());
+  if (place.state == kNeverPlaced || !under) frame.moveCenter(area.center());
+  if (frame.top() < area.top() && !under) frame.moveTop(area.top());
+  setGeometry(frame);
+  if (place.state == kMaximised) {
+    showMaximized();
+  } else {
+    show();
+  }
+  list_->setFocus();
+  Refresh();
+}
+
+void MainWindowView::Refresh() {
+  title_->SetCompany(program_.database_open ? ToQt(program_.company.S_NAZWA) : QString());
+  ribbon_->Refresh();
+  list_->Refresh();
+  ClassQDBASE* table = program_.database_open ? window_.ViewTable() : nullptr;
+  status_->Refresh(list_->CurrentRow(), table ? table->MAX_ROWS() : -1);
+  if (window_.ribbon.AltState() && tips_->isVisible()) tips_->Show(ribbon_->KeyTips());
+}
+
+void MainWindowView::Tick() { KeepPlace(); }
+
+void MainWindowView::KeepPlace() {
+  if (!isVisible() || isMinimized()) return;
+  MainWindow::Placement& place = window_.placement;
+  place.state = isMaximized() ? kMaximised : kNormal;
+  const QRect area = isMaximized() && normalGeometry().isValid() ? normalGeometry() : geometry();
+  place.left = static_cast<float>(area.left());
+  place.top = static_cast<float>(area.top());
+  place.width = static_cast<float>(area.width());
+  place.height = static_cast<float>(area.height());
+}
+
+void MainWindowView::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (!InFront()) return;
+  KeepPlace();
+  window_.UserCommand("EXIT");
+}
+
+void MainWindowView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) {
+    const int frame = isMaximized() || isFullScreen() ? 0 : kFrame;
+    layout()->setContentsMargins(frame, frame, frame, frame);
+    title_->Refresh();
+  }
+  if (event->type() != QEvent::ActivationChange) return;
+  title_->Refresh();
+  if (!isActiveWindow()) {
+    alt_pressed_ = false;
+    if (!QApplication::activePopupWidget()) EnterAltState(false);
+    return;
+  }
+  // Another workstation may have changed the table meanwhile.
+  ClassQDBASE* table = program_.database_open && InFront() ? window_.ViewTable() : nullptr;
+  if (table && table->TABLE_REFRESH()) window_.ref_();
+}
+
+void MainWindowView::resizeEvent(QResizeEvent*) {
+  if (tips_->isVisible()) tips_->Show(ribbon_->KeyTips());
+}
+
+void MainWindowView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const FrameColours colours(look_);
+  painter.fillRect(rect(), colours.title);
+  painter.setPen(isActiveWindow() ? MixOf(colours.title_edge, look_.Accent(), 0.35) : colours.title_edge);
+  if (!isMaximized()) painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+bool MainWindowView::InFront() const {
+  return isVisible() && !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
+}
+
+// Keys that act wherever the focus is in the window.
+bool MainWindowView::WindowKey(const QKeyEvent& event) {
+  const int key = event.key();
+  if (event.modifiers() & Qt::ControlModifier) {
+    if (key == Qt::Key_Plus || key == Qt::Key_Equal) return window_.Zoom(window_.zoom() + 0.1), true;
+    if (key == Qt::Key_Minus) return window_.Zoom(window_.zoom() - 0.1), true;
+    if (key == Qt::Key_0) return window_.Zoom(1), true;
+    if (key == Qt::Key_F && ribbon_->FindField()) return ribbon_->FindField()->setFocus(Qt::ShortcutFocusReason), true;
+    return false;
+  }
+  if (event.modifiers() & (Qt::AltModifier | Qt::ShiftModifier)) return false;
+  if (key == Qt::Key_F1) return window_.UserKey(kF1), true;
+  if (key >= Qt::Key_F5 && key <= Qt::Key_F10) return window_.UserKey(kF5 + key - Qt::Key_F5), true;
+  return false;
+}
+
+void MainWindowView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && !list_->hasFocus()) {
+    list_->setFocus();
+  } else if (!WindowKey(*event)) {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void MainWindowView::EnterAltState(bool on) {
+  alt_letters_.clear();
+  if (window_.ribbon.AltState() != on) window_.ribbon.AltState(on);
+  if (on) {
+    tips_->Show(ribbon_->KeyTips());
+  } else {
+    tips_->Hide();
+  }
+}
+
+// A key in the Alt state: the letters that the program takes itself first, then those of the key tips; anything else ends the state.
+void MainWindowView::AltKey(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Shift || event.key() == Qt::Key_Alt) return;
+  const QString letters = alt_letters_ + event.text().toUpper();
+  if (event.key() == Qt::Key_Escape || letters == alt_letters_) {
+    EnterAltState(false);
+    return;
+  }
+  constexpr std::string_view kTaken = "FSZKTUP";
+  const bool shift = event.modifiers() & Qt::ShiftModifier;
+  bool begins = false;
+  const KeyTip* found = tips_->Find(letters, begins);
+  const bool tab = found && letters[0].isDigit();
+  if (alt_letters_.isEmpty() && !shift && letters.size() == 1 && kTaken.find(letters[0].toLatin1()) != std::string_view::npos) {
+    tips_->Hide();
+    window_.UserKey(letters[0].unicode());  // ends the state
+    return;
+  }
+  if (found) {
+    const KeyTip tip = *found;
+    const bool usable = tip.widget->isEnabled();
+    if (!tab) EnterAltState(false);
+    if (usable) (shift && tip.drop ? tip.drop : tip.run)();
+    else program_.platform.ui.Beep();
+    if (tab) EnterAltState(true);
+  } else if (begins) {
+    alt_letters_ = letters;
+  } else {
+    program_.platform.ui.Beep();
+    EnterAltState(false);
+  }
+}
+
+bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel: break;
+    default: return false;
+  }
+  const auto* widget = object->isWidgetType() ? static_cast<QWidget*>(object) : nullptr;
+  if (!widget || widget->window() != this || !InFront()) return false;
+  const bool alt = window_.ribbon.AltState();
+  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel) {
+    alt_pressed_ = false;
+    if (alt) EnterAltState(false);
+    return false;
+  }
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (event->type() == QEvent::ShortcutOverride) return false;
+  if (event->type() == QEvent::KeyPress) {
+    if (key->key() == Qt::Key_Alt) {
+      alt_pressed_ = !(key->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier | Qt::MetaModifier));
+      return true;
+    }
+    alt_pressed_ = false;
+    if (!alt) return false;
+    AltKey(*key);
+    return true;
+  }
+  if (key->key() == Qt::Key_Alt && alt_pressed_ && !key->isAutoRepeat()) {
+    alt_pressed_ = false;
+    EnterAltState(!alt);
+    return true;
+  }
+  return alt;
+}
+
+Qt::Edges MainWindowView::EdgesAt(const QPoint& at) const {
+  constexpr int kCorner = 14;
+  if (isMaximized() || rect().adjusted(kFrame, kFrame, -kFrame, -kFrame).contains(at)) return {};
+  Qt::Edges edges;
+  if (at.x() < kCorner) edges |= Qt::LeftEdge;
+  if (at.x() >= width() - kCorner) edges |= Qt::RightEdge;
+  if (at.y() < kCorner) edges |= Qt::TopEdge;
+  if (at.y() >= height() - kCorner) edges |= Qt::BottomEdge;
+  return edges;
+}
+
+void MainWindowView::mousePressEvent(QMouseEvent* event) {
+  const Qt::Edges edges = EdgesAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || !edges) return;
+  if (windowHandle() && windowHandle()->startSystemResize(edges)) return;
+  sizing_ = edges;
+  grip_ = event->globalPosition().toPoint();
+  grip_area_ = geometry();
+}
+
+void MainWindowView::mouseMoveEvent(QMouseEvent* event) {
+  if (sizing_) {
+    const QPoint by = event->globalPosition().toPoint() - grip_;
+    QRect area = grip_area_;
+    if (sizing_ & Qt::LeftEdge) area.setLeft(std::min(area.left() + by.x(), area.right() - kLeastWidth + 1));
+    if (sizing_ & Qt::RightEdge) area.setRight(std::max(area.right() + by.x(), area.left() + kLeastWidth - 1));
+    if (sizing_ & Qt::TopEdge) area.setTop(std::min(area.top() + by.y(), area.bottom() - kLeastHeight + 1));
+    if (sizing_ & Qt::BottomEdge) area.setBottom(std::max(area.bottom() + by.y(), area.top() + kLeastHeight - 1));
+    setGeometry(area);
+    return;
+  }
+  const Qt::Edges edges = EdgesAt(event->position().toPoint());
+  const bool left = edges & Qt::LeftEdge, right = edges & Qt::RightEdge, top = edges & Qt::TopEdge, bottom = edges & Qt::BottomEdge;
+  setCursor((left && top) || (right && bottom)   ? Qt::SizeFDiagCursor
+            : (right && top) || (left && bottom) ? Qt::SizeBDiagCursor
+            : left || right                      ? Qt::SizeHorCursor
+            : top || bottom                      ? Qt::SizeVerCursor
+                                                 : Qt::ArrowCursor);
+}
+
+void MainWindowView::mouseReleaseEvent(QMouseEvent*) { sizing_ = {}; }
+
+}  // namespace ostrinka

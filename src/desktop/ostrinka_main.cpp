@@ -1,0 +1,93 @@
+// ostrinka [+wiz] [+nohook]: the program in its window.
+#include <QApplication>
+#include <QTimer>
+#include <memory>
+
+#include "app/program.h"
+#include "desktop/desktop_ui.h"
+#include "desktop/dialog_style.h"
+#include "desktop/main_window_view.h"
+#include "desktop/qt_platform.h"
+#include "desktop/splash.h"
+#include "startup/startup.h"
+
+namespace ostrinka {
+namespace {
+
+// The running program with its window. Members go in the reverse order: the window before the model that it shows.
+class Desktop {
+ public:
+  Desktop() : platform_(ui_, ExecutableFolder()), program_(platform_.platform), look_(program_), startup_(program_) {
+    DialogStyle::Install(look_);
+    ui_.Attach(program_, look_);
+    ui_.hooks.show_main_window = [this] { ShowWindow(); };
+    ui_.hooks.redraw_main_window = [this] {
+      if (view_ && view_->isVisible() && !ended_) view_->Refresh();
+    };
+    ui_.hooks.show_status = [this](const std::string& text) {
+      if (view_ && !ended_) view_->ShowStatus(ToQt(text));
+    };
+    ui_.hooks.show_splash = [this](bool shown) { ShowSplash(shown); };
+    ui_.hooks.start_timer = [this](int milliseconds) { timer_.start(milliseconds); };
+    ui_.hooks.stop_timer = [this] { timer_.stop(); };
+    ui_.hooks.end_program = [this] { End(); };
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
+      if (view_) view_->Tick();
+    });
+  }
+
+  int Run(const std::string& command_line) {
+    startup_.Start(command_line);
+    // The wizard's path shows nothing by itself.
+    if (!ended_ && !view_) ShowWindow();
+    const int status = ended_ ? 0 : QApplication::exec();
+    startup_.Stop();
+    return status;
+  }
+
+ private:
+  void ShowWindow() {
+    if (!startup_.window() || ended_) return;
+    if (!view_) {
+      view_ = std::make_unique<MainWindowView>(program_, *startup_.window(), look_);
+      ui_.SetParent(view_.get());
+    }
+    view_->ShowInPlace();
+  }
+
+  void ShowSplash(bool shown) {
+    splash_ = shown ? std::make_unique<Splash>(look_) : nullptr;
+    if (splash_) splash_->show();
+  }
+
+  void End() {
+    ended_ = true;
+    splash_.reset();
+    if (view_) view_->hide();
+    QApplication::quit();
+  }
+
+  DesktopUi ui_;
+  QtPlatform platform_;
+  Program program_;
+  Look look_;
+  Startup startup_;
+  QTimer timer_;
+  std::unique_ptr<Splash> splash_;
+  std::unique_ptr<MainWindowView> view_;
+  bool ended_ = false;
+};
+
+}  // namespace
+}  // namespace ostrinka
+
+int main(int count, char** words) {
+  QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  QApplication application(count, words);
+  QApplication::setApplicationName("ostrinka");
+  QApplication::setApplicationDisplayName("Ostrinka 2008");
+  QApplication::setQuitOnLastWindowClosed(false);
+  QString command_line;
+  for (const QString& word : QApplication::arguments().mid(1)) command_line += word + " ";
+  return ostrinka::Desktop().Run(ostrinka::FromQt(command_line));
+}
