@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPointer>
 #include <QStyleOption>
 #include <algorithm>
 

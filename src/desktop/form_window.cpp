@@ -1,6 +1,7 @@
 #include "desktop/form_window.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -197,10 +198,15 @@ void FormWindow::Parts::BuildButtons(QVBoxLayout& column) {
       stretched = true;
     }
     QWidget* button = builder.BuildButton(*entry->button, &window);
-    const bool first = main == buttons.end() ? !marked && !(entry->flags & kCancel) : entry == main;
+    const bool first = main == buttons.end() ? !marked && entry->button != Marked(kCancel) : entry == main;
     button->setProperty(kPrimaryButton, first);
     marked = marked || first;
     bar->addWidget(button);
+    if (entry->button != Marked(kCancel)) continue;
+    // Leaving by the button asks what leaving by a key asks.
+    auto* leave = static_cast<QAbstractButton*>(button);
+    leave->disconnect();
+    connect(leave, &QAbstractButton::clicked, &window, [this] { window.reject(); });
   }
   column.addLayout(bar);
 }
@@ -400,7 +406,7 @@ ButtonControl* FormWindow::Parts::Marked(unsigned flag) const {
   for (const FormButton& entry : form.buttons()) {
     if (entry.flags & flag) return entry.button;
   }
-  return nullptr;
+  return flag == kCancel ? form.FindButton("btnCancel") : nullptr;
 }
 
 bool FormWindow::Parts::OnEnter(Control* control, QWidget* field) {

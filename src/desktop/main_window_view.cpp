@@ -22,7 +22,7 @@ constexpr int kF1 = 112, kF5 = 116;
 
 MainWindowView::MainWindowView(Program& program, MainWindow& window, const Look& look)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      program_(program), window_(window), look_(look), title_(new TitleStrip(look, this)),
+      program_(program), window_(window), look_(look), title_(new WindowStrip(look, this)),
       ribbon_(new RibbonView(program, window, look, this)), list_(new ListView(program, window, look, this)),
       status_(new StatusBar(window, look, this)), tips_(new KeyTipLayer(look, this)) {
   setWindowTitle(look_.Text("common.title"));

@@ -9,7 +9,7 @@
 #include "desktop/list_view.h"
 #include "desktop/ribbon_view.h"
 #include "desktop/status_bar.h"
-#include "desktop/title_strip.h"
+#include "desktop/window_strip.h"
 
 namespace ostrinka {
 
@@ -51,7 +51,7 @@ class MainWindowView : public QWidget {
   Program& program_;
   MainWindow& window_;
   const Look& look_;
-  TitleStrip* title_;
+  WindowStrip* title_;
   RibbonView* ribbon_;
   ListView* list_;
   StatusBar* status_;

@@ -27,8 +27,13 @@ void FillFromTable(Program& program, int number, ComboControl& list, const std::
 }
 
 void FillFromTable(Program& program, int number, ComboControl& list, std::string_view field, bool blank_first) {
-  FillFromTable(
-      program, number, list, [field](ClassQDBASE& table) { return Trim(table.Text(field)); }, blank_first);
+  list.Clear();
+  if (blank_first) list.AddItem("", 0);
+  Table(program, number).SCAN({FieldId(field)}, [&](int32_t record, const std::vector<Value>& values) {
+    std::string text = Trim(ToText(values[0]));
+    if (!text.empty()) list.AddItem(std::move(text), record);
+    return true;
+  });
 }
 
 void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list) {

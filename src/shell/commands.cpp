@@ -73,6 +73,7 @@ const std::vector<Command>& MainWindow::Commands() {
       {"SŁOWNIK.WALUTY", kDb, &W::PickDictionary, kWaluty},
       {"SET.USR", kNone, &W::CompanyData},
       {"SET.QDB", kNone, &W::DatabaseConnection},
+      {"ABOUT", kNone, &W::About},
       {"EXIT", kNone, &W::Exit},
       // What this version does not do yet: it says so.
       {"ZAKUP.DODAJ", kDb, &W::NotBuilt},
@@ -109,7 +110,6 @@ const std::vector<Command>& MainWindow::Commands() {
       {"BACKUP", kDb, &W::NotBuilt},
       {"RESTORE", kNone, &W::NotBuilt},
       {"EXPORT", kDb, &W::NotBuilt},
-      {"ABOUT", kNone, &W::NotBuilt},
       {"STREM", kDb, &W::NotBuilt},
       {"HELP", kNone, &W::NotBuilt},
   };

@@ -112,6 +112,7 @@ class MainWindow : public MainView {
   void PickDictionary(const Command& command, int argument);
   void CompanyData(const Command& command, int argument);
   void DatabaseConnection(const Command& command, int argument);
+  void About(const Command& command, int argument);
   void Exit(const Command& command, int argument);
   void NotBuilt(const Command& command, int argument);
 

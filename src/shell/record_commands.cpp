@@ -5,6 +5,7 @@
 #include "masterdata/customer_form.h"
 #include "masterdata/goods_form.h"
 #include "print/print_run.h"
+#include "shell/about_form.h"
 #include "shell/main_window.h"
 
 namespace ostrinka {
@@ -168,6 +169,11 @@ void MainWindow::CompanyData(const Command&, int) {
 }
 
 void MainWindow::DatabaseConnection(const Command&, int) { SET_QDB_(); }
+
+void MainWindow::About(const Command&, int) {
+  frm_About form(program_);
+  program_.platform.ui.ShowModal(form);
+}
 
 void MainWindow::Exit(const Command&, int) {
   if (on_exit) on_exit();

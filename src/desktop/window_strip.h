@@ -1,0 +1,35 @@
+// The strip at the top of the main window: title, company, the three window buttons. It moves the window.
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/ribbon_button.h"
+
+namespace ostrinka {
+
+class WindowStrip : public QWidget {
+ public:
+  WindowStrip(const Look& look, QWidget* window);
+
+  // The company is named beside the program's title.
+  void SetCompany(const QString& company);
+  // Takes over whether the window is maximised or active.
+  void Refresh();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void ToggleMaximised();
+  const Look& look_;
+  RibbonButton *minimise_, *maximise_, *close_;
+  QString company_;
+  QPoint grip_;  // where the strip was taken, when the window system does not move windows
+  bool moving_ = false;
+};
+
+}  // namespace ostrinka
