@@ -1,7 +1,7 @@
 """The pen that icons are drawn with: a grid of 32 units whatever the size, outer edges of outlined shapes on whole pixels."""
 import math
 
-from drawing import cairo, darker, lighter, mix, new_surface, rgb, saturated
+from drawing import cairo, darker, lighter, new_surface, rgb, saturated
 
 LINE_WIDTH = {16: 1.0, 24: 1.5, 32: 1.5, 48: 2.0, 64: 2.0}
 INK, PAPER, SHADE = rgb("#2E3A48"), rgb("#FFFFFF"), rgb("#AEBAC7")

@@ -1,5 +1,7 @@
 """The things that icons are put together from: pages, printers, calendars, people, badges. All in units of the pen's grid."""
-from icon_pen import AMBER, BLUE, BUTT, GREEN, INK, MIST, PAPER, RED, SHADE, SKY, STEEL, TEAL, WOOD
+from math import cos, pi, sin
+
+from icon_pen import AMBER, BLUE, BUTT, GREEN, INK, MIST, PAPER, SHADE, SKY, STEEL, WOOD
 
 
 def page(pen, x=5, y=2, width=22, height=28, fold=7, fill=PAPER):
@@ -16,26 +18,26 @@ def written_page(pen, x=4, y=2, width=22, height=28, fold=7):
 
 
 def badge(pen, glyph, colour, x=23, y=23):
-    """A round mark in the lower right corner: + - x > < v or "" for a bare disc."""
+    """A round mark in the lower right corner, with one of + x > ^ v on it."""
     pen.clear_round(x, y, 9)
     pen.circle(x, y, 8, colour)
     line = 2.6 if not pen.small else 2
     reach = 3.5 if not pen.small else 4
-    if glyph in "+-" and glyph:
-        half = max(1, round(2.6 * pen.unit)) / 2
-        middle_x, middle_y = pen.snap(x - 8) + pen.snap(16) / 2, pen.snap(y - 8) + pen.snap(16) / 2
-        far = round(reach * pen.unit)
-        half = half if (pen.snap(16) % 2 == 0) == (round(2 * half) % 2 == 0) else half + 0.5
+    if glyph == "+":
+        left, across = pen.snap(x - 8), pen.snap(16)
+        middle_x, middle_y = left + across / 2, pen.snap(y - 8) + across / 2
+        thick = max(1, round(2.6 * pen.unit))
+        thick += (across - thick) % 2  # so that its edges fall on pixels
+        far = round(reach * pen.unit) + across % 2 / 2
         pen.context.set_source_rgb(*PAPER)
-        pen.context.rectangle(middle_x - far, middle_y - half, 2 * far, 2 * half)
-        if glyph == "+":
-            pen.context.rectangle(middle_x - half, middle_y - far, 2 * half, 2 * far)
+        pen.context.rectangle(middle_x - far, middle_y - thick / 2, 2 * far, thick)
+        pen.context.rectangle(middle_x - thick / 2, middle_y - far, thick, 2 * far)
         pen.context.fill()
-    lines = {"x": [[(-3, -3), (3, 3)], [(-3, 3), (3, -3)]], ">": [[(-4, 0), (4, 0)], [(0.5, -3.5), (4, 0), (0.5, 3.5)]],
-             "<": [[(4, 0), (-4, 0)], [(-0.5, -3.5), (-4, 0), (-0.5, 3.5)]], "^": [[(0, 4), (0, -4)], [(-3.5, -0.5), (0, -4), (3.5, -0.5)]],
-             "v": [[(0, -4), (0, 4)], [(-3.5, 0.5), (0, 4), (3.5, 0.5)]], "ok": [[(-3.5, 0), (-1, 2.5), (3.5, -3)]]}
+    lines = {"x": [[(-3, -3), (3, 3)], [(-3, 3), (3, -3)]],
+             ">": [[(-4, 0), (4, 0)], [(0.5, -3.5), (4, 0), (0.5, 3.5)]],
+             "^": [[(0, 4), (0, -4)], [(-3.5, -0.5), (0, -4), (3.5, -0.5)]],
+             "v": [[(0, -4), (0, 4)], [(-3.5, 0.5), (0, 4), (3.5, 0.5)]]}
     for points in lines.get(glyph, []):
-        pen.context.set_source_rgb(*PAPER)
         pen.trace([((x + dx) * pen.unit, (y + dy) * pen.unit) for dx, dy in points], False)
         pen.ink(PAPER, max(1.2, line * pen.unit), 1)
 
@@ -70,7 +72,8 @@ def arrow_down(pen, x, top, bottom, colour, half=5):
     """An outlined arrow about the upright `x`."""
     stem = 3
     neck = bottom - half - 1
-    pen.polygon([(x - stem, top), (x + stem, top), (x + stem, neck), (x + half, neck), (x, bottom), (x - half, neck), (x - stem, neck)], colour)
+    head = [(x + stem, neck), (x + half, neck), (x, bottom), (x - half, neck), (x - stem, neck)]
+    pen.polygon([(x - stem, top), (x + stem, top), *head], colour)
 
 
 def printer(pen, x=2, y=4, width=28, sheet=PAPER):
@@ -123,12 +126,12 @@ def cylinder(pen, x=4, y=2, width=24, height=28, colour=BLUE):
     context.new_path()
     context.move_to(left, top)
     context.line_to(right, top)
-    half_round(bottom, 0, 3.14159265)
+    half_round(bottom, 0, pi)
     context.close_path()
     pen.paint(colour, INK, (top, bottom))
     for storey in (1, 2):
         context.new_path()
-        half_round(top + (bottom - top) * storey / 3, 0, 3.14159265)
+        half_round(top + (bottom - top) * storey / 3, 0, pi)
         pen.paint(None, INK, (0, 1))
     pen.ellipse(x + width / 2, y + 4, width / 2, 4, SKY)
 
@@ -138,7 +141,8 @@ def person(pen, x, y, colour, scale=1.0):
     context = pen.context
     inset = pen.width / 2
     half, low = 9 * scale, y + 16 * scale
-    left, right, bottom, top = pen.snap(x - half) + inset, pen.snap(x + half) - inset, pen.snap(low) - inset, pen.snap(y + 6 * scale) + inset
+    left, right = pen.snap(x - half) + inset, pen.snap(x + half) - inset
+    top, bottom = pen.snap(y + 6 * scale) + inset, pen.snap(low) - inset
     context.new_path()
     context.move_to(left, bottom)
     context.curve_to(left, top + (bottom - top) * 0.3, left + (right - left) * 0.2, top, (left + right) / 2, top)
@@ -149,7 +153,6 @@ def person(pen, x, y, colour, scale=1.0):
 
 
 def gear(pen, x, y, radius, colour=STEEL, hole=PAPER):
-    from math import cos, pi, sin
     teeth, points = 8, []
     for tooth in range(teeth):
         for angle, reach in ((-0.30, 0.74), (-0.19, 1.0), (0.19, 1.0), (0.30, 0.74)):
@@ -168,18 +171,18 @@ def envelope(pen, x=2, y=6, width=28, height=20):
 
 def globe(pen, x=16, y=16, radius=14):
     pen.circle(x, y, radius, BLUE)
-    context, unit = pen.context, pen.unit
+    unit = pen.unit
     pen.ellipse(x, y, radius * 0.45, radius, SKY)
     pen.stroke([(x - radius + 1, y), (x + radius - 1, y)], INK, pen.width / unit, BUTT)
     if not pen.small:
         for dy in (-7, 7):
             reach = (radius ** 2 - 49) ** 0.5 - 1
             pen.stroke([(x - reach, y + dy), (x + reach, y + dy)], INK, pen.width / unit, BUTT)
-    context.new_path()
 
 
 def folder(pen, x=2, y=5, width=28, height=22, open_front=True):
-    pen.polygon([(x, y), (x + 10, y), (x + 13, y + 4), (x + width - 2, y + 4), (x + width - 2, y + height), (x, y + height)], WOOD)
+    back = x + width - 2
+    pen.polygon([(x, y), (x + 10, y), (x + 13, y + 4), (back, y + 4), (back, y + height), (x, y + height)], WOOD)
     if open_front:
         pen.polygon([(x + 5, y + 9), (x + width, y + 9), (x + width - 4, y + height), (x, y + height)], AMBER)
 
@@ -196,20 +199,28 @@ def check(pen, x, y, reach, colour, width=5):
 
 def cross(pen, x, y, reach, colour, width=5):
     core = max(2.0, width * pen.unit)
+    left, right = (x - reach) * pen.unit, (x + reach) * pen.unit
     for tint, thick in ((INK, core + 2 * pen.width), (colour, core)):
         for sign in (1, -1):
-            pen.trace([((x - reach) * pen.unit, (y - sign * reach) * pen.unit), ((x + reach) * pen.unit, (y + sign * reach) * pen.unit)], False)
+            pen.trace([(left, (y - sign * reach) * pen.unit), (right, (y + sign * reach) * pen.unit)], False)
             pen.ink(tint, thick, 1)
 
 
+STROKES = {
+    "A": [[(0, 1), (0.5, 0), (1, 1)], [(0.2, 0.65), (0.8, 0.65)]],
+    "D": [[(0, 0), (0, 1), (0.65, 1), (1, 0.7), (1, 0.3), (0.65, 0), (0, 0)]],
+    "F": [[(0, 1), (0, 0), (1, 0)], [(0, 0.5), (0.8, 0.5)]],
+    "P": [[(0, 1), (0, 0), (0.8, 0), (1, 0.15), (1, 0.42), (0.8, 0.56), (0, 0.56)]],
+    "Z": [[(0, 0), (1, 0), (0, 1), (1, 1)]],
+    "1": [[(0.1, 0.25), (0.55, 0), (0.55, 1)]],
+    ":": [[(0.5, 0.3), (0.5, 0.32)], [(0.5, 0.8), (0.5, 0.82)]],
+}
+
+
 def letters(pen, x, y, width, height, text, colour=INK, thick=2.4):
-    """Plain capitals of straight and round strokes, `width` by `height` each; only what the icons need."""
-    shapes = {"A": [[(0, 1), (0.5, 0), (1, 1)], [(0.2, 0.65), (0.8, 0.65)]], "Z": [[(0, 0), (1, 0), (0, 1), (1, 1)]],
-              "P": [[(0, 1), (0, 0), (0.8, 0), (1, 0.15), (1, 0.42), (0.8, 0.56), (0, 0.56)]],
-              "D": [[(0, 0), (0, 1), (0.65, 1), (1, 0.7), (1, 0.3), (0.65, 0), (0, 0)]], "F": [[(0, 1), (0, 0), (1, 0)], [(0, 0.5), (0.8, 0.5)]],
-              "S": [[(1, 0), (0, 0), (0.55, 0.5), (0, 1), (1, 1)]], "1": [[(0.1, 0.25), (0.55, 0), (0.55, 1)]], ":": [[(0.5, 0.3), (0.5, 0.32)], [(0.5, 0.8), (0.5, 0.82)]]}
+    """Plain signs of STROKES, each `width` by `height`."""
     for index, letter in enumerate(text):
         at = x + index * (width + thick + 0.6)
-        for points in shapes[letter]:
+        for points in STROKES[letter]:
             pen.trace([((at + px * width) * pen.unit, (y + py * height) * pen.unit) for px, py in points], False)
             pen.ink(colour, max(1.0, thick * pen.unit), 1)

@@ -8,6 +8,7 @@ import os
 import struct
 import sys
 
+sys.dont_write_bytecode = True
 import drawing
 from skin_art import Art, SCALE
 
@@ -15,29 +16,34 @@ RESOURCES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, 
 SKINS = ("black", "silver", "blue")
 IMAGES = 399
 MOST_DATA = 999999
+KEYS = ["round_corners"] + ["color_" + name for name in (
+    "main_menu popup_menu popup_margin popup_border background caption_text_enabled caption_text_disabled caption_text_document "
+    "tab_text_std tab_text_act toolbar_text btn_text_std btn_text_act btn_text_chk btn_text_dis menu_text_std menu_text_dis "
+    "arrow_drop_one arrow_drop_two "
+    "icon_dis_one icon_dis_two icon_dis_three text_border").split()] + ["scale"]
 TEXT, DISABLED, SHAPE = 4.5, 3.9, 3.0  # least contrast
 
 # A text's key, the grounds it stands on (an image, or a key; what an image lets through shows the ribbon), the least contrast.
 LEGIBLE = [
-    ("color_tab_text_std", TEXT, "tab.empty.e1.02", "tab.over.e1.02", "tab.alt.e1.02", "tab.group.e1.02", "statusbar.std.02", "statusbar.std.04"),
+    ("color_tab_text_std", TEXT, "tab.empty.e1.02 tab.over.e1.02 tab.alt.e1.02 tab.group.e1.02 statusbar.std.02 statusbar.std.04"),
     ("color_tab_text_act", TEXT, "tab.std.e1.02"),
-    ("color_caption_text_enabled", TEXT, "title.std.04", "draw_close", "qb.over.02", "qb.check.02"),
+    ("color_caption_text_enabled", TEXT, "title.std.04 draw_close qb.over.02 qb.check.02"),
     ("color_caption_text_document", TEXT, "title.std.04"),
-    ("color_caption_text_disabled", DISABLED, "title.dis.04", "statusbar.dis.02"),
-    ("color_toolbar_text", TEXT, "group.std.e1.02", "group.std.e2.02", "group.over.e2.02", "color_background"),
-    ("color_btn_text_std", TEXT, "group.std.e1.02", "btn.dlg.std.02", "btn.dlg.over.02", "btn.dlg.press.02", "btn.dlg.def.02", "edit.std.e1.02",
-     "edit.focus.e1.02", "combo.std.02", "combobox.press.02", "color_background", "color_icon_dis_three", "color_menu_text_std"),
-    ("color_btn_text_act", TEXT, "btn.grp.over.02", "btn.grp.press.02", "btn.grp.over.05", "button.small.over.02", "button.small.split.b.02",
+    ("color_caption_text_disabled", DISABLED, "title.dis.04 statusbar.dis.02"),
+    ("color_toolbar_text", TEXT, "group.std.e1.02 group.std.e2.02 group.over.e2.02 color_background"),
+    ("color_btn_text_std", TEXT, "group.std.e1.02 btn.dlg.std.02 btn.dlg.over.02 btn.dlg.press.02 btn.dlg.def.02 edit.std.e1.02 "
+     "edit.focus.e1.02 combo.std.02 combobox.press.02 color_background color_icon_dis_three color_menu_text_std"),
+    ("color_btn_text_act", TEXT, "btn.grp.over.02 btn.grp.press.02 btn.grp.over.05 button.small.over.02 button.small.split.b.02 "
      "btn.grp.select.02"),
-    ("color_btn_text_chk", TEXT, "btn.grp.check.02", "btn.grp.check.05", "button.small.check.02", "button.small.split.f.02"),
-    ("color_btn_text_dis", DISABLED, "group.std.e1.02", "btn.dlg.dis.02", "edit.dis.e1.02", "button.small.dis.02"),
-    ("color_menu_text_std", TEXT, "color_popup_menu", "color_popup_margin", "color_main_menu", "menu.select.02", "exit.std.02", "exit.over.02"),
-    ("color_menu_text_dis", DISABLED, "color_popup_menu", "color_popup_margin"),
+    ("color_btn_text_chk", TEXT, "btn.grp.check.02 btn.grp.check.05 button.small.check.02 button.small.split.f.02"),
+    ("color_btn_text_dis", DISABLED, "group.std.e1.02 btn.dlg.dis.02 edit.dis.e1.02 button.small.dis.02"),
+    ("color_menu_text_std", TEXT, "color_popup_menu color_popup_margin color_main_menu menu.select.02 exit.std.02 exit.over.02"),
+    ("color_menu_text_dis", DISABLED, "color_popup_menu color_popup_margin"),
     ("color_popup_menu", TEXT, "color_tab_text_std"),
-    ("color_arrow_drop_one", SHAPE, "group.std.e1.02", "combo.over.02", "btn.grp.press.05"),
-    ("color_arrow_drop_two", SHAPE, "tab.empty.e1.02", "color_popup_menu"),
+    ("color_arrow_drop_one", SHAPE, "group.std.e1.02 combo.over.02 btn.grp.press.05"),
+    ("color_arrow_drop_two", SHAPE, "tab.empty.e1.02 color_popup_menu"),
     ("color_text_border", SHAPE, "draw_field"),
-    ("draw_focus", SHAPE, "draw_field", "draw_ribbon"),
+    ("draw_focus", SHAPE, "draw_field draw_ribbon"),
     ("draw_mark", SHAPE, "draw_accent"),
 ]
 
@@ -67,8 +73,8 @@ def middle_colour(surface, under):
 
 def illegible(art):
     """A line for each text that does not stand out."""
-    for key, least, *grounds in LEGIBLE:
-        for ground in grounds:
+    for key, least, grounds in LEGIBLE:
+        for ground in grounds.split():
             below = art.colours.get(ground) or middle_colour(art.images[ground + ".bmp"], art.ribbon)
             contrast = drawing.contrast(art.colours[key], below)
             if contrast < least:
@@ -91,12 +97,14 @@ def entry(name, data):
 
 def package(skin, names):
     keys = read_keys(skin)
+    if [key for key in keys if not key.startswith("draw_")] != KEYS or keys["scale"] != str(SCALE):
+        sys.exit(f"{skin}.ini: not the keys of a skin in their order, or another scale than {SCALE}")
     art = Art(keys)
     art.draw_all()
     wrong = list(faults(art, names))
     if wrong:
         sys.exit("\n".join([f"{skin}:", *wrong]))
-    ini = "".join(f"{key}={value}\r\n" for key, value in keys.items() if not key.startswith("draw_"))
+    ini = "".join(f"{key}={keys[key]}\r\n" for key in KEYS)
     return entry("skin.ini", ini.encode("ascii")) + b"".join(entry(name, drawing.bmp(art.images[name])) for name in names)
 
 

@@ -1,4 +1,7 @@
-"""The elements of a skin: each is drawn whole, in units of the window, and cut into its parts. docs/formats/skin.md tells what a part is."""
+"""The elements of a skin: each is drawn whole, in units of the window, and cut into its parts.
+
+docs/formats/skin.md tells what each part is.
+"""
 from drawing import cairo, darker, hexadecimal, lighter, lightness, mix, new_surface, rgb
 
 SCALE = 2
@@ -149,7 +152,8 @@ class Art:
             self.put(f"title.{state}", pen.cells([8, 8, 2, 8, 8]))
             pen = Pen(16, 16)
             pen.box(ground, edge, y=-8, height=24, corners="0011")
-            self.put(f"border.{state}", [pen.cut(0, 0, 4, 8), pen.cut(12, 0, 4, 8), pen.cut(0, 12, 4, 4), pen.cut(4, 12, 8, 4), pen.cut(12, 12, 4, 4)])
+            corner, bottom, other = pen.cut(0, 12, 4, 4), pen.cut(4, 12, 8, 4), pen.cut(12, 12, 4, 4)
+            self.put(f"border.{state}", [pen.cut(0, 0, 4, 8), pen.cut(12, 0, 4, 8), corner, bottom, other])
             pen = Pen(42, 24)
             pen.rect(0, 0, 42, 24, ground)
             pen.rect(0, 0, 42, 1, lighter(ground, 0.12))
@@ -260,8 +264,9 @@ class Art:
         """Ground, line and mark (None for none) of a check or option box."""
         line = self.colours["color_text_border"]
         dim = mix(line, self.grey, 0.5)
+        dark = darker(self.accent, 0.3)
         return {"std": (self.field, line, None), "over": (self.over, self.accent_line, None), "press": (self.press, self.accent_line, None),
-                "check": (self.accent, darker(self.accent, 0.3), self.mark), "chkover": (lighter(self.accent, 0.15), darker(self.accent, 0.3), self.mark),
+                "check": (self.accent, dark, self.mark), "chkover": (lighter(self.accent, 0.15), dark, self.mark),
                 "ckhalf": (self.grey, dim, dim), "disable": (self.grey, dim, None)}[state]
 
     def boxes_and_options(self):
@@ -349,7 +354,8 @@ class Art:
                 parts.append(pen.surface)
                 pen = Pen(14, 20) if upright else Pen(20, 14)
                 pen.rect(0, 0, 20, 20, track)
-                pen.box(thumb, x=3 if upright else 1, y=1 if upright else 3, width=8 if upright else 18, height=18 if upright else 8)
+                x, y, width, height = (3, 1, 8, 18) if upright else (1, 3, 18, 8)
+                pen.box(thumb, x=x, y=y, width=width, height=height)
                 self.put(f"{element}.{state}", [*parts, *(pen.cells([14], [6, 8, 6]) if upright else pen.cells([6, 8, 6]))])
 
     def small_buttons(self):

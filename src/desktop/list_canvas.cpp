@@ -10,6 +10,7 @@ namespace ostrinka {
 namespace {
 
 constexpr double kCellOfType = 1.207;  // height of a line of "Tahoma" by the size of its type
+constexpr double kBearing = 2;         // room on either side of a text
 constexpr double kLeading = 0.34;      // room between lines, by the height of a line
 
 QColor ColourOf(Colour colour) { return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
@@ -22,10 +23,12 @@ QPolygonF PolygonOf(const std::vector<PointF>& points) {
 
 }  // namespace
 
-ListCanvas::ListCanvas(QPainter& painter, double width, double height)
-    : painter_(painter), width_(width), height_(height), ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
+ListCanvas::ListCanvas(QPainter& painter, double width, double height, double inset)
+    : painter_(painter), width_(width), height_(height), inset_(inset), ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
 
-void ListCanvas::FillRect(const RectF& area, Colour colour) { painter_.fillRect(RectOf(area), ColourOf(colour)); }
+void ListCanvas::FillRect(const RectF& area, Colour colour) {
+  painter_.fillRect(RectOf(area).adjusted(area.left == 0 ? -inset_ : 0, 0, 0, 0), ColourOf(colour));
+}
 
 void ListCanvas::DrawRect(const RectF& area, const Pen& pen) {
   painter_.setPen(ColourOf(pen.colour));
@@ -38,7 +41,8 @@ void ListCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
   const double thick = std::max(1.0, std::floor(ratio_ * std::max(pen.width, 1.0))) / ratio_;
   const auto snapped = [&](double at) { return std::floor(at * ratio_ + 0.5) / ratio_; };
   if (from.y == to.y) {
-    painter_.fillRect(QRectF(from.x, snapped(from.y), to.x - from.x, thick), ColourOf(pen.colour));
+    const double left = from.x == 0 ? -inset_ : from.x;
+    painter_.fillRect(QRectF(left, snapped(from.y), to.x - left, thick), ColourOf(pen.colour));
   } else if (from.x == to.x) {
     painter_.fillRect(QRectF(snapped(from.x), from.y, thick, to.y - from.y), ColourOf(pen.colour));
   } else {
@@ -76,15 +80,17 @@ const ListCanvas::Fitted& ListCanvas::FontOf(const FontSpec& spec) {
   return *fonts_.insert(key, Fitted{font, QFontMetricsF(font, painter_.device())});
 }
 
-double ListCanvas::TextWidth(std::string_view text, const FontSpec& font) { return FontOf(font).metrics.horizontalAdvance(ToQt(text)); }
+double ListCanvas::TextWidth(std::string_view text, const FontSpec& font) {
+  return FontOf(font).metrics.horizontalAdvance(ToQt(text)) + 2 * kBearing;
+}
 
 double ListCanvas::TextHeight(const FontSpec& font) { return std::ceil(font.height * (1 + kLeading)); }
 
 void ListCanvas::DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double) {
   const Fitted& fitted = FontOf(font);
   const QString line = ToQt(text);
-  double x = at.x;
-  if (anchor != Anchor::kLeft) x -= fitted.metrics.horizontalAdvance(line) * (anchor == Anchor::kCentre ? 0.5 : 1);
+  double x = at.x + kBearing;
+  if (anchor != Anchor::kLeft) x -= TextWidth(text, font) * (anchor == Anchor::kCentre ? 0.5 : 1);
   // The capitals stand in the middle of the line.
   const double room = TextHeight(font) + 2, capital = fitted.metrics.capHeight();
   painter_.setFont(fitted.font);

@@ -13,7 +13,8 @@ namespace ostrinka {
 
 class ListCanvas : public Canvas {
  public:
-  ListCanvas(QPainter& painter, double width, double height);
+  // The surface begins `inset` pixels right of the painter's edge; grounds and lines that begin at its edge reach out to that of the painter.
+  ListCanvas(QPainter& painter, double width, double height, double inset = 0);
 
   double Width() const override { return width_; }
   double Height() const override { return height_; }
@@ -24,6 +25,7 @@ class ListCanvas : public Canvas {
   void FillPolygon(const std::vector<PointF>& points, Colour colour) override;
   void DrawEllipse(const RectF& frame, const Pen& pen, const Colour* fill) override;
   void DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double advance) override;
+  // With the room that keeps texts off the lines beside them.
   double TextWidth(std::string_view text, const FontSpec& font) override;
   // Of a line with the room above and below it that makes a list easy to read.
   double TextHeight(const FontSpec& font) override;
@@ -39,7 +41,7 @@ class ListCanvas : public Canvas {
   const Fitted& FontOf(const FontSpec& spec);
 
   QPainter& painter_;
-  double width_, height_, ratio_;
+  double width_, height_, inset_, ratio_;
   QHash<QString, Fitted> fonts_;
 };
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kBaseZoom = 1.125;  // the list's text is as large as that of the window at 100 %
 constexpr double kWidest = 1.6;      // columns are not widened further than this to fill the window
-constexpr int kBar = 14, kGrip = 4, kLeastColumn = 12, kGapUnderHeader = 5, kWheelNotch = 120, kWheelRows = 3;
+constexpr int kInset = 6, kBar = 14, kGrip = 4, kLeastColumn = 12, kGapUnderHeader = 5, kWheelNotch = 120, kWheelRows = 3;
 
 Colour ColourNumber(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
 
@@ -92,7 +92,7 @@ std::vector<ListView::Span> ListView::Spans() const {
   ClassQDBASE* table = Shown();
   if (!table) return spans;
   const double zoom = std::clamp(TextZoom(window_.zoom()), 0.1, 10.0);
-  int left = 0;
+  int left = kInset;
   for (int column = first_column_; column <= table->MAX_COLUMNS(); ++column) {
     const int field = table->columns()[static_cast<size_t>(column - 1)];
     const int width = static_cast<int>(zoom * static_cast<int>(table->ColumnWidth(field) * fit_));
@@ -108,7 +108,7 @@ void ListView::Fit() {
   double sum = 0;
   for (int field : table->columns()) sum += table->ColumnWidth(field);
   sum *= TextZoom(window_.zoom());
-  fit_ = sum > 0 ? std::clamp((Surface().width() - 1) / sum, 1.0, kWidest) : 1;
+  fit_ = sum > 0 ? std::clamp((Surface().width() - kInset - 1) / sum, 1.0, kWidest) : 1;
 }
 
 void ListView::Refresh() {
@@ -230,7 +230,8 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
   look.highlight = ColourNumber(look_.Accent());
   painter.save();
   painter.setClipRect(surface);
-  ListCanvas canvas(painter, surface.width(), surface.height());
+  painter.translate(kInset, 0);
+  ListCanvas canvas(painter, surface.width() - kInset, surface.height(), kInset);
   {
     const WidenedColumns widened(table, fit_);
     table.TABLE_DRAW(canvas, window_.first_row(), first_column_, true, look);
@@ -270,7 +271,7 @@ bool ListView::SelectAt(const QPoint& at) {
   ClassQDBASE* table = Shown();
   if (!table || !Surface().contains(at)) return false;
   int left = 0, top = 0, width = 0, height = 0;
-  table->TABLE_CLICK(0, at.x(), at.y(), left, top, width, height);
+  table->TABLE_CLICK(0, at.x() - kInset, at.y(), left, top, width, height);
   for (const TableCell& cell : table->cells()) {
     if (at.y() < cell.top || at.y() > cell.bottom + 1) continue;
     return window_.UserRecord(cell.record);  // also beside the last column

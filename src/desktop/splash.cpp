@@ -59,8 +59,8 @@ void Splash::paintEvent(QPaintEvent*) {
   painter.setFont(look_.WindowFont());
   painter.setPen(look_.Colour(SkinColour::kCaptionTextDisabled));
   const QString version = QString("%1.%2.%3").arg(kProgramVersion.major).arg(kProgramVersion.minor).arg(kProgramVersion.revision);
-  painter.drawText(QRect(152, 102, width() - 164, 40), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-                   look_.Text("mdi.splash.text").replace("{0}", version));
+  painter.drawText(QRect(152, 102, width() - 164, 40), Qt::AlignLeft | Qt::AlignTop,
+                   look_.Text("mdi.about.purpose") + "\n" + look_.Text("mdi.about.version").replace("{0}", version));
   painter.drawText(QRect(152, height() - 40, width() - 164, 24), Qt::AlignLeft | Qt::AlignVCenter, look_.Text("mdi.pleasewait"));
 }
 

@@ -32,11 +32,14 @@ std::vector<ConditionTerm> ParseCondition(std::string_view condition);
 
 // What "@" shows of link field `n` for a target record.
 using LinkReader = std::function<Value(int n, int32_t target)>;
+// Tells what the targets of link field `n` show, all of them in one pass over their table, when that is cheaper than going on after `reads`
+// single reads; false, with nothing told, when it is not. Texts are in Windows-1250.
+using LinkScanner = std::function<bool(int n, int32_t reads, const std::function<void(int32_t target, std::string_view text)>& tell)>;
 
 // The terms bound to the fields of a table. Link texts are read once for each target record of a scan.
 class Condition {
  public:
-  Condition(const std::vector<ConditionTerm>& terms, const FieldLayout& layout, LinkReader links);
+  Condition(const std::vector<ConditionTerm>& terms, const FieldLayout& layout, LinkReader links, LinkScanner all_links = {});
 
   bool Matches(const char* record);
 
@@ -54,15 +57,20 @@ class Condition {
     Value value;                // kGeneral: converted where it converts
     bool fixed = false;         // kFixed: the same for every record
     std::vector<uint8_t> seen;  // kLinkText: 0 unknown, 1 false, 2 true for each target record
+    int32_t reads = 0;          // of single targets
+    bool scanned = false;       // all targets were told in one pass
   };
 
   Term Bind(const ConditionTerm& term);
   bool Holds(Term& term, const char* record);
   bool HoldsForText(const Term& term, std::string_view bytes);
   bool HoldsForLink(Term& term, int32_t target);
+  uint8_t& Seen(Term& term, size_t target);
+  void ScanLinks(Term& term);
 
   const FieldLayout& layout_;
   LinkReader links_;
+  LinkScanner all_links_;
   std::vector<Term> terms_;
   std::string scratch_;
 };

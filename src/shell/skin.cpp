@@ -37,7 +37,7 @@ constexpr ColourKey kKeys[Skin::kColours] = {
     {"color_tab_text_act", Rgb(0x16, 0x1B, 0x22)},
     {"color_toolbar_text", Rgb(0x41, 0x4B, 0x59)},
     {"color_btn_text_std", Rgb(0x1B, 0x21, 0x29)},
-    {"color_btn_text_act", Rgb(0x0A, 0x4C, 0x95)},
+    {"color_btn_text_act", Rgb(0x4A, 0x2C, 0x00)},
     {"color_btn_text_chk", Rgb(0x6B, 0x36, 0x00)},
     {"color_btn_text_dis", Rgb(0x6A, 0x74, 0x82)},
     {"color_menu_text_std", Rgb(0xFF, 0xD4, 0x80)},
@@ -156,7 +156,9 @@ void Skin::SetKey(const std::string& key, const std::string& value) {
   }
 }
 
-Colour Skin::SkinColor(int index) const { return index < 1 || index > kColours ? 0 : colours_[static_cast<size_t>(index)]; }
+Colour Skin::SkinColor(int index) const {
+  return index < 1 || index > kColours ? 0 : colours_[static_cast<size_t>(index)];
+}
 
 const std::string* Skin::SkinImage(std::string_view name) const {
   const auto found = images_.find(Lower(name));

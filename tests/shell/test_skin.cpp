@@ -1,5 +1,3 @@
-#include "shell/skin.h"
-
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -9,6 +7,7 @@
 #include "base/bytes.h"
 #include "base/text.h"
 #include "shell/ribbon_table.h"
+#include "shell/skin.h"
 #include "support/test_platform.h"
 
 namespace ostrinka {
@@ -59,14 +58,15 @@ TEST_F(SkinTest, AnotherSkinReplacesAllImages) {
 
 TEST_F(SkinTest, ColoursAreNumberedInTheOrderOfTheKeysAndReadInBothForms) {
   const Colour standard = Skin().SkinColor(12);
-  ASSERT_TRUE(LoadIni("color_main_menu=#0a0B0c\r\n"
-                      "  COLOR_Popup_Menu = # 10 20 30\n"
-                      "color_popup_margin=001 020 255\r"
-                      "color_tab_text_std=000000000\r\n"
-                      "color_toolbar_text=256000000\r\n"
-                      "color_toolbar_text=#12345\r\ncolor_toolbar_text=#12345g\r\ncolor_toolbar_text=+12+34+56\r\ncolor_toolbar_text=\r\n"
-                      "no equals sign\r\n=\r\ncolor_unknown=#FFFFFF\r\n"
-                      "color_text_border=#FFFFFF\r\ncolor_text_border=#abcdef"));
+  ASSERT_TRUE(
+      LoadIni("color_main_menu=#0a0B0c\r\n"
+              "  COLOR_Popup_Menu = # 10 20 30\n"
+              "color_popup_margin=001 020 255\r"
+              "color_tab_text_std=000000000\r\n"
+              "color_toolbar_text=256000000\r\n"
+              "color_toolbar_text=#12345\r\ncolor_toolbar_text=#12345g\r\ncolor_toolbar_text=+12+34+56\r\ncolor_toolbar_text=\r\n"
+              "no equals sign\r\n=\r\ncolor_unknown=#FFFFFF\r\n"
+              "color_text_border=#FFFFFF\r\ncolor_text_border=#abcdef"));
   EXPECT_EQ(skin.SkinColor(2), Rgb(0x0A, 0x0B, 0x0C));
   EXPECT_EQ(skin.SkinColor(3), Rgb(0x10, 0x20, 0x30));
   EXPECT_EQ(skin.SkinColor(4), Rgb(1, 20, 255));
@@ -77,9 +77,14 @@ TEST_F(SkinTest, ColoursAreNumberedInTheOrderOfTheKeysAndReadInBothForms) {
 }
 
 TEST_F(SkinTest, CornersAreRoundUnlessFalseAndScaleStaysInItsBounds) {
-  const struct { const char* ini; bool round; int scale; } rows[] = {
-      {"round_corners=FALSE\nscale=2", false, 2}, {"x=1", true, 1}, {"round_corners=no\nscale=9", true, 1},
-      {" Round_Corners = f a l s e \nscale=-2", false, 1}, {"round_corners=\nscale = 4", true, 4},
+  const struct {
+    const char* ini;
+    bool round;
+    int scale;
+  } rows[] = {
+      {"round_corners=FALSE\nscale=2", false, 2}, {"x=1", true, 1},
+      {"round_corners=no\nscale=9", true, 1},     {" Round_Corners = f a l s e \nscale=-2", false, 1},
+      {"round_corners=\nscale = 4", true, 4},
   };
   for (const auto& row : rows) {
     ASSERT_TRUE(LoadIni(row.ini));
@@ -92,7 +97,10 @@ TEST_F(SkinTest, ReadingEndsAtALengthOutOfBoundsAndKeepsTheEntriesBefore) {
   const std::string before = Entry("a.01.bmp", "first"), after = Entry("c.01.bmp", "third");
   const std::string largest(999999, 'x');
   const std::string bad[] = {
-      Entry("b.01.bmp", "", 0), Entry("b.01.bmp", "second", -6), Entry("b.01.bmp", "second", INT32_MIN), Entry("b.01.bmp", "second", INT32_MAX),
+      Entry("b.01.bmp", "", 0),
+      Entry("b.01.bmp", "second", -6),
+      Entry("b.01.bmp", "second", INT32_MIN),
+      Entry("b.01.bmp", "second", INT32_MAX),
       Entry("b.01.bmp", largest + "x"),
   };
   for (const std::string& middle : bad) {
@@ -116,8 +124,9 @@ TEST_F(SkinTest, ACutPackageKeepsTheWholeEntries) {
 }
 
 TEST_F(SkinTest, NamesLoseTheirFoldersAndNamesThatAreNoneArePassedOver) {
-  ASSERT_TRUE(Load(Entry("..\\..\\a.01.bmp", "1") + Entry("/etc/b.01.bmp", "2") + Entry("C:c.01.bmp", "3") + Entry("..", "4") + Entry("", "5") +
-                   Entry(std::string("d.01.bmp\0/e.01.bmp", 18), "6") + Entry("x/", "7") + Entry("../skin.ini", "color_main_menu=#010203")));
+  ASSERT_TRUE(Load(Entry("..\\..\\a.01.bmp", "1") + Entry("/etc/b.01.bmp", "2") + Entry("C:c.01.bmp", "3") + Entry("..", "4") +
+                   Entry("", "5") + Entry(std::string("d.01.bmp\0/e.01.bmp", 18), "6") + Entry("x/", "7") +
+                   Entry("../skin.ini", "color_main_menu=#010203")));
   EXPECT_EQ(Image("a.01.bmp"), "1");
   EXPECT_EQ(Image("b.01.bmp"), "2");
   EXPECT_EQ(Image("c.01.bmp"), "3");
@@ -191,7 +200,8 @@ TEST_F(DrawnTest, EachSkinHasAllColoursAndAReadableImageForEachNameOfTheList) {
 
 TEST_F(DrawnTest, EveryIconThatTheRibbonNamesStandsInFiveSizesNormalAndHot) {
   const std::string icons = Draw("make_icons.py", "once") + "Icons/", again = Draw("make_icons.py", "twice") + "Icons/";
-  std::set<std::string> names = {"btnsave.ico", "btncancel.ico", "error.ico", "ostrinka.ico"};
+  std::set<std::string> names = {"btnsave.ico",   "btncancel.ico",   "error.ico",        "ostrinka.ico",
+                                 "msg.error.ico", "msg.warning.ico", "msg.question.ico", "msg.info.ico"};
   for (const RibbonRow& row : RibbonRows()) {
     if (*row.icon) {
       for (const char* state : {".0.ico", ".1.ico"}) names.insert(ReplaceAll(row.icon, "-", ".") + state);

@@ -1,0 +1,295 @@
+#include <QMenu>
+
+#include "desktop/main_window_view.h"
+#include "qt_environment.h"
+#include "script/script_platform.h"
+#include "startup/startup.h"
+#include "support/script_session.h"
+#include "support/test_platform.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr int kCustomers = 60;
+
+// The main window on a company with two invoices and some customers, before a person who answers as `ui` is told.
+class MainWindowTest : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    QtEnvironment::Ensure();
+    company_ = new ScriptSession();
+    std::string steps = std::string(kNewCompany) + kCustomer + kArticle + kInvoice + kInvoice;
+    for (int i = 2; i <= kCustomers; ++i) {
+      steps += "command KONTRAHENT.DODAJ\nset txtNazwa \"Odbiorca " + std::to_string(100 + i) + "\"\npress customer.btn.ok\n";
+    }
+    ASSERT_EQ(company_->Run(steps), 0) << company_->error;
+  }
+  static void TearDownTestSuite() { delete company_; }
+
+  void SetUp() override {
+    surroundings = std::make_unique<ScriptPlatform>(company_->folder / "app/", ui, Date::Parse("2008-03-05"), 7);
+    program = std::make_unique<Program>(surroundings->platform);
+    look = std::make_unique<Look>(*program);
+    startup = std::make_unique<Startup>(*program);
+    startup->Start("");
+    window = startup->window();
+    ASSERT_TRUE(program->database_open);
+    view = std::make_unique<MainWindowView>(*program, *window, *look);
+    window->ribbon.Repaint = [this] { view->Refresh(); };
+    view->setGeometry(0, 0, 1100, 640);
+    view->show();
+    view->Refresh();
+    view->activateWindow();
+    view->list().setFocus();
+    Turn();
+  }
+  void TearDown() override {
+    view.reset();
+    startup->Stop();
+  }
+  // Lets the window paint, which is what fills the engine's list of cells.
+  void Turn() {
+    view->Refresh();
+    QCoreApplication::processEvents();
+    view->grab();
+  }
+  void Key(int key, Qt::KeyboardModifiers with = {}, const QString& text = {}) {
+    QWidget* focus = view->focusWidget() ? view->focusWidget() : view.get();
+    TypeKey(*focus, key, with, text);
+    Turn();
+  }
+  void TapAlt() { Key(Qt::Key_Alt); }
+  std::string Tab() const { return window->ribbon.TabID(); }
+
+  TestUserInterface ui;
+  std::unique_ptr<ScriptPlatform> surroundings;
+  std::unique_ptr<Program> program;
+  std::unique_ptr<Look> look;
+  std::unique_ptr<Startup> startup;
+  MainWindow* window = nullptr;
+  std::unique_ptr<MainWindowView> view;
+  static ScriptSession* company_;
+};
+ScriptSession* MainWindowTest::company_ = nullptr;
+
+TEST_F(MainWindowTest, AChoiceOfASplitButtonBecomesItsCaptionAndRuns) {
+  view->ribbon().OpenList("SPRZEDAŻ.OKRES.OSTATNI");
+  QMenu* list = nullptr;
+  for (QMenu* menu : view->findChildren<QMenu*>()) {
+    if (menu->isVisible()) list = menu;
+  }
+  ASSERT_NE(list, nullptr);
+  QAction* month = nullptr;
+  for (QAction* action : list->actions()) {
+    if (action->data().toString() == "SPRZEDAŻ.OKRES.OSTATNI.MIESIĄC") month = action;
+  }
+  ASSERT_NE(month, nullptr);
+  list->close();
+  month->trigger();
+  Turn();
+  const RibbonButton* button = view->ribbon().Button("SPRZEDAŻ.OKRES.OSTATNI");
+  EXPECT_EQ(button->caption(), "Ostatni miesiąc");
+  EXPECT_TRUE(button->isChecked());
+  EXPECT_FALSE(view->ribbon().Button("SPRZEDAŻ.OKRES.WSZYSTKIE")->isChecked());
+}
+
+TEST_F(MainWindowTest, AListShowsItsModesAsARadioGroupAndItsFlagAsATick) {
+  window->UserItem("SPRZEDAŻ.DRUKUJ", "SPRZEDAŻ.TRYBDRUKU_DUP");
+  view->ribbon().OpenList("SPRZEDAŻ.DRUKUJ");
+  int ticked = 0;
+  for (QMenu* menu : view->findChildren<QMenu*>()) {
+    for (QAction* action : menu->actions()) {
+      if (!action->data().toString().contains("TRYBDRUKU")) continue;
+      EXPECT_TRUE(action->isCheckable());
+      ticked += action->isChecked();
+      EXPECT_EQ(action->isChecked(), action->data().toString() == "SPRZEDAŻ.TRYBDRUKU_DUP");
+    }
+    menu->close();
+  }
+  EXPECT_EQ(ticked, 1);
+}
+
+TEST_F(MainWindowTest, TabsComeByTheirKeysFromWhereverTheFocusIs) {
+  const std::pair<int, const char*> tabs[] = {{Qt::Key_F7, "KONTRAHENCI"}, {Qt::Key_F8, "TOWARYUSŁUGI"}, {Qt::Key_F6, "ZAKUP"},
+                                              {Qt::Key_F9, "ZESTAWIENIA"}, {Qt::Key_F10, "SŁOWNIKI"},    {Qt::Key_F5, "SPRZEDAŻ"}};
+  for (const auto& [key, tab] : tabs) {
+    Key(key);
+    EXPECT_EQ(Tab(), tab);
+    EXPECT_TRUE(view->ribbon().Button(tab)->isChecked()) << tab;
+  }
+  Key(Qt::Key_F7);
+  view->ribbon().FindField()->setFocus();
+  Key(Qt::Key_F5);
+  EXPECT_EQ(Tab(), "SPRZEDAŻ");
+}
+
+TEST_F(MainWindowTest, TheAltStateBeginsWhenAltAloneIsReleasedAndKeepsOtherKeysAway) {
+  Key(Qt::Key_F7);
+  const int row = view->list().CurrentRow();
+  SendKey(view->list(), QEvent::KeyPress, Qt::Key_Alt);
+  TypeKey(view->list(), Qt::Key_Tab, Qt::AltModifier);
+  SendKey(view->list(), QEvent::KeyRelease, Qt::Key_Alt);
+  EXPECT_FALSE(window->ribbon.AltState());
+  TapAlt();
+  EXPECT_TRUE(window->ribbon.AltState());
+  view->list().setFocus();
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(window->ribbon.AltState());
+  EXPECT_EQ(view->focusWidget(), &view->list());
+  TapAlt();
+  Key(Qt::Key_End);
+  EXPECT_FALSE(window->ribbon.AltState());
+  EXPECT_EQ(view->list().CurrentRow(), row);
+}
+
+TEST_F(MainWindowTest, LettersOfTheAltStatePressToolsChangeTabsAndAddRecords) {
+  std::vector<std::string> forms;
+  ui.on_modal = [&](Form& form) { forms.push_back(form.form_name()); };
+  TapAlt();
+  Key(Qt::Key_E, {}, "e");
+  EXPECT_EQ(forms, std::vector<std::string>{"frm_Dok_sprzed"});
+  TapAlt();
+  Key(Qt::Key_3, {}, "3");
+  EXPECT_EQ(Tab(), "KONTRAHENCI");
+  EXPECT_TRUE(window->ribbon.AltState());  // the tools of the new tab show their letters
+  Key(Qt::Key_E, {}, "e");
+  EXPECT_EQ(forms.back(), "frm_Kontrahenci_");
+  TapAlt();
+  Key(Qt::Key_T, {}, "t");
+  EXPECT_EQ(Tab(), "TOWARYUSŁUGI");
+  EXPECT_EQ(forms.back(), "frm_TowUslugi_");
+  EXPECT_FALSE(window->ribbon.AltState());
+}
+
+TEST_F(MainWindowTest, EveryLetterStandsOnceAndNoneIsTheStartOfAnother) {
+  for (const char* tab : {"SPRZEDAŻ", "ZAKUP", "KONTRAHENCI", "TOWARYUSŁUGI", "ZESTAWIENIA", "SŁOWNIKI"}) {
+    window->UserTab(tab);
+    Turn();
+    const std::vector<KeyTip> tips = view->ribbon().KeyTips();
+    EXPECT_GT(tips.size(), 8u) << tab;
+    for (const KeyTip& tip : tips) {
+      for (const KeyTip& other : tips) {
+        EXPECT_TRUE(&tip == &other || !other.letters.startsWith(tip.letters)) << tab << " " << tip.letters.toStdString();
+      }
+    }
+  }
+}
+
+TEST_F(MainWindowTest, TheCurrentRowMovesByKeysAndStaysInView) {
+  Key(Qt::Key_F7);
+  Key(Qt::Key_End);
+  EXPECT_EQ(view->list().CurrentRow(), kCustomers);
+  const int last_first = window->first_row(), page = window->ViewTable()->TABLE_ROWS();
+  EXPECT_GT(last_first, 1);
+  EXPECT_LE(kCustomers - last_first, page);
+  Key(Qt::Key_PageUp);
+  EXPECT_EQ(view->list().CurrentRow(), kCustomers - page);
+  Key(Qt::Key_Home);
+  EXPECT_EQ(view->list().CurrentRow(), 1);
+  EXPECT_EQ(window->first_row(), 1);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Right);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(view->list().CurrentRow(), 2);
+  std::string opened;
+  ui.on_modal = [&](Form& form) { opened = form.form_name(); };
+  Key(Qt::Key_Return);
+  EXPECT_EQ(opened, "frm_Kontrahenci_");
+}
+
+TEST_F(MainWindowTest, ARowIsChosenByAClickAndOpenedByADoubleClick) {
+  Key(Qt::Key_F7);
+  const auto cell = [&](int row) {
+    const TableCell& first = window->ViewTable()->cells().front();
+    return QPoint(20, first.top + (row - 1) * (first.bottom - first.top + 2) + 4);
+  };
+  ClickAt(view->list(), cell(4));
+  Turn();
+  EXPECT_EQ(view->list().CurrentRow(), 4);
+  ClickAt(view->list(), QPoint(view->list().width() - 30, cell(6).y()));
+  Turn();
+  EXPECT_EQ(view->list().CurrentRow(), 6);
+  std::string opened;
+  ui.on_modal = [&](Form& form) { opened = form.form_name(); };
+  SendMouse(view->list(), QEvent::MouseButtonDblClick, cell(5));
+  EXPECT_EQ(opened, "frm_Kontrahenci_");
+  EXPECT_EQ(view->list().CurrentRow(), 5);
+}
+
+TEST_F(MainWindowTest, AHeadSortsByAClickAndItsBorderWidensTheColumn) {
+  Key(Qt::Key_F7);
+  ClassQDBASE& table = *window->ViewTable();
+  const auto name_cell = [&] {
+    for (const TableCell& cell : table.cells()) {
+      if (table.FIELD_NAME(cell.field) == "NAZWA") return cell;
+    }
+    return TableCell();
+  };
+  const TableCell cell = name_cell();
+  const auto first = [&] { return table.CellText(1, cell.field, window->Look()); };
+  ClickAt(view->list(), {cell.left + 30, 6});
+  Turn();
+  EXPECT_EQ(first(), "Jan Kowalski");
+  ClickAt(view->list(), {cell.left + 30, 6});
+  Turn();
+  EXPECT_EQ(first(), "Odbiorca " + std::to_string(100 + kCustomers));
+  const int before = table.ColumnWidth(cell.field);
+  const QPoint border(cell.right + 1, 6);
+  SendMouse(view->list(), QEvent::MouseButtonPress, border);
+  SendMouse(view->list(), QEvent::MouseMove, border + QPoint(60, 0));
+  SendMouse(view->list(), QEvent::MouseButtonRelease, border + QPoint(60, 0));
+  Turn();
+  EXPECT_GT(table.ColumnWidth(cell.field), before + 30);
+  EXPECT_EQ(first(), "Odbiorca " + std::to_string(100 + kCustomers));  // a drag does not sort
+}
+
+TEST_F(MainWindowTest, TheFindFieldRunsWithEnterAndItsTextStaysWithItsTab) {
+  Key(Qt::Key_F7);
+  QLineEdit* field = view->ribbon().FindField();
+  ASSERT_NE(field, nullptr);
+  field->setFocus();
+  field->setText("Odbiorca 133");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 1);
+  Key(Qt::Key_F8);
+  EXPECT_EQ(window->ribbon.FindText(), "");
+  Key(Qt::Key_F7);
+  EXPECT_EQ(window->ribbon.FindText(), "Odbiorca 133");
+}
+
+TEST_F(MainWindowTest, AToolWhoseFunctionIsNotPartOfThisVersionIsDisabledAndSaysSo) {
+  int checked = 0;
+  for (const Command& command : MainWindow::Commands()) {
+    const RibbonButton* button = view->ribbon().Button(command.key);
+    if (!button) continue;
+    EXPECT_EQ(button->isEnabled(), MainWindow::IsBuilt(command)) << command.key;
+    EXPECT_EQ(button->toolTip() == look->Text("common.notbuilt"), !MainWindow::IsBuilt(command)) << command.key;
+    EXPECT_FALSE(button->accessibleName().isEmpty()) << command.key;
+    ++checked;
+  }
+  EXPECT_GT(checked, 40);
+}
+
+TEST_F(MainWindowTest, NothingInTheWindowIsCutOffAtItsLeastWidth) {
+  view->resize(view->minimumSize());
+  for (const char* tab : {"SPRZEDAŻ", "ZAKUP", "KONTRAHENCI", "TOWARYUSŁUGI", "ZESTAWIENIA", "SŁOWNIKI"}) {
+    window->UserTab(tab);
+    Turn();
+    EXPECT_LE(view->ribbon().NaturalWidth(), view->ribbon().width()) << tab;
+    for (const RibbonButton* button : view->ribbon().findChildren<RibbonButton*>()) {
+      EXPECT_FALSE(button->caption().startsWith('%')) << button->caption().toStdString();
+    }
+  }
+}
+
+TEST_F(MainWindowTest, ClosingTheWindowStoresItsPlaceAndEndsTheProgram) {
+  view->setGeometry(33, 44, 1150, 700);
+  view->close();
+  EXPECT_TRUE(ui.ended);
+  EXPECT_FALSE(program->database_open);
+  EXPECT_EQ(program->settings.Integer(kOstrinka, "Windows\\MDI", "Width", 0), 1150);
+  EXPECT_EQ(program->settings.Integer(kOstrinka, "Windows\\MDI", "Left", 0), 33);
+}
+
+}  // namespace
+}  // namespace ostrinka
