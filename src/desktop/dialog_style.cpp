@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QStyleOption>
 #include <algorithm>
+#include <cmath>
+#include <string>
 
 namespace ostrinka {
 namespace {
@@ -53,6 +55,42 @@ DialogColours ColoursOf(const Look& look) {
   return c;
 }
 
+// The boxes as the skin draws them. A check box comes in nine parts, none of them stretched.
+QHash<QString, QPixmap> MarksOf(const Look& look) {
+  QHash<QString, QPixmap> marks;
+  for (const char* state : {"std", "over", "check", "ckover", "ckhalf", "disable"}) {
+    const QPixmap picture = look.Image(std::string("opt.") + state + ".01.bmp");
+    if (!picture.isNull()) marks.insert(QString("opt.") + state, picture);
+  }
+  for (const char* state : {"std", "over", "press", "check", "chkover"}) {
+    QPixmap parts[9];
+    bool whole = true;
+    for (int i = 0; i < 9; ++i) {
+      parts[i] = look.Image("cb." + std::string(state) + ".0" + std::to_string(i + 1) + ".bmp");
+      whole = whole && !parts[i].isNull();
+    }
+    if (!whole) continue;
+    const double ratio = parts[0].devicePixelRatio();
+    QPixmap picture(QSize(parts[0].width() + parts[1].width() + parts[2].width(), parts[0].height() + parts[3].height() + parts[6].height()));
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    int top = 0;
+    for (int row = 0; row < 3; ++row) {
+      int left = 0;
+      for (int column = 0; column < 3; ++column) {
+        const QPixmap& part = parts[row * 3 + column];
+        painter.drawPixmap(QRect(left, top, part.width(), part.height()), part, part.rect());
+        left += part.width();
+      }
+      top += parts[row * 3].height();
+    }
+    painter.end();
+    picture.setDevicePixelRatio(ratio);
+    marks.insert(QString("cb.") + state, picture);
+  }
+  return marks;
+}
+
 bool Is(QStyle::State state, QStyle::StateFlag flag) {
   return state.testFlag(flag);
 }
@@ -80,20 +118,23 @@ class Kept {
 
 }  // namespace
 
+DialogStyle& DialogStyle::Of(const Look& look) {
+  auto* style = dynamic_cast<DialogStyle*>(qApp->style());
+  return style ? *style : Install(look);
+}
+
 DialogStyle& DialogStyle::Install(const Look& look) {
-  static QPointer<QStyle> installed;
-  if (installed && qApp->style() == installed) {
-    auto& style = static_cast<DialogStyle&>(*installed);
-    style.colours_ = ColoursOf(look);
-    return style;
+  if (auto* style = dynamic_cast<DialogStyle*>(qApp->style())) {
+    style->colours_ = ColoursOf(look);
+    style->marks_ = MarksOf(look);
+    return *style;
   }
   auto* style = new DialogStyle(look);
-  installed = style;
   qApp->setStyle(style);
   return *style;
 }
 
-DialogStyle::DialogStyle(const Look& look) : QProxyStyle("Fusion"), colours_(ColoursOf(look)) {
+DialogStyle::DialogStyle(const Look& look) : QProxyStyle("Fusion"), colours_(ColoursOf(look)), marks_(MarksOf(look)) {
   setObjectName(kStyleName);
 }
 
@@ -172,7 +213,11 @@ void DialogStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     case PE_FrameFocusRect: {
       if (qobject_cast<const QAbstractItemView*>(widget)) return;
       const Kept kept(*painter);
-      Ring(*painter, QRectF(option->rect).adjusted(-3, -2, 3, 2));
+      QRectF area = QRectF(option->rect).adjusted(-4, 0, 4, 0);
+      const double height = std::min<double>(option->fontMetrics.height() + 6, widget ? widget->height() : 1000);
+      area = QRectF(area.left(), area.center().y() - height / 2, area.width(), height);
+      if (widget) area = area.intersected(widget->rect());
+      Ring(*painter, area);
       return;
     }
     case PE_IndicatorCheckBox: Tick(*option, *painter); return;
@@ -263,7 +308,27 @@ void DialogStyle::ButtonLabel(const QStyleOption& option, QPainter& painter, con
   painter.drawText(area, flags, button->text);
 }
 
+// The box as the skin draws it; false when it has none.
+bool DialogStyle::Mark(const QStyleOption& option, QPainter& painter, bool box) const {
+  const bool on = Is(option.state, State_Enabled), set = Is(option.state, State_On), hot = on && Is(option.state, State_MouseOver);
+  QString name = set ? (hot ? "ckover" : "check") : hot ? "over" : "std";
+  if (box && set && hot) name = "chkover";
+  if (box && on && Is(option.state, State_Sunken)) name = set ? "chkover" : "press";
+  if (!box && !on) name = set ? "ckhalf" : "disable";
+  const auto found = marks_.constFind((box ? "cb." : "opt.") + name);
+  if (found == marks_.constEnd()) return false;
+  const Kept kept(painter);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (box && !on) painter.setOpacity(0.5);
+  const QSizeF size = found->deviceIndependentSize();
+  const QPointF middle = QRectF(option.rect).center();
+  painter.drawPixmap(QRectF(std::round(middle.x() - size.width() / 2), std::round(middle.y() - size.height() / 2), size.width(), size.height()),
+                     *found, found->rect());
+  return true;
+}
+
 void DialogStyle::Tick(const QStyleOption& option, QPainter& painter) const {
+  if (Mark(option, painter, true)) return;
   const Kept kept(painter);
   const bool on = Is(option.state, State_Enabled);
   const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
@@ -278,6 +343,7 @@ void DialogStyle::Tick(const QStyleOption& option, QPainter& painter) const {
 }
 
 void DialogStyle::Dot(const QStyleOption& option, QPainter& painter) const {
+  if (Mark(option, painter, false)) return;
   const Kept kept(painter);
   const bool on = Is(option.state, State_Enabled);
   const QRectF circle = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
@@ -429,7 +495,10 @@ int DialogStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     case SH_DitherDisabledText:
     case SH_Widget_Animation_Duration:
     case SH_ItemView_ShowDecorationSelected: return 0;
-    case SH_LineEdit_PasswordCharacter: return 0x25CF;
+    case SH_LineEdit_PasswordCharacter: {
+      const QVariant sign = widget ? widget->property(kPasswordSign) : QVariant();
+      return sign.isValid() ? sign.toInt() : 0x2022;
+    }
     default: return QProxyStyle::styleHint(hint, option, widget, data);
   }
 }

@@ -1,6 +1,8 @@
 // How the platform's own fields, buttons, tabs and bars look inside the dialogs: painted from the colours of the skin.
 #pragma once
 
+#include <QHash>
+#include <QPixmap>
 #include <QProxyStyle>
 
 #include "desktop/look.h"
@@ -18,6 +20,9 @@ class DialogStyle : public QProxyStyle {
  public:
   // Makes this style the application's, or gives the one that stands the colours of `look`.
   static DialogStyle& Install(const Look& look);
+
+  // The style that stands; installed when there is none yet.
+  static DialogStyle& Of(const Look& look);
 
   explicit DialogStyle(const Look& look);
   const DialogColours& colours() const { return colours_; }
@@ -43,6 +48,7 @@ class DialogStyle : public QProxyStyle {
   void Ring(QPainter& painter, const QRectF& area) const;
   void ButtonBevel(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
   void ButtonLabel(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
+  bool Mark(const QStyleOption& option, QPainter& painter, bool box) const;
   void Tick(const QStyleOption& option, QPainter& painter) const;
   void Dot(const QStyleOption& option, QPainter& painter) const;
   void Tab(const QStyleOption& option, QPainter& painter) const;
@@ -52,11 +58,14 @@ class DialogStyle : public QProxyStyle {
   void ScrollBar(const QStyleOptionComplex& option, QPainter& painter, const QWidget* widget) const;
 
   DialogColours colours_;
+  QHash<QString, QPixmap> marks_;  // check and option boxes of the skin, by element and state
   bool access_keys_ = false;
 };
 
 // Buttons that a window marks: the one that does what the dialog is for; one of the row at the bottom.
 inline constexpr const char* kPrimaryButton = "ostrinka_primary";
 inline constexpr const char* kBarButton = "ostrinka_bar";
+// The character that a password field shows for each one.
+inline constexpr const char* kPasswordSign = "ostrinka_password";
 
 }  // namespace ostrinka

@@ -25,7 +25,7 @@ class Card : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    const DialogStyle& style = DialogStyle::Install(look_);
+    const DialogStyle& style = DialogStyle::Of(look_);
     style.PaintCard(painter, rect(), style.colours().card);
     if (caption_.isEmpty()) return;
     painter.setFont(look_.BoldFont());
@@ -124,7 +124,13 @@ void RowLayout::setGeometry(const QRect& outer) {
     place += cell.span;
     const int right = area.left() + static_cast<int>(std::lround(place * (unit + gap_) - gap_));
     int from = left;
-    if (cell.caption && cell.beside) {
+    const auto* amount = cell.caption && cell.beside ? qobject_cast<const QLabel*>(cell.field) : nullptr;
+    if (amount && amount->alignment().testFlag(Qt::AlignRight)) {  // both at the right, close together
+      const int wide = std::min(amount->sizeHint().width(), right - left);
+      const int words = std::min(cell.caption->sizeHint().width(), right - left - wide - kGap);
+      cell.caption->setGeometry(right - wide - kGap - words, top, std::max(words, 0), FieldHeight(*cell.caption));
+      from = right - wide;
+    } else if (cell.caption && cell.beside) {
       const int wide = cell.caption->sizeHint().width();
       cell.caption->setGeometry(from, top, wide, FieldHeight(*cell.caption));
       from += wide + kGap;
@@ -150,7 +156,7 @@ QLabel* FormBuilder::Caption(const std::string& key, QWidget* parent) {
   if (key.empty()) return nullptr;
   auto* label = new QLabel(host_.look.Text(key), parent);
   QPalette palette = label->palette();
-  const DialogColours& colours = DialogStyle::Install(host_.look).colours();
+  const DialogColours& colours = DialogStyle::Of(host_.look).colours();
   palette.setColor(QPalette::WindowText, colours.faint);
   palette.setColor(QPalette::Disabled, QPalette::WindowText, colours.disabled);
   label->setPalette(palette);
@@ -191,9 +197,12 @@ void FormBuilder::BuildGroup(const GroupLayout& group, QWidget* box) {
   for (const LayoutItem& item : group.items()) {
     const bool stretch = Stretches(item);
     stretches = stretches || stretch;
-    rows->addWidget(BuildItem(item, box), stretch ? 1 : 0);
+    QWidget* built = BuildItem(item, box);
+    if (!stretch) built->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    rows->addWidget(built, stretch ? 1 : 0);
   }
-  if (!stretches) rows->addStretch(1);
+  // The part that stretches may be away for a while: then the free height stays below.
+  rows->addStretch(stretches ? 0 : 1);
 }
 
 QWidget* FormBuilder::BuildItem(const LayoutItem& item, QWidget* parent) {
@@ -298,10 +307,15 @@ void FormBuilder::BuildMatrix(const LayoutItem& item, QWidget* box) {
 }
 
 void FormBuilder::BuildFiles(const LayoutItem& item, QWidget* box) {
-  auto* row = new QHBoxLayout(box);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* column = new QVBoxLayout(box);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kCaptionGap);
+  QLabel* caption = Caption(item.text_key, box);
+  if (caption) column->addWidget(caption);
+  auto* row = new QHBoxLayout;
+  column->addLayout(row);
   row->setSpacing(kGap);
-  row->addWidget(Field(*item.cells.front().control, kPlain, host_.look.Text("common.files"), nullptr, box), 1);
+  row->addWidget(Field(*item.cells.front().control, kPlain, host_.look.Text(item.text_key), caption, box), 1);
   auto* buttons = new QVBoxLayout;
   buttons->setSpacing(kCaptionGap * 2);
   for (size_t i = 1; i < item.cells.size(); ++i) {

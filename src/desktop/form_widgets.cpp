@@ -25,6 +25,14 @@ void ShowTip(const Control& control, QWidget* widget) {
   widget->setToolTip(ToQt(control.tool_tip()));
 }
 
+// The access key that the window added stays as long as the caption does.
+void SetCaption(QAbstractButton& button, const QString& caption) {
+  constexpr const char* kCaption = "ostrinka_caption";
+  if (button.property(kCaption).toString() == caption) return;
+  button.setProperty(kCaption, caption);
+  button.setText(caption);
+}
+
 // Enter and the blank key both press a button that has the focus.
 class PushField : public QPushButton {
  public:
@@ -39,7 +47,7 @@ class PushField : public QPushButton {
 };
 
 QWidget* MakeButton(FieldHost& host, ButtonControl& control, QWidget* parent) {
-  auto* button = new PushField(host.look.Text(control.caption_key), parent);
+  auto* button = new PushField(parent);
   button->setAutoDefault(false);
   button->setMinimumWidth(1);
   button->setIcon(host.look.Icon(control.icon));
@@ -49,8 +57,7 @@ QWidget* MakeButton(FieldHost& host, ButtonControl& control, QWidget* parent) {
     control.UserPress();
   });
   Follow(control, button, [&host, &control, button] {
-    const QString caption = host.look.Text(control.caption_key);
-    if (button->text() != caption) button->setText(caption);
+    SetCaption(*button, host.look.Text(control.caption_key));
     ShowTip(control, button);
   });
   return button;
@@ -59,11 +66,10 @@ QWidget* MakeButton(FieldHost& host, ButtonControl& control, QWidget* parent) {
 // The model tells the state: it is shown again after every click, taken or not.
 template <typename Box, typename Model>
 Box* MakeBox(FieldHost& host, Model& control, QWidget* parent, bool (*state)(const Model&), void (*act)(Model&)) {
-  auto* box = new Box(host.look.Text(control.caption_key), parent);
+  auto* box = new Box(parent);
   box->setAutoExclusive(false);
   const auto show = [&host, &control, box, state] {
-    const QString caption = host.look.Text(control.caption_key);
-    if (box->text() != caption) box->setText(caption);
+    SetCaption(*box, host.look.Text(control.caption_key));
     box->setChecked(state(control));
     ShowTip(control, box);
   };
@@ -123,7 +129,7 @@ class FileList : public QListWidget {
     if (!same) {
       clear();
       shown_ = items;
-      const QIcon icon(PaperPicture(DialogStyle::Install(host_.look).colours(), devicePixelRatioF()));
+      const QIcon icon(PaperPicture(DialogStyle::Of(host_.look).colours(), devicePixelRatioF()));
       for (const MemoControl::Item& item : items) addItem(new QListWidgetItem(icon, ToQt(item.name)));
     }
     setCurrentRow(control_.selected());

@@ -105,7 +105,7 @@ class Month : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const DialogColours& c = DialogStyle::Install(host_.look).colours();
+    const DialogColours& c = DialogStyle::Of(host_.look).colours();
     painter.setPen(c.border_hot);
     painter.setBrush(Qt::white);
     painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));

@@ -33,7 +33,7 @@ class TableField : public QAbstractScrollArea {
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) connect(bar, &QScrollBar::valueChanged, this, [this] { Redraw(); });
     if (auto* source = dynamic_cast<QdbTableSource*>(control.source)) {
-      const DialogColours& c = DialogStyle::Install(host.look).colours();
+      const DialogColours& c = DialogStyle::Of(host.look).colours();
       source->look.foreground = FromQColor(c.text);
       source->look.line = FromQColor(c.card_line);
       source->look.highlight = FromQColor(c.ring);
@@ -41,6 +41,7 @@ class TableField : public QAbstractScrollArea {
   }
   void Show() {
     const int row = source() ? source()->CurrentRow() : 0;
+    FitColumns();
     UpdateBars();
     if (row != shown_row_) ShowRow(row);
     shown_row_ = row;
@@ -78,6 +79,7 @@ class TableField : public QAbstractScrollArea {
   }
   void resizeEvent(QResizeEvent* event) override {
     QAbstractScrollArea::resizeEvent(event);
+    FitColumns();
     UpdateBars();
   }
   void keyPressEvent(QKeyEvent* event) override {
@@ -115,6 +117,7 @@ class TableField : public QAbstractScrollArea {
   void mouseMoveEvent(QMouseEvent* event) override {
     const QPointF at = event->position();
     if (dragged_ > 0 && source()) {
+      fitted_by_hand_ = true;
       source()->SetColumnWidthOf(dragged_, std::max(kNarrowest, static_cast<int>((at.x() - drag_left_) / kZoom)));
       UpdateBars();
       Redraw();
@@ -158,6 +161,20 @@ class TableField : public QAbstractScrollArea {
       }
     }
   }
+  int WidthOf(int column) const { return static_cast<int>(kZoom * source()->ColumnWidthOf(column)); }
+  // No heading is shortened, and the widest column takes the room that is left; until a person sets the widths himself.
+  void FitColumns() {
+    if (!source() || fitted_by_hand_ || !isVisible()) return;
+    int total = 0, widest = 0;
+    for (int column = 1; column <= source()->Columns(); ++column) {
+      const int heading = fontMetrics().horizontalAdvance(ToQt(source()->HeadingOf(column))) + 10;
+      if (WidthOf(column) > 0 && WidthOf(column) < heading) source()->SetColumnWidthOf(column, static_cast<int>(heading / kZoom) + 1);
+      total += WidthOf(column);
+      if (widest == 0 || WidthOf(column) > WidthOf(widest)) widest = column;
+    }
+    const int room = viewport()->width() - total;
+    if (widest > 0 && room > 0) source()->SetColumnWidthOf(widest, source()->ColumnWidthOf(widest) + static_cast<int>(room / kZoom));
+  }
   int VisibleRows() const { return pitch_ > 0 ? std::max(1, (viewport()->height() - top_) / pitch_) : kShownRows; }
   void UpdateBars() {
     const int visible = VisibleRows();
@@ -165,8 +182,8 @@ class TableField : public QAbstractScrollArea {
     verticalScrollBar()->setRange(0, std::max(0, Rows() - visible));
     int columns = source() ? source()->Columns() : 0, hidden = 0;
     double total = 0;
-    for (int column = 1; column <= columns; ++column) total += static_cast<int>(kZoom * source()->ColumnWidthOf(column));
-    while (hidden + 1 < columns && total > viewport()->width()) total -= static_cast<int>(kZoom * source()->ColumnWidthOf(++hidden));
+    for (int column = 1; column <= columns; ++column) total += WidthOf(column);
+    while (hidden + 1 < columns && total > viewport()->width()) total -= WidthOf(++hidden);
     horizontalScrollBar()->setPageStep(1);
     horizontalScrollBar()->setRange(0, hidden);
   }
@@ -181,7 +198,7 @@ class TableField : public QAbstractScrollArea {
     if (!source() || at.y() >= (top_ > 0 ? top_ - 4 : FieldHeight(*this))) return 0;
     double right = 0;
     for (int column = FirstColumn(); column <= source()->Columns(); ++column) {
-      right += static_cast<int>(kZoom * source()->ColumnWidthOf(column));
+      right += WidthOf(column);
       if (std::abs(at.x() - right) <= kGrip) return column;
     }
     return 0;
@@ -191,6 +208,7 @@ class TableField : public QAbstractScrollArea {
   TableControl& control_;
   int shown_row_ = 0, top_ = 0, pitch_ = 0, dragged_ = 0;
   double drag_left_ = 0;
+  bool fitted_by_hand_ = false;
 };
 
 // Tells a reader of the screen that this is a table, and what stands in its current row.

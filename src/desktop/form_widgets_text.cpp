@@ -11,12 +11,13 @@
 
 #include "app/program.h"
 #include "base/text.h"
+#include "desktop/dialog_style.h"
 #include "desktop/form_widgets.h"
 
 namespace ostrinka {
 namespace {
 
-constexpr int kLowLines = 2, kTallLines = 4;
+constexpr int kLowLines = 2, kTallLines = 4, kPadding = 4;
 
 class ModelValidator : public QValidator {
  public:
@@ -40,7 +41,11 @@ class LineField : public QLineEdit {
  public:
   LineField(FieldHost& host, TextBoxControl& control, QWidget* parent) : QLineEdit(parent), host_(host), control_(control) {
     setValidator(new ModelValidator(control, this));
-    if (control.PasswordChar != 0) setEchoMode(Password);
+    setTextMargins(kPadding, 0, 0, 0);
+    if (control.PasswordChar != 0) {
+      setProperty(kPasswordSign, static_cast<int>(control.PasswordChar));
+      setEchoMode(Password);
+    }
     connect(this, &QLineEdit::inputRejected, this, [this] { host_.Beep(); });
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
       if (!control_.UserSet(FromQt(text))) Show();
@@ -94,7 +99,8 @@ class TextField : public QPlainTextEdit {
       : QPlainTextEdit(parent), host_(host), control_(control), lines_(lines) {
     setTabChangesFocus(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    document()->setDocumentMargin(3);
+    document()->setDocumentMargin(5);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setProperty(kTallField, lines >= kTallLines);
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
       const QString typed = toPlainText();
@@ -135,7 +141,7 @@ class TextField : public QPlainTextEdit {
   }
 
  private:
-  int Height(int lines) const { return lines * fontMetrics().lineSpacing() + 12; }
+  int Height(int lines) const { return lines * fontMetrics().lineSpacing() + 14; }
   bool Takes(const QString& typed) const {
     const QTextCursor cursor = textCursor();
     QString text = toPlainText();
@@ -153,7 +159,7 @@ QWidget* MakeLineField(FieldHost& host, TextBoxControl& control, unsigned flags,
   auto* field = new LineField(host, control, parent);
   if (flags & kRight) field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   Follow(control, field, [field] { field->Show(); });
-  AttachMark(host, control, field, [field](int room) { field->setTextMargins(0, 0, room, 0); });
+  AttachMark(host, control, field, [field](int room) { field->setTextMargins(kPadding, 0, room + (room > 0 ? 2 : 0), 0); });
   return field;
 }
 

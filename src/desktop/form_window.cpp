@@ -113,6 +113,7 @@ struct FormWindow::Parts : public QObject {
   bool OnKey(QKeyEvent& event, Control* control, QWidget* field);
   bool OnEnter(Control* control, QWidget* field);
   void StepPage(int step);
+  void ShowAccessKeys(bool shown);
   ButtonControl* Marked(unsigned flag) const;
   QWidget* FirstField() const;
   bool eventFilter(QObject* object, QEvent* event) override;
@@ -391,6 +392,7 @@ bool FormWindow::Parts::CanClose() {
 void FormWindow::Parts::Finish() {
   if (closing) return;
   closing = true;
+  style.ShowAccessKeys(false);
   left = entered = nullptr;
   KeepPlace();
   window.done(0);
@@ -438,9 +440,15 @@ void FormWindow::Parts::StepPage(int step) {
   if (QWidget* first = FirstField()) first->setFocus(Qt::TabFocusReason);
 }
 
+void FormWindow::Parts::ShowAccessKeys(bool shown) {
+  style.ShowAccessKeys(shown);
+  for (QWidget* child : window.findChildren<QWidget*>()) child->update();
+}
+
 bool FormWindow::Parts::OnKey(QKeyEvent& event, Control* control, QWidget* field) {
   Settle();
   const int key = event.key(), code = CodeOf(event);
+  if (key == Qt::Key_Alt) ShowAccessKeys(true);
   const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier), alt = event.modifiers().testFlag(Qt::AltModifier);
   const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
   if (tabs && ctrl && (tab || key == Qt::Key_PageDown || key == Qt::Key_PageUp)) {
@@ -465,6 +473,9 @@ bool FormWindow::Parts::eventFilter(QObject* object, QEvent* event) {
       if (!object->isWidgetType()) return false;
       return OnKey(static_cast<QKeyEvent&>(*event), control, static_cast<QWidget*>(object));
     }
+    case QEvent::KeyRelease:
+      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt) ShowAccessKeys(false);
+      break;
     case QEvent::FocusIn: {
       static_cast<QWidget*>(object)->update();
       if (!control) break;

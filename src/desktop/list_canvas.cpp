@@ -26,6 +26,12 @@ QPolygonF PolygonOf(const std::vector<PointF>& points) {
 ListCanvas::ListCanvas(QPainter& painter, double width, double height, double inset)
     : painter_(painter), width_(width), height_(height), inset_(inset), ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
 
+int ListCanvas::RowHeight(double zoom) {
+  constexpr double kPoints = 8, kPixelsOfPoint = 20 / 15.0;
+  const double cell = std::max(kPoints * zoom * kPixelsOfPoint * kCellOfType, 1.0);
+  return static_cast<int>(std::ceil(cell * (1 + kLeading))) + 3;
+}
+
 void ListCanvas::FillRect(const RectF& area, Colour colour) {
   painter_.fillRect(RectOf(area).adjusted(area.left == 0 ? -inset_ : 0, 0, 0, 0), ColourOf(colour));
 }

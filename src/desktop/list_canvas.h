@@ -16,6 +16,9 @@ class ListCanvas : public Canvas {
   // The surface begins `inset` pixels right of the painter's edge; grounds and lines that begin at its edge reach out to that of the painter.
   ListCanvas(QPainter& painter, double width, double height, double inset = 0);
 
+  // Of a table view drawn on such a canvas at `zoom`.
+  static int RowHeight(double zoom);
+
   double Width() const override { return width_; }
   double Height() const override { return height_; }
   void FillRect(const RectF& area, Colour colour) override;

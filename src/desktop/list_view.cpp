@@ -81,8 +81,7 @@ QRect ListView::Surface() const {
 }
 
 int ListView::RowHeight() const {
-  const double points = 8 * std::clamp(TextZoom(window_.zoom()), 0.1, 10.0), cell = std::max(points * 20 / 15 * 1.207, 1.0);
-  return static_cast<int>(std::ceil(std::ceil(cell * 1.34))) + 3;
+  return ListCanvas::RowHeight(std::clamp(TextZoom(window_.zoom()), 0.1, 10.0));
 }
 
 int ListView::PageRows() const { return std::max((Surface().height() - RowHeight() - kGapUnderHeader) / RowHeight(), 1); }

@@ -4,34 +4,26 @@
 #include <QFile>
 #include <QHash>
 #include <QPainter>
-#include <array>
 
 #include "app/program.h"
 #include "desktop/qcanvas.h"
+#include "shell/skin.h"
+#include "startup/startup.h"
 
 namespace ostrinka {
 namespace {
 
-constexpr int kColours = 25;  // by their number; 0 and 1 are none
 constexpr double kWindowPoints = 9;
 constexpr QRgb kFocusRing = 0xFF1F6FD0;
-
-using Palette = std::array<QRgb, kColours>;
-
-// What a skin that is missing or lacks a colour falls back on.
-constexpr Palette kBlack = {0,        0,        0x2B313B, 0x232830, 0x2E353F, 0x8791A0, 0xDDE2E8, 0xFFFFFF, 0xA3ACB9,
-                            0xFFC857, 0xF4F6F9, 0x161B22, 0x414B59, 0x1B2129, 0x0A4C95, 0x6B3600, 0x6A7482, 0xFFD480,
-                            0x8F99A7, 0x47515F, 0xFFFFFF, 0x7F8997, 0xB3BBC6, 0xECEFF3, 0x76808E};
-
 constexpr int kBlackSkin = 2, kSilverSkin = 1;
 constexpr QRgb kAmber = 0xFFE9A21B, kTeal = 0xFF17877F, kSky = 0xFF2F86D6;
 
 }  // namespace
 
 struct Look::Parts {
-  Palette colours = kBlack;
-  QRgb accent = kAmber;
-  bool round_corners = true;
+  Skin skin;
+  QColor accent;
+  mutable QHash<QString, QPixmap> images;
   mutable QHash<QString, QIcon> icons;
 };
 
@@ -46,15 +38,19 @@ Look::~Look() {
 void Look::Reload() {
   *parts_ = Parts();
   const int32_t skin = program_.settings.Integer(kCommon, "GUI", "Skin", kBlackSkin);
-  parts_->accent = skin == kBlackSkin ? kAmber : skin == kSilverSkin ? kTeal : kSky;
+  parts_->skin.SkinLoad(program_.platform.files, Startup::SkinChoose(program_));
+  const QPixmap progress = Image("progress.fill.02.bmp");  // painted in the skin's accent
+  parts_->accent = QColor(skin == kBlackSkin ? kAmber : skin == kSilverSkin ? kTeal : kSky);
+  if (!progress.isNull()) parts_->accent = progress.toImage().pixelColor(progress.width() / 2, progress.height() / 2);
 }
 
 QColor Look::Colour(SkinColour colour) const {
-  return QColor(parts_->colours[static_cast<size_t>(colour)]);
+  const ostrinka::Colour rgb = parts_->skin.SkinColor(static_cast<int>(colour));
+  return QColor(static_cast<int>(rgb & 255), static_cast<int>(rgb >> 8 & 255), static_cast<int>(rgb >> 16 & 255));
 }
 
 QColor Look::Accent() const {
-  return QColor(parts_->accent);
+  return parts_->accent;
 }
 
 QColor Look::FocusRing() const {
@@ -62,11 +58,20 @@ QColor Look::FocusRing() const {
 }
 
 bool Look::RoundCorners() const {
-  return parts_->round_corners;
+  return parts_->skin.round_corners;
 }
 
-QPixmap Look::Image(std::string_view) const {
-  return {};
+QPixmap Look::Image(std::string_view name) const {
+  const QString key = ToQt(name);
+  const auto known = parts_->images.constFind(key);
+  if (known != parts_->images.constEnd()) return *known;
+  QPixmap image;
+  if (const std::string* bytes = parts_->skin.SkinImage(name)) {
+    image.loadFromData(reinterpret_cast<const uchar*>(bytes->data()), static_cast<uint>(bytes->size()), "BMP");
+    image.setDevicePixelRatio(parts_->skin.scale);
+  }
+  parts_->images.insert(key, image);
+  return image;
 }
 
 bool Look::DrawThree(QPainter& painter, const QRectF& area, std::string_view element_state) const {

@@ -45,7 +45,7 @@ class Body : public QWidget {
   Body(const Look& look, QWidget* parent) : QWidget(parent), look_(look) {}
 
  protected:
-  void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), DialogStyle::Install(look_).colours().card); }
+  void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), DialogStyle::Of(look_).colours().card); }
 
  private:
   const Look& look_;
@@ -179,7 +179,7 @@ void MessageWindow::keyPressEvent(QKeyEvent* event) {
 
 void MessageWindow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const DialogStyle& style = DialogStyle::Install(look_);
+  const DialogStyle& style = DialogStyle::Of(look_);
   style.PaintGround(painter, rect(), true);
   painter.setPen(style.colours().strip_bottom);
   painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));

@@ -114,10 +114,8 @@ void RibbonButton::PaintIcon(QPainter& painter, const QRectF& area) {
 
 void RibbonButton::PaintLarge(RibbonPainter& paint, QPainter& painter) {
   const RibbonPainter::ToolState state = State();
-  paint.ToolGround(rect(), state);
-  if (split_ && state.enabled && (state.hover || list_open)) {
-    paint.Hairline(QPointF(1, kTextTop - 2), QPointF(width() - 1, kTextTop - 2), paint.colours().edge);
-  }
+  paint.ToolGround(rect(), state, true);
+  if (split_) paint.SplitGround(DropArea(), state, over_drop_ || list_open);
   PaintIcon(painter, QRectF((width() - kIconLarge) / 2, kIconTop, kIconLarge, kIconLarge));
   const QFontMetricsF metrics(font());
   const QStringList lines = TwoLines(caption_, metrics);
@@ -135,13 +133,16 @@ void RibbonButton::PaintLarge(RibbonPainter& paint, QPainter& painter) {
 
 void RibbonButton::PaintSmall(RibbonPainter& paint, QPainter& painter) {
   RibbonPainter::ToolState state = State();
-  if (drop && !split_) {
+  const char* look_of_combo = state.pressed ? "combo.press" : state.hover && state.enabled ? "combo.over" : "combo.std";
+  const bool combo = drop && !split_, framed = combo && paint.Three(rect(), look_of_combo);
+  if (combo && !framed) {
     // A combo shows its field also at rest.
     painter.setPen(QPen(paint.colours().edge, 1));
     painter.setBrush(state.enabled ? QColor(Qt::white) : paint.colours().panel);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
   }
-  paint.ToolGround(rect(), state);
+  if (!framed) paint.ToolGround(rect(), state);
+  if (framed && state.focused) paint.FocusRing(rect());
   double left = 7;
   if (!icon().isNull()) {
     PaintIcon(painter, QRectF(left - 2, (height() - kIconSmall) / 2, kIconSmall, kIconSmall));
@@ -152,21 +153,21 @@ void RibbonButton::PaintSmall(RibbonPainter& paint, QPainter& painter) {
   const bool arrow = split_ || drop;
   const QRectF line(left, 0, width() - left - (arrow ? 18 : 7), height());
   painter.drawText(line, (arrow || !icon().isNull() ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter | Qt::TextDontClip, caption_);
-  if (arrow) paint.Mark(Glyph::kDrop, QRectF(width() - 14, height() / 2.0 - 3.5, 7, 7), text);
+  if (arrow && !framed) paint.Mark(Glyph::kDrop, QRectF(width() - 14, height() / 2.0 - 3.5, 7, 7), text);
 }
 
 void RibbonButton::PaintTab(RibbonPainter& paint, QPainter& painter) {
   const FrameColours& colours = paint.colours();
   const QRectF area = QRectF(rect()).adjusted(1, 3, -1, 0);
-  QColor text = look_.Colour(SkinColour::kTabText);
-  if (isChecked() || underMouse()) {
+  QColor text = look_.Colour(isChecked() ? SkinColour::kTabTextActive : SkinColour::kTabText);
+  const bool drawn = (isChecked() || underMouse()) && paint.Nine(area, isChecked() ? "tab.std" : "tab.over", 8, 8);
+  if (!drawn && (isChecked() || underMouse())) {
     const double radius = look_.RoundCorners() ? 4 : 0;
     painter.setPen(Qt::NoPen);
     painter.setBrush(isChecked() ? colours.panel : MixOf(colours.strip, Qt::white, 0.16));
     painter.setClipRect(rect());
     painter.drawRoundedRect(area.adjusted(0, 0, 0, radius + 1), radius, radius);
     if (isChecked()) {
-      text = look_.Colour(SkinColour::kTabTextActive);
       painter.fillRect(QRectF(area.left() + radius, area.top(), area.width() - 2 * radius, 2), look_.Accent());
     }
   }
@@ -195,6 +196,7 @@ void RibbonButton::PaintMenu(RibbonPainter& paint, QPainter& painter) {
 }
 
 void RibbonButton::PaintWindow(RibbonPainter& paint, QPainter& painter) {
+  if (picture_ && paint.Part(QRectF((width() - 32) / 2.0, (height() - 24) / 2.0, 32, 24), WindowPicture())) return;
   QColor mark = look_.Colour(SkinColour::kCaptionText);
   if (!isActiveWindow()) mark = look_.Colour(SkinColour::kCaptionTextDisabled);
   if (underMouse() && isEnabled()) {
@@ -205,6 +207,14 @@ void RibbonButton::PaintWindow(RibbonPainter& paint, QPainter& painter) {
     if (closes) mark = Qt::white;
   }
   paint.Mark(glyph_, QRectF(width() / 2.0 - 5, height() / 2.0 - 5, 10, 10), mark);
+}
+
+// The skin's picture of a window button in its state.
+std::string RibbonButton::WindowPicture() const {
+  const char* state = isDown() ? "press" : underMouse() ? "over" : isActiveWindow() ? "std" : "dis";
+  const bool restore = glyph_ == Glyph::kRestore;
+  const char* part = glyph_ == Glyph::kClose ? "03" : glyph_ == Glyph::kMaximise ? "02" : "01";
+  return std::string(restore ? "win.max." : "win.") + state + "." + part + ".bmp";
 }
 
 void RibbonButton::mousePressEvent(QMouseEvent* event) {

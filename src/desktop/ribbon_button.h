@@ -24,6 +24,7 @@ class RibbonButton : public QAbstractButton {
   // Captions that the button may show: it is as wide as the widest.
   void SetCaptions(const QStringList& captions);
   void SetSplit(bool split) { split_ = split; }
+  void SetSkinPicture(bool picture) { picture_ = picture; }  // a window button of the skin, not only a mark
   void SetGlyph(Glyph glyph) { glyph_ = glyph; update(); }
   void SetIconName(const QString& name);
   // What the button shows now. False: nothing changed.
@@ -57,6 +58,7 @@ class RibbonButton : public QAbstractButton {
   void PaintTab(RibbonPainter& paint, QPainter& painter);
   void PaintMenu(RibbonPainter& paint, QPainter& painter);
   void PaintWindow(RibbonPainter& paint, QPainter& painter);
+  std::string WindowPicture() const;
   void PaintIcon(QPainter& painter, const QRectF& area);
 
   const Look& look_;
@@ -64,7 +66,7 @@ class RibbonButton : public QAbstractButton {
   Glyph glyph_ = Glyph::kDrop;
   QString caption_, icon_name_;
   QStringList captions_;
-  bool split_ = false, tight_ = false, over_drop_ = false;
+  bool split_ = false, picture_ = false, tight_ = false, over_drop_ = false;
 };
 
 }  // namespace ostrinka

@@ -35,7 +35,47 @@ RibbonPainter::RibbonPainter(QPainter& painter, const Look& look) : painter_(pai
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
 }
 
-void RibbonPainter::ToolGround(const QRectF& area, const ToolState& state) {
+bool RibbonPainter::Part(const QRectF& area, std::string_view image) {
+  const QPixmap picture = look_.Image(image);
+  if (picture.isNull()) return false;
+  painter_.drawPixmap(area, picture, picture.rect());
+  return true;
+}
+
+bool RibbonPainter::Three(const QRectF& area, std::string_view element) { return look_.DrawThree(painter_, area, element); }
+
+bool RibbonPainter::Nine(const QRectF& area, const std::string& element, double top, double bottom) {
+  const double inner = area.height() - top - bottom;
+  return inner >= 0 && Three({area.left(), area.top(), area.width(), top}, element) &&
+         Three({area.left(), area.top() + top, area.width(), inner}, element + ".e1") &&
+         Three({area.left(), area.bottom() - bottom, area.width(), bottom}, element + ".e2");
+}
+
+void RibbonPainter::SplitGround(const QRectF& area, const ToolState& state, bool over) {
+  if (!state.enabled || !(state.hover || state.pressed)) return;
+  if (over) {
+    const char* name = state.pressed ? "btn.grp.press" : "btn.grp.over";
+    const std::string element = name;
+    const QPixmap left = look_.Image(element + ".04.bmp");
+    const double cap = left.isNull() ? 0 : left.deviceIndependentSize().width();
+    Part({area.left(), area.top(), cap, area.height()}, element + ".04.bmp");
+    Part({area.left() + cap, area.top(), area.width() - 2 * cap, area.height()}, element + ".05.bmp");
+    Part({area.right() - cap, area.top(), cap, area.height()}, element + ".06.bmp");
+  }
+  if (!Part({area.left() + 1, area.top(), area.width() - 2, 1}, "btn.grp.over.07.bmp")) {
+    Hairline({area.left() + 1, area.top()}, {area.right() - 1, area.top()}, colours_.edge);
+  }
+}
+
+void RibbonPainter::ToolGround(const QRectF& area, const ToolState& state, bool large) {
+  const char* name = nullptr;
+  if (state.checked) name = "check";
+  if (state.enabled && state.hover && !state.checked) name = "over";
+  if (state.enabled && state.pressed) name = "press";
+  if (name && Three(area, std::string(large ? "btn.grp." : "button.small.") + name)) {
+    if (state.focused) FocusRing(area);
+    return;
+  }
   const QRectF inner = area.adjusted(0.5, 0.5, -0.5, -0.5);
   const bool alive = state.enabled && (state.hover || state.pressed);
   if (alive || state.checked) {

@@ -26,11 +26,19 @@ class RibbonPainter {
  public:
   RibbonPainter(QPainter& painter, const Look& look);
 
+  // A picture of the skin stretched to `area`; three of them side by side; three rows of three of which the first and the last keep their
+  // height. False when the skin lacks them: nothing is drawn.
+  bool Part(const QRectF& area, std::string_view image);
+  bool Three(const QRectF& area, std::string_view element);
+  bool Nine(const QRectF& area, const std::string& element, double top, double bottom);
+
   struct ToolState {
     bool enabled = true, hover = false, pressed = false, checked = false, focused = false;
   };
-  // Ground of a tool in its state; nothing for a tool at rest.
-  void ToolGround(const QRectF& area, const ToolState& state);
+  // Ground of a tool in its state; nothing for a tool at rest. `large` is one with its icon above its caption.
+  void ToolGround(const QRectF& area, const ToolState& state, bool large = false);
+  // The lower part of a large split button, `area`, under the pointer, and the line above it.
+  void SplitGround(const QRectF& area, const ToolState& state, bool over);
   // The colour of a tool's text in its state.
   QColor ToolText(const ToolState& state) const;
   void FocusRing(const QRectF& area);

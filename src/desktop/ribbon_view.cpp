@@ -26,13 +26,16 @@ class BarWidget : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     RibbonPainter paint(painter, look_);
+    const bool drawn = paint.Nine(rect(), underMouse() ? "group.over" : "group.std", 6, kBarCaption);
     QFont font = look_.WindowFont();
     font.setPointSizeF(font.pointSizeF() * 0.93);
     painter.setFont(font);
     painter.setPen(look_.Colour(SkinColour::kToolbarText));
-    painter.drawText(QRectF(0, height() - kBarCaption - 3, width() - 1, kBarCaption), Qt::AlignCenter | Qt::TextDontClip, caption_);
-    paint.Hairline({width() - 1.0, 6}, {width() - 1.0, height() - 8.0}, paint.colours().panel_edge);
+    painter.drawText(QRectF(0, height() - kBarCaption, width() - 1, kBarCaption - 1), Qt::AlignCenter | Qt::TextDontClip, caption_);
+    if (!drawn) paint.Hairline({width() - 1.0, 6}, {width() - 1.0, height() - 8.0}, paint.colours().panel_edge);
   }
+  void enterEvent(QEnterEvent*) override { update(); }
+  void leaveEvent(QEvent*) override { update(); }
 
  private:
   const Look& look_;
@@ -207,6 +210,7 @@ void RibbonView::AddSearch(const RibbonRow& find, QHBoxLayout& layout, QWidget* 
       RibbonButton* letter = MakeButton(*item, RibbonButton::Shape::kSmall, holder);
       letter->setToolTip(TipOf(row));
       letters->addWidget(letter);
+      if (letters->count() == 1) alphabets_.emplace_back(&row, letter);
     }
     rows->addLayout(letters);
   }
@@ -256,10 +260,19 @@ QString RibbonView::TipOf(const RibbonRow& row) const {
   return tip;
 }
 
+// A tip is put together from the catalogue once, and again when the model has another.
+void RibbonView::ShowTip(const Tool& tool) {
+  const std::string told = window_.ribbon.ButtonToolTip(tool.row->key);
+  const auto shown = told_tips_.constFind(tool.button);
+  if (shown != told_tips_.constEnd() && *shown == told) return;
+  told_tips_[tool.button] = told;
+  tool.button->setToolTip(TipOf(*tool.row));
+}
+
 void RibbonView::Refresh() {
   for (const Tool& tab : tabs_) {
     tab.button->Show(CaptionOf(*tab.row), true, window_.ribbon.TabID() == tab.row->key, true);
-    tab.button->setToolTip(TipOf(*tab.row));
+    ShowTip(tab);
   }
   for (const Tool& tool : tools_) {
     const std::string_view key = tool.row->key;
@@ -272,7 +285,7 @@ void RibbonView::Refresh() {
     }
     tool.button->Show(CaptionOf(*tool.row), Usable(key), ticked, window_.ribbon.ToolbarVisible(key));
     tool.button->SetIconName(tool.row->kind == RibbonKind::kFind ? QString() : ToQt(window_.ribbon.GetButtonIcon(key)));
-    if (tool.row->kind != RibbonKind::kItem) tool.button->setToolTip(TipOf(*tool.row));
+    if (tool.row->kind != RibbonKind::kItem) ShowTip(tool);
   }
   for (const auto& [key, bar] : bars_) bar->setVisible(window_.ribbon.ToolbarVisible(key));
   if (QWidget* panel = panel_of_.value(ToQt(window_.ribbon.TabID())); panel && panel != panels_->currentWidget()) {
@@ -409,6 +422,13 @@ std::vector<KeyTip> RibbonView::KeyTips() const {
       if (tool.row->kind == RibbonKind::kCombo) tips.back().run = tool.button->drop;
     }
   }
+  for (const auto& [row, first] : alphabets_) {
+    RibbonButton* button = first;
+    const QString letters = LetterOf(*row).toUpper();
+    if (button->isVisible() && taken.insert(letters).second) {
+      tips.push_back({letters, button, [button] { button->setFocus(Qt::ShortcutFocusReason); }, {}});
+    }
+  }
   return tips;
 }
 
@@ -427,7 +447,13 @@ void RibbonView::paintEvent(QPaintEvent*) {
   RibbonPainter paint(painter, look_);
   const FrameColours& colours = paint.colours();
   painter.fillRect(QRect(0, 0, width(), kTabRow), colours.strip);
+  paint.Nine(QRectF(0, 0, width(), kTabRow), "tab.empty", 8, 8);
   painter.fillRect(QRect(0, kTabRow, width(), height() - kTabRow), colours.panel);
+  // The rest of the ribbon takes the middle columns of a toolbar.
+  const double below = kTabRow + kPanel - kBarCaption;
+  paint.Part(QRectF(0, kTabRow, width(), 6), "group.std.02.bmp");
+  paint.Part(QRectF(0, kTabRow + 6, width(), below - kTabRow - 6), "group.std.e1.02.bmp");
+  paint.Part(QRectF(0, below, width(), kBarCaption), "group.std.e2.02.bmp");
   paint.Hairline({0, height() - 1.0}, {static_cast<double>(width()), height() - 1.0}, colours.panel_edge);
 }
 

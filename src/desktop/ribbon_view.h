@@ -64,6 +64,7 @@ class RibbonView : public QWidget {
   QString LetterOf(const RibbonRow& row) const;
   std::vector<PopupEntry> ListOf(std::string_view parent) const;
   void Popup(PopupView& menu, const QPoint& at, RibbonButton* owner);
+  void ShowTip(const Tool& tool);
   void Run(const Tool& tool);
 
   Program& program_;
@@ -76,7 +77,9 @@ class RibbonView : public QWidget {
   std::vector<Tool> tools_, tabs_;
   std::vector<std::pair<std::string, QWidget*>> bars_;        // toolbars by key
   std::vector<std::pair<std::string, QLineEdit*>> searches_;  // find fields by tab
+  std::vector<std::pair<const RibbonRow*, RibbonButton*>> alphabets_;  // each with its first letter
   QHash<QString, QWidget*> panel_of_;
+  QHash<const RibbonButton*, std::string> told_tips_;
   PopupView main_menu_, tab_menu_, list_;
 };
 

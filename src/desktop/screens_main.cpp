@@ -2,6 +2,7 @@
 //
 // ostrinka-screens OUTDIR [APPDIR]; APPDIR is the program folder, by default the one beside the executable.
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -96,6 +97,7 @@ class Screens {
   void SalesScreens();
   void Save(QWidget& window, const std::string& name);
   void Shot(Form& form, const std::string& name);
+  void Opened(Form& form, const Control& control, const std::string& name);
 
   QString folder_;
   PlayedUi ui_;
@@ -194,6 +196,7 @@ void Screens::Save(QWidget& window, const std::string& name) {
 void Screens::Shot(Form& form, const std::string& name) {
   FormWindow window(program_, *look_, form, nullptr);
   form.Open();
+  window.show();
   if (QWidget* field = form.focus() ? window.WidgetOf(*form.focus()) : nullptr) field->setFocus(Qt::TabFocusReason);
   int number = 0;
   const std::string first = form.page();
@@ -203,6 +206,21 @@ void Screens::Shot(Form& form, const std::string& name) {
     ++number;
   }
   form.ShowPage(first);
+}
+
+// The list or month that a field opens.
+void Screens::Opened(Form& form, const Control& control, const std::string& name) {
+  FormWindow window(program_, *look_, form, nullptr);
+  window.show();
+  if (auto* field = qobject_cast<QComboBox*>(window.WidgetOf(control))) field->showPopup();
+  QApplication::processEvents();
+  if (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->grab().save(folder_ + "/" + ToQt(name) + ".png")) ++failures_;
+    popup->close();
+  } else {
+    std::fprintf(stderr, "%s did not open\n", name.c_str());
+    ++failures_;
+  }
 }
 
 void Screens::SalesScreens() {
@@ -220,7 +238,10 @@ void Screens::SalesScreens() {
     form.btnAdd.UserPress();
   }
   ui_.play = nullptr;
+  form.SetFocus(form.txtKontrahent);
   Shot(form, "sales-editor");
+  Opened(form, form.txtTypDok, "list-open");
+  Opened(form, form.txtTerminZapłaty, "calendar-open");
   frm_Dok_add_TU line(program_);
   line.reload_();
   Shot(line, "line-dialog");

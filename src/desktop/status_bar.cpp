@@ -106,6 +106,7 @@ void StatusBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   RibbonPainter paint(painter, look_);
   painter.fillRect(rect(), paint.colours().strip);
+  paint.Part(rect(), isActiveWindow() ? "statusbar.std.02.bmp" : "statusbar.dis.02.bmp");
   paint.Hairline({0, 0}, {static_cast<double>(width()), 0}, paint.colours().title_edge);
   painter.setFont(look_.WindowFont());
   const QFontMetrics metrics(look_.WindowFont());

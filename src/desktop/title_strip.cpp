@@ -31,12 +31,14 @@ QRectF TitleStrip::CloseArea() const {
 void TitleStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const DialogColours& c = DialogStyle::Install(look_).colours();
+  const DialogColours& c = DialogStyle::Of(look_).colours();
   QLinearGradient ground(0, 0, 0, height());
   ground.setColorAt(0, c.strip_top);
   ground.setColorAt(1, c.strip_bottom);
   painter.fillRect(rect(), ground);
   const bool active = window()->isActiveWindow();
+  const QPixmap caption = look_.Image(active ? "title.std.04.bmp" : "title.dis.04.bmp");
+  if (!caption.isNull()) painter.drawPixmap(QRectF(rect()), caption, caption.rect());
   painter.setFont(look_.BoldFont());
   painter.setPen(active ? c.strip_text : c.strip_text_off);
   const QRectF text(kPadding, 0, width() - kPadding - kCloseWidth - 4, height());
@@ -85,7 +87,7 @@ bool TitleStrip::eventFilter(QObject*, QEvent* event) {
 void PaneFrame::paintEvent(QPaintEvent*) {
   if (!pane_) return;
   QPainter painter(this);
-  const DialogStyle& style = DialogStyle::Install(look_);
+  const DialogStyle& style = DialogStyle::Of(look_);
   style.PaintCard(painter, pane_->geometry(), style.colours().pane);
 }
 

@@ -20,6 +20,7 @@ WindowStrip::WindowStrip(const Look& look, QWidget* window) : QWidget(window), l
   const auto button = [&](Glyph glyph, const char* name) {
     auto* made = new RibbonButton(look_, RibbonButton::Shape::kWindow, this);
     made->SetGlyph(glyph);
+    made->SetSkinPicture(true);
     made->setAccessibleName(look_.Text(name));
     made->setToolTip(look_.Text(name));
     line->addWidget(made);
@@ -57,6 +58,7 @@ void WindowStrip::paintEvent(QPaintEvent*) {
   RibbonPainter paint(painter, look_);
   painter.fillRect(rect(), paint.colours().title);
   const bool active = window()->isActiveWindow();
+  paint.Part(rect(), active ? "title.std.04.bmp" : "title.dis.04.bmp");
   const QString title = look_.Text("common.title");
   painter.fillRect(QRect(kMarginLeft, height() / 2 - 7, 4, 14), look_.Accent());
   int x = kMarginLeft + kMarkRoom;

@@ -188,8 +188,8 @@ std::vector<ConditionTerm> ParseCondition(std::string_view condition) {
   return terms;
 }
 
-Condition::Condition(const std::vector<ConditionTerm>& terms, const FieldLayout& layout, LinkReader links)
-    : layout_(layout), links_(std::move(links)) {
+Condition::Condition(const std::vector<ConditionTerm>& terms, const FieldLayout& layout, LinkReader links, LinkScanner all_links)
+    : layout_(layout), links_(std::move(links)), all_links_(std::move(all_links)) {
   for (const ConditionTerm& term : terms) {
     // An operator or joiner that is none leaves the result as it is.
     if (term.operation != Operator::kUnknown && term.joiner != Joiner::kNone) terms_.push_back(Bind(term));
@@ -200,7 +200,7 @@ Condition::Term Condition::Bind(const ConditionTerm& from) {
   const bool raw = !from.field.empty() && from.field[0] == '.', linked = !from.field.empty() && from.field[0] == '@';
   const std::string name = FromCp1250(raw || linked ? from.field.substr(1) : from.field);
   Term term{from.joiner, from.operation, Kind::kGeneral, nullptr, layout_.Resolve(FieldId(name)), 0, 0, LowerBytes(from.value), {}, false,
-            {}};
+            {}, 0, false};
   const int32_t type = term.number == 0 ? 0 : layout_.field(term.number).type;
   term.value = Converted(type, FromCp1250(from.value));
   if (term.number == 0 || (linked && type != kLink)) {
@@ -283,10 +283,23 @@ bool Condition::HoldsForText(const Term& term, std::string_view bytes) {
 bool Condition::HoldsForLink(Term& term, int32_t target) {
   const size_t slot = target < 1 ? 0 : static_cast<size_t>(target);
   if (slot >= kMostCachedTargets) return HoldsForText(term, ToCp1250(ToText(links_(term.number, target))));
-  if (slot >= term.seen.size()) term.seen.resize(std::max(slot + 1, term.seen.size() * 2));
-  uint8_t& seen = term.seen[slot];
+  if (Seen(term, slot) == 0) ScanLinks(term);
+  uint8_t& seen = Seen(term, slot);
   if (seen == 0) seen = HoldsForText(term, ToCp1250(ToText(links_(term.number, target)))) ? 2 : 1;
   return seen == 2;
+}
+
+uint8_t& Condition::Seen(Term& term, size_t target) {
+  if (target >= term.seen.size()) term.seen.resize(std::max(target + 1, term.seen.size() * 2));
+  return term.seen[target];
+}
+
+void Condition::ScanLinks(Term& term) {
+  if (!all_links_ || term.scanned) return;
+  term.scanned = all_links_(term.number, term.reads++, [&](int32_t target, std::string_view text) {
+    const size_t slot = static_cast<size_t>(target);
+    if (slot < kMostCachedTargets) Seen(term, slot) = HoldsForText(term, text) ? 2 : 1;
+  });
 }
 
 }  // namespace ostrinka

@@ -136,6 +136,7 @@ struct ClassQDBASE::State {
   std::vector<int32_t> Scan(const std::string& condition, bool ascending, int32_t first, int32_t last, Ordering* ordering);
   std::vector<int32_t> OrderKept(Ordering& ordering, bool descending);
   LinkReader Links();
+  LinkScanner AllLinks();
 
   // --- structure (structure.cpp)
   // Parts of the old record, offset and length, that make the new one.

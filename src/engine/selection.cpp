@@ -6,9 +6,14 @@
 #include "engine/condition.h"
 #include "engine/ordering.h"
 #include "engine/qdbase_state.h"
+#include "engine/record_codec.h"
+#include "engine/text_key.h"
 
 namespace ostrinka {
 namespace {
+
+// A pass over a table reads a record of it several times faster than a single read does, so it pays once that share of them was read singly.
+constexpr int32_t kLeastReads = 64, kShareOfReads = 8;
 
 // Sets a flag for as long as it lives.
 class Quiet {
@@ -42,7 +47,7 @@ std::vector<int32_t> ClassQDBASE::State::Scan(const std::string& condition, bool
                                               Ordering* ordering) {
   std::vector<int32_t> found;
   const bool all = condition.empty() || condition == "*";
-  Condition filter(all ? std::vector<ConditionTerm>() : ParseCondition(condition), layout, Links());
+  Condition filter(all ? std::vector<ConditionTerm>() : ParseCondition(condition), layout, Links(), AllLinks());
   BlockReader reader(file, layout.record_length(), first, last, ascending);
   const int64_t range = std::max<int64_t>(int64_t{last} - first + 1, 1);
   constexpr int64_t kProgressStep = 4096;
@@ -71,6 +76,25 @@ std::vector<int32_t> ClassQDBASE::State::OrderKept(Ordering& ordering, bool desc
 
 LinkReader ClassQDBASE::State::Links() {
   return [this](int n, int32_t target) { return LinkValue(n, target); };
+}
+
+LinkScanner ClassQDBASE::State::AllLinks() {
+  return [this](int n, int32_t reads, const std::function<void(int32_t, std::string_view)>& tell) {
+    if (static_cast<size_t>(n) > links.size() || !links[static_cast<size_t>(n - 1)].table) return false;
+    const LinkedTable& link = links[static_cast<size_t>(n - 1)];
+    State& there = *link.table->state_;
+    if (reads < std::max(kLeastReads, there.count / kShareOfReads)) return false;
+    if (!there.layout.Has(link.field) || there.layout.field(link.field).type != kText) return false;
+    BlockReader reader(there.file, there.layout.record_length(), 1, there.CountRecords(), true);
+    std::string text;
+    int32_t target = 0;
+    while (const char* record = reader.Next(target)) {
+      text.clear();
+      AppendTextBytes(there.layout.field(link.field), record, text);
+      tell(target, ShownBytes(text));
+    }
+    return true;
+  };
 }
 
 int32_t ClassQDBASE::SELECTION(std::string_view fields, std::string_view condition, std::string_view order_field, int order, int32_t first,

@@ -92,7 +92,7 @@ void frm_Kontrahenci_::LayOut() {
       .Row({{"customer.lbl.email", txtEMail, 9}, {"", btnMAILgo, 3}})
       .Row({{"customer.lbl.www", txtWWW, 9}, {"", btnWWWgo, 3}})
       .Row({{"customer.lbl.notes", txtUwagi, 12, kStretch}})
-      .Files(memoCONTROL_, memoAdd_, memoDel_, memoExec_);
+      .Files(memoCONTROL_, memoAdd_, memoDel_, memoExec_, "customer.lbl.files");
 }
 
 void frm_Kontrahenci_::Connect() {

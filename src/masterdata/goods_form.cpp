@@ -95,12 +95,11 @@ void frm_TowUslugi_::LayOut() {
               {"product.lbl.retail", "product.lbl.wholesale", "product.lbl.special"})
       .Row({{"product.lbl.desc", txtOpis, 12, kStretch}});
   Page("OTH", "product.tab.oth")
-      .Row({{"", txtSubscriptionON, 12}})
-      .Row({{"", subs_label_, 4}, {"", txtSubsTDay_, 2, kRight}, {"", sdays_label_, 2}})
-      .Row({{"", txtSubsEndAlert, 6}, {"", txtSubsEndAlertDays, 4}})
+      .Row({{"", txtSubscriptionON, 5}, {"", subs_label_, 3, kRight}, {"", txtSubsTDay_, 2, kRight}, {"", sdays_label_, 2}})
+      .Row({{"", txtSubsEndAlert, 8}, {"", txtSubsEndAlertDays, 4}})
       .Row({{"product.lbl.www", txtWWW, 9}, {"", btnWWWgo, 3}})
       .Row({{"product.lbl.notes", txtUwagi, 12, kStretch}})
-      .Files(memoCONTROL_, memoAdd_, memoDel_, memoExec_);
+      .Files(memoCONTROL_, memoAdd_, memoDel_, memoExec_, "product.lbl.files");
 }
 
 void frm_TowUslugi_::Connect() {

@@ -62,6 +62,7 @@ void RecordEditor::Ready() {
 
 bool RecordEditor::UserKey(int code, bool ctrl) {
   if (code != kEnterKey || !ctrl) return false;
+  if (focus()) focus()->UserLeave();
   btnSave.UserPress();
   return true;
 }

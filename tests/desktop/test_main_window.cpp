@@ -1,10 +1,13 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
 #include <QMenu>
 
+#include "company/ost_engine.h"
+#include "company/tables.h"
 #include "desktop/main_window_view.h"
-#include "qt_environment.h"
-#include "script/script_platform.h"
+#include "desktop/person.h"
 #include "startup/startup.h"
-#include "support/script_session.h"
 #include "support/test_platform.h"
 
 namespace ostrinka {
@@ -12,40 +15,59 @@ namespace {
 
 constexpr int kCustomers = 60;
 
-// The main window on a company with two invoices and some customers, before a person who answers as `ui` is told.
+// A company with some customers, an article and two sales documents, in a folder of its own.
+struct Company {
+  Company() {
+    for (const char* name : {"program.lang", "printdoc.lang"}) {
+      std::filesystem::copy_file(std::string(OSTRINKA_SOURCE "/resources/") + name, surroundings.folder / (std::string("app/") + name));
+    }
+    Program program(surroundings.platform);
+    surroundings.files.MakeFolder(surroundings.folder / "app/data");
+    bool ok = false;
+    OSTEngine(program).create_(surroundings.folder / "app/data/", "kreda", "kreda", true, ok);
+    EXPECT_TRUE(ok);
+    for (const char* key : {"username", "password"}) program.settings.SaveSettingValue(kCommon, "dbLogin", key, std::string("kreda"));
+    program.settings.SaveSettingValue(kCommon, "system", "fRun", false);
+    OSTEngine(program).open_(true, ok);
+    EXPECT_TRUE(ok);
+    for (int i = 1; i <= kCustomers; ++i) Add(program, kKontrahenci, "NAZWA", "Odbiorca " + std::to_string(100 + i));
+    Add(program, kTowaryUslugi, "NAZWA", std::string("Krzesło"));
+    for (int i = 1; i <= 2; ++i) Add(program, kDokSprzed, "NR_DOK", i);
+    OSTEngine(program).close_(false);
+  }
+  static void Add(Program& program, int number, const char* field, const Value& value) {
+    ClassQDBASE& table = Table(program, number);
+    EXPECT_TRUE(table.RECORD_ADD());
+    EXPECT_TRUE(table.RECORD_LOAD(table.RECORD_COUNT()));
+    EXPECT_TRUE(table.FIELD(field, value));
+    EXPECT_TRUE(table.RECORD_SAVE(table.RECORD_COUNT()));
+  }
+  TestPlatform surroundings;
+};
+
+// The main window on that company, before a person who answers as `ui` is told.
 class MainWindowTest : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    QtEnvironment::Ensure();
-    company_ = new ScriptSession();
-    std::string steps = std::string(kNewCompany) + kCustomer + kArticle + kInvoice + kInvoice;
-    for (int i = 2; i <= kCustomers; ++i) {
-      steps += "command KONTRAHENT.DODAJ\nset txtNazwa \"Odbiorca " + std::to_string(100 + i) + "\"\npress customer.btn.ok\n";
-    }
-    ASSERT_EQ(company_->Run(steps), 0) << company_->error;
-  }
+  static void SetUpTestSuite() { company_ = new Company(); }
   static void TearDownTestSuite() { delete company_; }
 
-  void SetUp() override {
-    surroundings = std::make_unique<ScriptPlatform>(company_->folder / "app/", ui, Date::Parse("2008-03-05"), 7);
-    program = std::make_unique<Program>(surroundings->platform);
-    look = std::make_unique<Look>(*program);
-    startup = std::make_unique<Startup>(*program);
-    startup->Start("");
-    window = startup->window();
-    ASSERT_TRUE(program->database_open);
-    view = std::make_unique<MainWindowView>(*program, *window, *look);
+  MainWindowTest() : ui(company_->surroundings.ui), program(company_->surroundings.platform), look(program), startup(program) {
+    ui.on_modal = nullptr;
+    ui.ended = false;
+    startup.Start("");
+    window = startup.window();
+    view = std::make_unique<MainWindowView>(program, *window, look);
     window->ribbon.Repaint = [this] { view->Refresh(); };
     view->setGeometry(0, 0, 1100, 640);
     view->show();
-    view->Refresh();
     view->activateWindow();
     view->list().setFocus();
     Turn();
   }
-  void TearDown() override {
+  ~MainWindowTest() override {
+    window->ribbon.Repaint = nullptr;
     view.reset();
-    startup->Stop();
+    startup.Stop();
   }
   // Lets the window paint, which is what fills the engine's list of cells.
   void Turn() {
@@ -61,16 +83,15 @@ class MainWindowTest : public ::testing::Test {
   void TapAlt() { Key(Qt::Key_Alt); }
   std::string Tab() const { return window->ribbon.TabID(); }
 
-  TestUserInterface ui;
-  std::unique_ptr<ScriptPlatform> surroundings;
-  std::unique_ptr<Program> program;
-  std::unique_ptr<Look> look;
-  std::unique_ptr<Startup> startup;
+  TestUserInterface& ui;
+  Program program;
+  Look look;
+  Startup startup;
   MainWindow* window = nullptr;
   std::unique_ptr<MainWindowView> view;
-  static ScriptSession* company_;
+  static Company* company_;
 };
-ScriptSession* MainWindowTest::company_ = nullptr;
+Company* MainWindowTest::company_ = nullptr;
 
 TEST_F(MainWindowTest, AChoiceOfASplitButtonBecomesItsCaptionAndRuns) {
   view->ribbon().OpenList("SPRZEDAŻ.OKRES.OSTATNI");
@@ -229,7 +250,7 @@ TEST_F(MainWindowTest, AHeadSortsByAClickAndItsBorderWidensTheColumn) {
   const auto first = [&] { return table.CellText(1, cell.field, window->Look()); };
   ClickAt(view->list(), {cell.left + 30, 6});
   Turn();
-  EXPECT_EQ(first(), "Jan Kowalski");
+  EXPECT_EQ(first(), "Odbiorca 101");
   ClickAt(view->list(), {cell.left + 30, 6});
   Turn();
   EXPECT_EQ(first(), "Odbiorca " + std::to_string(100 + kCustomers));
@@ -263,7 +284,7 @@ TEST_F(MainWindowTest, AToolWhoseFunctionIsNotPartOfThisVersionIsDisabledAndSays
     const RibbonButton* button = view->ribbon().Button(command.key);
     if (!button) continue;
     EXPECT_EQ(button->isEnabled(), MainWindow::IsBuilt(command)) << command.key;
-    EXPECT_EQ(button->toolTip() == look->Text("common.notbuilt"), !MainWindow::IsBuilt(command)) << command.key;
+    EXPECT_EQ(button->toolTip() == look.Text("common.notbuilt"), !MainWindow::IsBuilt(command)) << command.key;
     EXPECT_FALSE(button->accessibleName().isEmpty()) << command.key;
     ++checked;
   }
@@ -286,9 +307,9 @@ TEST_F(MainWindowTest, ClosingTheWindowStoresItsPlaceAndEndsTheProgram) {
   view->setGeometry(33, 44, 1150, 700);
   view->close();
   EXPECT_TRUE(ui.ended);
-  EXPECT_FALSE(program->database_open);
-  EXPECT_EQ(program->settings.Integer(kOstrinka, "Windows\\MDI", "Width", 0), 1150);
-  EXPECT_EQ(program->settings.Integer(kOstrinka, "Windows\\MDI", "Left", 0), 33);
+  EXPECT_FALSE(program.database_open);
+  EXPECT_EQ(program.settings.Integer(kOstrinka, "Windows\\MDI", "Width", 0), 1150);
+  EXPECT_EQ(program.settings.Integer(kOstrinka, "Windows\\MDI", "Left", 0), 33);
 }
 
 }  // namespace

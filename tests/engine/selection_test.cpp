@@ -105,6 +105,26 @@ TEST_F(TableTest, AConditionOnALinkComparesThroughItsTarget) {
   EXPECT_THAT(Texts(*table, "GRUPA"), ElementsAre("99", "4", "3", "2", "1", "1", "0"));
 }
 
+TEST_F(TableTest, ALongScanFindsThroughALinkWhatSingleReadsFind) {
+  constexpr int kTargets = 300, kRecords = 700;
+  auto groups = Create(surroundings.folder / "grupy.ovd");
+  groups->FIELD_ADD("OPIS", kText, 20, "", "");
+  for (int i = 1; i <= kTargets; ++i) groups->RECORD_ADD({std::string(i % 7 == 0 ? "  Kowalska " : i % 7 == 1 ? " 12 " : i % 7 == 2 ? "" : "Żak")});
+  groups->RECORD_DELETE(7);  // a link shows a deleted record all the same
+  auto table = Create(path);
+  table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS");
+  for (int i = 0; i < kRecords; ++i) table->RECORD_ADD({i % (kTargets + 5)});  // some lead behind the last target
+  for (const char* condition : {"GRUPA # \"KOW\"", "GRUPA = kowalska", "GRUPA = \"\"", "GRUPA # 12", "GRUPA ~# żak", "GRUPA > l"}) {
+    std::vector<int32_t> singly;  // a record at a time reads its target alone
+    for (int32_t n = 1; n <= kRecords; ++n) {
+      if (table->SELECTION("*", condition, "", ordAsc, n, n) == 1) singly.push_back(n);
+    }
+    EXPECT_FALSE(singly.empty()) << condition;
+    table->SELECTION("*", condition, "", ordAsc);
+    EXPECT_EQ(table->selection(), singly) << condition;
+  }
+}
+
 TEST_F(TableTest, OrdersFoldTextsAndLeaveTheRestToTheirSize) {
   auto table = FilledGoods();
   AddGoods(*table, "ćma", "-5", -7, "1999-12-31");

@@ -101,7 +101,7 @@ void frm_Dok_add_TU::LayOut() {
             {"adps.lbl.net", txtCenaNetto, 3, kRight},
             {"adps.lbl.gross", txtCenaBrutto, 3, kRight}})
       .When(tuType, kFreeText)
-      .Row({{"adps.lbl.name", nt_TowarUsługa, 12}})
+      .Row({{"adps.lbl.name", nt_TowarUsługa, 12, kTall}})
       .Row({{"adps.lbl.pkwiu", nt_PKWiU, 4}, {"adps.lbl.unit", nt_Jednostka, 4}, {"adps.lbl.vat", nt_VAT, 4}})
       .Row({{"adps.lbl.count", nt_Ilość, 4, kRight}, {"adps.lbl.net", nt_CenaNETTO, 4, kRight}, {"adps.lbl.gross", nt_CenaBRUTTO, 4, kRight}})
       .Row({{"", label_home_currency, 12, kCollapse}})

@@ -102,20 +102,20 @@ void frm_Dok_sprzed::LayOut() {
 
   Page("STD", "sdoc.tab.std")
       .Side({GroupLayout("sdoc.grp.doc", 6)
-                 .Row({{"sdoc.lbl.type", txtTypDok, 5}, {"sdoc.lbl.nr", txtDokNumer, 4}, {"", chkAN, 3}})
-                 .Row({{"sdoc.lbl.ref", txtNrDokKorVAT, 12, kCollapse}})
-                 .Row({{"sdoc.lbl.mdate", txtDataWyst, 6}, {"sdoc.lbl.sdate", txtDataSprzed, 6}})
-                 .Row({{"", chkDateTo, 6}, {"", txtDataSprzedDo, 6}}),
+                 .Row({{"sdoc.lbl.type", txtTypDok, 7}, {"sdoc.lbl.nr", txtDokNumer, 5}})
+                 .Row({{"sdoc.lbl.ref", txtNrDokKorVAT, 12, kCollapse | kInline}})
+                 .Row({{"", chkDateTo, 7}, {"", chkAN, 5}})
+                 .Row({{"sdoc.lbl.mdate", txtDataWyst, 4}, {"sdoc.lbl.sdate", txtDataSprzed, 4}, {"sdoc.chk.dateto", txtDataSprzedDo, 4}}),
              GroupLayout("sdoc.grp.cust", 6)
                  .Row({{"sdoc.lbl.cust", txtKontrahent, 8}, {"", btnFind, 2}, {"", btnAdd_Kontrahent, 2}})
                  .Row({{"", chkPłatnik, 12}})
                  .Row({{"sdoc.lbl.payer", txtPłatnik, 8}, {"", btnFind_Płatnik, 2}, {"", btnAdd_Płatnik, 2}})})
       .Row({{"sdoc.lbl.payform", txtFormaPłatności, 3},
             {"sdoc.lbl.due", txtTerminZapłaty, 2},
-            {"sdoc.lbl.status", txtStatus, 2},
-            {"sdoc.lbl.paydate", txtDataZapłaty, 2},
             {"sdoc.lbl.curr", txtWaluta, 2},
-            {"sdoc.lbl.rate", txtKurs, 1, kRight}})
+            {"sdoc.lbl.rate", txtKurs, 1, kRight},
+            {"sdoc.lbl.status", txtStatus, 2},
+            {"sdoc.lbl.paydate", txtDataZapłaty, 2}})
       .Table(SQL_Pic, kStretch)
       .Row({{"", btnAdd, 2},
             {"", btnEdit, 2},
@@ -128,12 +128,15 @@ void frm_Dok_sprzed::LayOut() {
 void frm_Dok_sprzed::LayOutMore() {
   Page("OTH", "sdoc.tab.oth")
       .Row({{"sdoc.lbl.issuer", txtWystawił, 6}, {"sdoc.lbl.receiver", txtOdebrał, 6}})
-      .Row({{"sdoc.lbl.notices", txtUwagi, 12}})
-      .Row({{"sdoc.lbl.adr", txtAdrType, 4}, {"sdoc.lbl.adroth", txtAdrOth, 8}})
+      .Row({{"sdoc.lbl.notices", txtUwagi, 12, kStretch}})
+      .Row({{"sdoc.lbl.adr", txtAdrType, 4}, {"sdoc.lbl.adroth", txtAdrOth, 8, kTall}})
       .Side({GroupLayout("sdoc.grp.abn", 12)
-                 .Row({{"", txtAbonamentKoniec, 12}})
-                 .Row({{"", label_abn_remind, 3}, {"", txtAbonamentData, 3}, {"", label_abn_remdays, 3}, {"", txtAbonamentDni, 3}})})
-      .Files(memoCONTROL, memoAdd, memoDel, memoExec);
+                 .Row({{"", txtAbonamentKoniec, 3},
+                       {"", label_abn_remind, 2, kRight},
+                       {"", txtAbonamentData, 2},
+                       {"", label_abn_remdays, 2, kRight},
+                       {"", txtAbonamentDni, 3}})})
+      .Files(memoCONTROL, memoAdd, memoDel, memoExec, "sdoc.lbl.files");
 }
 
 void frm_Dok_sprzed::Connect() {

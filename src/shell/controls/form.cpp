@@ -38,8 +38,10 @@ GroupLayout& GroupLayout::Table(TableControl& table, unsigned flags) {
   return *this;
 }
 
-GroupLayout& GroupLayout::Files(MemoControl& list, ButtonControl& add, ButtonControl& remove, ButtonControl& open) {
+GroupLayout& GroupLayout::Files(MemoControl& list, ButtonControl& add, ButtonControl& remove, ButtonControl& open,
+                                std::string caption_key) {
   LayoutItem& item = Add(LayoutItem::Kind::kFiles);
+  item.text_key = std::move(caption_key);
   item.cells = {Cell("", list), Cell(add.caption_key, add), Cell(remove.caption_key, remove), Cell(open.caption_key, open)};
   return *this;
 }

@@ -49,7 +49,7 @@ struct LayoutItem {
   std::vector<std::vector<Control*>> columns;    // kMatrix: control arrays, one a column
   std::vector<std::string> row_captions;         // kMatrix: caption keys of the rows, may be empty
   Control* table = nullptr;                      // kTable: a TableControl; its scroll bar is the window's own
-  std::string text_key;                          // kInfo: a paragraph of explanation
+  std::string text_key;                          // kInfo: a paragraph of explanation; kFiles: the caption
   unsigned flags = kPlain;
   const ComboControl* when = nullptr;            // shown only while this list has the value below
   int32_t when_value = 0;
@@ -65,7 +65,7 @@ class GroupLayout {
   GroupLayout& Side(std::vector<GroupLayout> groups);
   GroupLayout& Matrix(std::vector<std::string> heads, std::vector<std::vector<Control*>> columns, std::vector<std::string> row_captions = {});
   GroupLayout& Table(TableControl& table, unsigned flags = kStretch);
-  GroupLayout& Files(MemoControl& list, ButtonControl& add, ButtonControl& remove, ButtonControl& open);
+  GroupLayout& Files(MemoControl& list, ButtonControl& add, ButtonControl& remove, ButtonControl& open, std::string caption_key = {});
   GroupLayout& Info(std::string text_key);
   // What is added after this shows only while `list` has `value`; When(list, value) again changes it, Always() ends it.
   GroupLayout& When(const ComboControl& list, int32_t value);
@@ -144,7 +144,8 @@ class Form {
   void FocusCame(Control& control) { focus_ = &control; }
   Event FocusAsked;
 
-  // A key that the form takes before its fields do, by the code of the main window's table, with Ctrl or not. True when taken.
+  // A key that the form takes before its fields do, by the code of the main window's table, with Ctrl or not. True when taken. A form that then
+  // acts on what its fields hold leaves the focused one first.
   virtual bool UserKey(int code, bool ctrl) { (void)code; (void)ctrl; return false; }
 
   // Section of the settings in which the window's place is kept, "" for none.

@@ -1,27 +1,12 @@
-// A QApplication without a display for the tests of the window.
+// Keys and the mouse, as the tests of the window send them.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <memory>
+#include <QWidget>
 
 namespace ostrinka {
-
-class QtEnvironment {
- public:
-  static void Ensure() {
-    static int count = 1;
-    static char name[] = "test_desktop";
-    static char* words[] = {name, nullptr};
-    static std::unique_ptr<QApplication> application;
-    if (qApp) return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    application = std::make_unique<QApplication>(count, words);
-  }
-};
 
 inline void SendKey(QWidget& to, QEvent::Type type, int key, Qt::KeyboardModifiers with = {}, const QString& text = {}) {
   QKeyEvent event(type, key, with, text);
