@@ -20,7 +20,8 @@ constexpr int32_t kSmallCompany = 250;
 std::string Prepared(const std::string& folder, const std::string& catalogues) {
   fs::create_directories(folder + "user-settings");
   for (const auto& entry : fs::directory_iterator(catalogues)) {
-    if (entry.path().extension() == ".lang") fs::copy_file(entry.path(), folder + entry.path().filename().string(), fs::copy_options::overwrite_existing);
+    if (entry.path().extension() == ".lang")
+      fs::copy_file(entry.path(), folder + entry.path().filename().string(), fs::copy_options::overwrite_existing);
   }
   return folder;
 }
@@ -49,13 +50,16 @@ Company::Company(const std::string& folder, const std::string& catalogues, int32
   Require(open, "the company cannot be opened in " + tables_);
 }
 
-Company::~Company() { OSTEngine(*program_).close_(false); }
+Company::~Company() {
+  OSTEngine(*program_).close_(false);
+}
 
 void Company::Make(const std::string& folder, int32_t customers) {
   fs::remove_all(tables_);
   std::printf("Making a company of %d customers ...\n", customers);
   std::fflush(stdout);
-  Require(customers > 0 ? GenerateCompany(*program_, tables_, customers) : CreateEmptyCompany(*program_, tables_), "the company cannot be made");
+  Require(customers > 0 ? GenerateCompany(*program_, tables_, customers) : CreateEmptyCompany(*program_, tables_),
+          "the company cannot be made");
   CopyCompany(*program_, sqlite_);
   platform().files.WriteAll(folder + "data-version", kDataVersion);
 }

@@ -1,5 +1,5 @@
-// ostrinka-bench FOLDER N CATALOGUES [WORD]: measures with the data in FOLDER, making it when it is not there. The status is 1 when a row is
-// over its figure, 2 when something could not be measured.
+// ostrinka-bench FOLDER N CATALOGUES [WORD]: measures with the data in FOLDER, making it when it is not there. The status is 1 when a row
+// is over its figure, 2 when something could not be measured.
 #include <charconv>
 #include <cstdio>
 #include <filesystem>

@@ -33,7 +33,9 @@ void Require(bool holds, const std::string& what) {
   if (!holds) GiveUp(what);
 }
 
-bool Report::Wants(std::string_view name) const { return name.find(word_) != name.npos; }
+bool Report::Wants(std::string_view name) const {
+  return name.find(word_) != name.npos;
+}
 
 void Report::Ratio(const std::string& name, const Pairs& pairs, double at_most) {
   std::vector<double> ratios;

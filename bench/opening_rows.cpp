@@ -1,4 +1,5 @@
-// Opening and closing an empty company: all its tables as the program opens them, against the same tables in SQLite with one row read of each.
+// Opening and closing an empty company: all its tables as the program opens them, against the same tables in SQLite with one row read of
+// each.
 #include "company/ost_engine.h"
 #include "company/table_definitions.h"
 #include "rows.h"
@@ -24,7 +25,8 @@ void OpeningRows(Data& data, Report& report) {
   const auto their_side = [&] {
     return Seconds([&] {
       Sqlite database(data.empty.sqlite());
-      for (const TableDefinition& table : TableDefinitions()) Statement(database, "SELECT * FROM " + SqlName(table.number) + " LIMIT 1").Step();
+      for (const TableDefinition& table : TableDefinitions())
+        Statement(database, "SELECT * FROM " + SqlName(table.number) + " LIMIT 1").Step();
     });
   };
   report.Ratio(name, Compare(our_side, their_side, 2 * kRounds), 6);

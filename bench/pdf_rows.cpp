@@ -29,7 +29,9 @@ std::unique_ptr<ClassPRINT> InvoiceJob(Program& program, int32_t pages) {
   return job;
 }
 
-void Failed(HPDF_STATUS error, HPDF_STATUS, void*) { GiveUp("the PDF library failed with " + std::to_string(error)); }
+void Failed(HPDF_STATUS error, HPDF_STATUS, void*) {
+  GiveUp("the PDF library failed with " + std::to_string(error));
+}
 
 // Draws the elements of a job with the library. Its own Helvetica and Courier stand in for the fonts, in Windows-1250.
 class LibraryPdf {
@@ -79,8 +81,11 @@ class LibraryPdf {
         HPDF_Page_Rectangle(page_, X(element.X[0]), Y(element.Y[1]), X(element.X[1] - element.X[0]), X(element.Y[1] - element.Y[0]));
         HPDF_Page_Fill(page_);
         break;
-      case ElementKind::kText: DrawText(element, page_number); break;
-      default: GiveUp("an invoice holds what the comparison does not draw");
+      case ElementKind::kText:
+        DrawText(element, page_number);
+        break;
+      default:
+        GiveUp("an invoice holds what the comparison does not draw");
     }
   }
 

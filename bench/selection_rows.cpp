@@ -31,14 +31,13 @@ std::string Folded(const std::string& column) {
 void SelectionAgainstStatement(Data& data, Report& report, const SelectionRow& row) {
   if (!report.Wants(row.name)) return;
   ClassQDBASE table(data.full.platform());
-  Require(table.DATABASE_OPEN(Table(data.full.program(), row.table).DATABASE_PATH(), kGeneratedUser, kGeneratedPassword, false, false, true),
-          "a table cannot be opened");
+  Require(
+      table.DATABASE_OPEN(Table(data.full.program(), row.table).DATABASE_PATH(), kGeneratedUser, kGeneratedPassword, false, false, true),
+      "a table cannot be opened");
   Sqlite database(data.full.sqlite());
   Statement statement(database, row.statement);
   std::vector<int32_t> theirs;
-  const auto our_side = [&] {
-    return Seconds([&] { table.SELECTION("*", row.condition, row.order_field, row.order); });
-  };
+  const auto our_side = [&] { return Seconds([&] { table.SELECTION("*", row.condition, row.order_field, row.order); }); };
   const auto their_side = [&] { return Seconds([&] { theirs = statement.Numbers(); }); };
   const Pairs pairs = Compare(our_side, their_side);
   std::vector<int32_t> ours = table.selection();

@@ -10,12 +10,15 @@ namespace {
 
 const char* SqlType(int32_t type) {
   switch (type) {
-    case kText: return "TEXT";
+    case kText:
+      return "TEXT";
     case kSingle:
     case kDouble:
     case kCurrency:
-    case kDate: return "REAL";
-    default: return "INTEGER";
+    case kDate:
+      return "REAL";
+    default:
+      return "INTEGER";
   }
 }
 

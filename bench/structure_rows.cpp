@@ -25,7 +25,8 @@ double PlainCopy(const std::string& from, const std::string& to) {
   bool copied = true;
   const double seconds = Seconds([&] {
     const int source = open(from.c_str(), O_RDONLY), target = open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0660);
-    for (ssize_t got; (got = read(source, block.data(), block.size())) > 0;) copied = copied && write(target, block.data(), static_cast<size_t>(got)) == got;
+    for (ssize_t got; (got = read(source, block.data(), block.size())) > 0;)
+      copied = copied && write(target, block.data(), static_cast<size_t>(got)) == got;
     close(source);
     close(target);
   });

@@ -54,8 +54,12 @@ struct Article {
 // Percent of the seed rows of stawki_vat, by record.
 constexpr std::array<double, 8> kPercent{0, 22, 7, 3, 0, 0, 0, 12};
 
-double Grosze(double amount) { return std::round(amount * 100) / 100; }
-Currency Money(double amount) { return Currency::FromDouble(amount).value_or(Currency()); }
+double Grosze(double amount) {
+  return std::round(amount * 100) / 100;
+}
+Currency Money(double amount) {
+  return Currency::FromDouble(amount).value_or(Currency());
+}
 
 bool AddEmployees(Program& program, Words& words) {
   Row row(Table(program, kPracownicy));

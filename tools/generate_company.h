@@ -17,7 +17,8 @@ void UseCompany(Program& program, const std::string& folder);
 // Creates an empty company in `folder` (with a closing slash) and opens it. False, with nothing open, when that fails.
 bool CreateEmptyCompany(Program& program, const std::string& folder);
 
-// The same, then `customers` customers, five documents for each over the years 2004 to 2008 and twenty lines for each, added record by record.
+// The same, then `customers` customers, five documents for each over the years 2004 to 2008 and twenty lines for each, added record by
+// record.
 bool GenerateCompany(Program& program, const std::string& folder, int32_t customers);
 
 }  // namespace ostrinka

@@ -19,7 +19,7 @@ class Words {
 
   std::string Surname(bool woman);
   std::string Person();
-  std::string Firm();    // about one in seven holds "kow"
+  std::string Firm();  // about one in seven holds "kow"
   std::string Article();
   std::string Street();
   std::string Note();

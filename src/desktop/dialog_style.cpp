@@ -159,6 +159,14 @@ QPalette DialogStyle::Palette() const {
   return palette;
 }
 
+QPalette DialogStyle::ListPalette() const {
+  QPalette palette = Palette();
+  palette.setColor(QPalette::Highlight, colours_.chosen);
+  palette.setColor(QPalette::HighlightedText, colours_.chosen_text);
+  palette.setColor(QPalette::Inactive, QPalette::Highlight, colours_.chosen);
+  return palette;
+}
+
 void DialogStyle::PaintGround(QPainter& painter, const QRectF& area, bool deep) const {
   constexpr double kStep = 5, kGrowth = 0.01;
   const double reach = deep ? 350 : 500, limit = deep ? 0.75 : 0.5;
@@ -218,6 +226,15 @@ void DialogStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
       area = QRectF(area.left(), area.center().y() - height / 2, area.width(), height);
       if (widget) area = area.intersected(widget->rect());
       Ring(*painter, area);
+      return;
+    }
+    case PE_PanelItemViewItem: {
+      const bool chosen = Is(option->state, State_Selected), hot = Is(option->state, State_MouseOver);
+      if (!chosen && !hot) return;
+      const Kept kept(*painter);
+      painter->setPen(chosen ? QPen(colours_.ring, 1) : QPen(Qt::NoPen));
+      painter->setBrush(chosen ? colours_.chosen : colours_.pane);
+      painter->drawRoundedRect(QRectF(option->rect).adjusted(1.5, 0.5, -1.5, -0.5), Radius() * 0.75, Radius() * 0.75);
       return;
     }
     case PE_IndicatorCheckBox: Tick(*option, *painter); return;
@@ -461,6 +478,7 @@ QSize DialogStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
       const bool bar = widget && widget->property(kBarButton).toBool();
       return {std::max(size.width() + 4 * kFieldPadding, bar ? 92 : 40), bar ? field + 4 : field};
     }
+    case CT_ItemViewItem: return {QProxyStyle::sizeFromContents(type, option, size, widget).width(), line + 8};
     case CT_TabBarTab: return {size.width() + 18, line + 14};
     default: return QProxyStyle::sizeFromContents(type, option, size, widget);
   }
@@ -474,6 +492,7 @@ int DialogStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_ExclusiveIndicatorHeight: return kTick;
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing: return 7;
+    case PM_FocusFrameHMargin: return qobject_cast<const QAbstractItemView*>(widget) ? 5 : 2;
     case PM_ScrollBarExtent: return kBarWidth;
     case PM_ScrollBarSliderMin: return 24;
     case PM_DefaultFrameWidth: return qobject_cast<const QAbstractScrollArea*>(widget) ? 2 : 1;
@@ -493,8 +512,8 @@ int DialogStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     case SH_ComboBox_Popup:
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
-    case SH_Widget_Animation_Duration:
-    case SH_ItemView_ShowDecorationSelected: return 0;
+    case SH_Widget_Animation_Duration: return 0;
+    case SH_ItemView_ShowDecorationSelected: return 1;
     case SH_LineEdit_PasswordCharacter: {
       const QVariant sign = widget ? widget->property(kPasswordSign) : QVariant();
       return sign.isValid() ? sign.toInt() : 0x2022;

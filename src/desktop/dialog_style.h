@@ -27,6 +27,8 @@ class DialogStyle : public QProxyStyle {
   explicit DialogStyle(const Look& look);
   const DialogColours& colours() const { return colours_; }
   QPalette Palette() const;
+  // Of lists: dark text on a light choice.
+  QPalette ListPalette() const;
   // Lines under access keys show only while this is set.
   void ShowAccessKeys(bool shown) { access_keys_ = shown; }
   double Radius() const { return colours_.round ? 4 : 0; }

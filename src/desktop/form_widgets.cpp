@@ -113,6 +113,7 @@ class FileList : public QListWidget {
  public:
   FileList(FieldHost& host, MemoControl& control, QWidget* parent) : QListWidget(parent), host_(host), control_(control) {
     setUniformItemSizes(true);
+    setPalette(DialogStyle::Of(host.look).ListPalette());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideMiddle);
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {

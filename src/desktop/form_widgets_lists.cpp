@@ -7,6 +7,7 @@
 #include <QScreen>
 
 #include "base/text.h"
+#include "desktop/dialog_style.h"
 #include "desktop/form_widgets.h"
 
 namespace ostrinka {
@@ -98,6 +99,7 @@ class ListField : public QComboBox {
       : QComboBox(parent), host_(host), control_(control), entries_(new Entries(control, this)) {
     setModel(entries_);
     setView(new Popup(control, this));
+    view()->setPalette(DialogStyle::Of(host.look).ListPalette());
     setMaxVisibleItems(kShownRows);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);

@@ -18,6 +18,7 @@ namespace {
 
 constexpr double kZoom = 1.125;  // letters as large as those of the fields
 constexpr int kGrip = 4, kNarrowest = 20, kShownRows = 7, kSearched = 200;
+constexpr int kOver = 2;  // pixels by which the last column reaches out, so that its line does not double the frame
 
 Colour FromQColor(const QColor& colour) {
   return Rgb(colour.red(), colour.green(), colour.blue());
@@ -173,7 +174,7 @@ class TableField : public QAbstractScrollArea {
       if (widest == 0 || WidthOf(column) > WidthOf(widest)) widest = column;
     }
     const int room = viewport()->width() - total;
-    if (widest > 0 && room > 0) source()->SetColumnWidthOf(widest, source()->ColumnWidthOf(widest) + static_cast<int>(room / kZoom));
+    if (widest > 0 && room > 0) source()->SetColumnWidthOf(widest, source()->ColumnWidthOf(widest) + static_cast<int>(room / kZoom) + kOver);
   }
   int VisibleRows() const { return pitch_ > 0 ? std::max(1, (viewport()->height() - top_) / pitch_) : kShownRows; }
   void UpdateBars() {
@@ -183,7 +184,7 @@ class TableField : public QAbstractScrollArea {
     int columns = source() ? source()->Columns() : 0, hidden = 0;
     double total = 0;
     for (int column = 1; column <= columns; ++column) total += WidthOf(column);
-    while (hidden + 1 < columns && total > viewport()->width()) total -= WidthOf(++hidden);
+    while (hidden + 1 < columns && total > viewport()->width() + 2 * kOver) total -= WidthOf(++hidden);
     horizontalScrollBar()->setPageStep(1);
     horizontalScrollBar()->setRange(0, hidden);
   }

@@ -45,6 +45,8 @@ class LineField : public QLineEdit {
     if (control.PasswordChar != 0) {
       setProperty(kPasswordSign, static_cast<int>(control.PasswordChar));
       setEchoMode(Password);
+      QEvent styled(QEvent::StyleChange);  // makes the field ask for its sign again
+      QApplication::sendEvent(this, &styled);
     }
     connect(this, &QLineEdit::inputRejected, this, [this] { host_.Beep(); });
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {

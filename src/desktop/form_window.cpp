@@ -21,7 +21,7 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kMargin = 12, kBarGap = 8;
+constexpr int kMargin = 12, kBarGap = 8, kEnterCode = 13;
 constexpr int kEditorWidth = 780, kTableWidth = 940, kTableHeight = 560, kSmallWidth = 420;
 
 struct KeyCode {
@@ -449,6 +449,10 @@ bool FormWindow::Parts::OnKey(QKeyEvent& event, Control* control, QWidget* field
   Settle();
   const int key = event.key(), code = CodeOf(event);
   if (key == Qt::Key_Alt) ShowAccessKeys(true);
+  if (key == Qt::Key_Escape) {
+    window.reject();
+    return true;
+  }
   const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier), alt = event.modifiers().testFlag(Qt::AltModifier);
   const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
   if (tabs && ctrl && (tab || key == Qt::Key_PageDown || key == Qt::Key_PageUp)) {
@@ -458,10 +462,11 @@ bool FormWindow::Parts::OnKey(QKeyEvent& event, Control* control, QWidget* field
   if (code == 0 || alt) return false;
   const QPointer<Parts> guard(this);
   if (!control || !FieldNeeds(*control, *field, event)) {
+    if (code == kEnterCode && event.isAutoRepeat()) return true;  // a key held down confirms once
     if (form.UserKey(code, ctrl)) return true;
     if (!guard) return true;
   }
-  if (code == 13 && !ctrl && !event.modifiers().testFlag(Qt::ShiftModifier)) return OnEnter(control, field);
+  if (code == kEnterCode && !ctrl && !event.modifiers().testFlag(Qt::ShiftModifier)) return OnEnter(control, field);
   return false;
 }
 
@@ -542,11 +547,10 @@ void FormWindow::paintEvent(QPaintEvent*) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    reject();
-    return;
-  }
-  if (parts_->OnKey(*event, nullptr, nullptr)) return;
+  // What a field had already went through its filter.
+  const QWidget* field = focusWidget();
+  const bool asked = field && (field == parts_->tabs || parts_->controls.count(field) > 0);
+  if (!asked && parts_->OnKey(*event, nullptr, nullptr)) return;
   QWidget::keyPressEvent(event);
 }
 

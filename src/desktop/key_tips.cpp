@@ -1,6 +1,11 @@
 #include "desktop/key_tips.h"
 
 namespace ostrinka {
+namespace {
+
+constexpr int kLarge = 50;  // tools above this height have their caption under their icon
+
+}  // namespace
 
 KeyTipLayer::KeyTipLayer(const Look& look, QWidget* window) : QWidget(window), look_(look) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -36,8 +41,9 @@ void KeyTipLayer::paintEvent(QPaintEvent*) {
   for (const KeyTip& tip : tips_) {
     if (!tip.widget->isVisible()) continue;
     const QRect area(tip.widget->mapTo(parentWidget(), QPoint(0, 0)), tip.widget->size());
-    const bool tall = area.height() > 50;
-    paint.Badge(QPointF(area.center().x() + 0.5, tall ? area.bottom() - 6 : area.bottom() - 3), tip.letters, tip.widget->isEnabled());
+    // Beside the caption, never over it: under a large tool, above anything else.
+    const bool large = area.height() > kLarge;
+    paint.Badge(QPointF(area.center().x() + 0.5, large ? area.bottom() + 5 : area.top()), tip.letters, tip.widget->isEnabled());
   }
 }
 

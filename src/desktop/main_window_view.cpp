@@ -120,8 +120,12 @@ void MainWindowView::resizeEvent(QResizeEvent*) {
 
 void MainWindowView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const FrameColours colours(look_);
+  RibbonPainter paint(painter, look_);
+  const FrameColours& colours = paint.colours();
   painter.fillRect(rect(), colours.title);
+  // The ground of the strip reaches to the edges of the window.
+  paint.Part(QRectF(0, 0, width(), title_->geometry().bottom() + 1), isActiveWindow() ? "title.std.04.bmp" : "title.dis.04.bmp");
+  painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(isActiveWindow() ? MixOf(colours.title_edge, look_.Accent(), 0.35) : colours.title_edge);
   if (!isMaximized()) painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -284,7 +284,7 @@ void RibbonView::Refresh() {
       continue;
     }
     tool.button->Show(CaptionOf(*tool.row), Usable(key), ticked, window_.ribbon.ToolbarVisible(key));
-    tool.button->SetIconName(tool.row->kind == RibbonKind::kFind ? QString() : ToQt(window_.ribbon.GetButtonIcon(key)));
+    tool.button->SetIconName(ToQt(window_.ribbon.GetButtonIcon(key)));
     if (tool.row->kind != RibbonKind::kItem) ShowTip(tool);
   }
   for (const auto& [key, bar] : bars_) bar->setVisible(window_.ribbon.ToolbarVisible(key));

@@ -56,9 +56,7 @@ void WindowStrip::ToggleMaximised() {
 void WindowStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   RibbonPainter paint(painter, look_);
-  painter.fillRect(rect(), paint.colours().title);
   const bool active = window()->isActiveWindow();
-  paint.Part(rect(), active ? "title.std.04.bmp" : "title.dis.04.bmp");
   const QString title = look_.Text("common.title");
   painter.fillRect(QRect(kMarginLeft, height() / 2 - 7, 4, 14), look_.Accent());
   int x = kMarginLeft + kMarkRoom;

@@ -64,6 +64,8 @@ void frm_Admin_usr_::RegisterControls() {
   btnKdod_.caption_key = "usr.btn.moreacounts";
   btnLogo.caption_key = "usr.btn.selectlogo";
   btnClrLogo.caption_key = "usr.btn.clearlogo";
+  btnKdod_.icon = "btnaccounts.ico";
+  btnLogo.icon = "btnlogo.ico";
   btnSave.icon = "btnsave.ico";
   btnCancel.icon = "btncancel.ico";
 }

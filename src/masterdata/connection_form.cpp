@@ -25,6 +25,7 @@ frm_Admin_qdb_::frm_Admin_qdb_(Program& program)
   dbLocal[1].caption_key = "qdb.remotedataloc";
   dbLogin.caption_key = "qdb.reqpass";
   btnBrowse.caption_key = "qdb.btn.browse";
+  btnBrowse.icon = "btnbrowse.ico";
   btnSave.icon = "btnsave.ico";
   btnCancel.icon = "btncancel.ico";
   userPassword.PasswordChar = U'*';

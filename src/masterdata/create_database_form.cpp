@@ -18,6 +18,8 @@ frm_Admin_qdbc_::frm_Admin_qdbc_(Program& program)
   dbLocal[0].caption_key = "qdbc.dbloc.default";
   dbLocal[1].caption_key = "qdbc.dbloc.remote";
   btnBrowse.caption_key = "qdbc.btn.browse";
+  btnBrowse.icon = "btnbrowse.ico";
+  btnCreateDatabase.icon = "btnsave.ico";
   btnCancel.icon = "btncancel.ico";
   userPassword1.PasswordChar = userPassword2.PasswordChar = U'*';
   Page("STD", "qdbc.title")

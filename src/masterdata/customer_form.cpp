@@ -66,6 +66,7 @@ void frm_Kontrahenci_::RegisterControls() {
   txtUwagi.MultiLine = true;
   btnFindCity.caption_key = "customer.btn.postcode";
   btnMAILgo.caption_key = "customer.btn.mail";
+  btnMAILgo.icon = "btnmail.ico";
   Register("btnFindCity", btnFindCity);
   Register("btnMAILgo", btnMAILgo);
 }

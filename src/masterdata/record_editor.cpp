@@ -12,6 +12,10 @@ RecordEditor::RecordEditor(Program& program, int table, std::string name, const 
   memoDel_.caption_key = keys + ".btn.ach.del";
   memoExec_.caption_key = keys + ".btn.ach.show";
   btnWWWgo.caption_key = keys + ".btn.www";
+  memoAdd_.icon = "btnattadd.ico";
+  memoDel_.icon = "btnattdel.ico";
+  memoExec_.icon = "btnattopen.ico";
+  btnWWWgo.icon = "btnweb.ico";
   btnSave.icon = "btnsave.ico";
   btnCancel.icon = "btncancel.ico";
   Register("txtNazwa", txtNazwa);

@@ -7,6 +7,7 @@
 #include "company/tables.h"
 #include "desktop/main_window_view.h"
 #include "desktop/person.h"
+#include "shell/controls/form.h"
 #include "startup/startup.h"
 #include "support/test_platform.h"
 

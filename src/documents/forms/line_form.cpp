@@ -91,6 +91,8 @@ void frm_Dok_add_TU::RegisterControls() {
 }
 
 void frm_Dok_add_TU::LayOut() {
+  btnOK.icon = "btnsave.ico";
+  btnCancel.icon = "btncancel.ico";
   Page("STD", "adps.tab.std")
       .Row({{"adps.lbl.source", tuType, 6}, Cell(6)})
       .When(tuType, kCatalogue)

@@ -93,6 +93,11 @@ void frm_Dok_sprzed::LayOut() {
       {&memoExec, "sdoc.btn.ach.show"},
   };
   for (const auto& [button, key] : captions) button->caption_key = key;
+  const std::pair<ButtonControl*, const char*> icons[] = {
+      {&btnSave, "btnsave.ico"}, {&btnPrint, "btnprint.ico"},    {&btnCancel, "btncancel.ico"},  {&btnAdd, "btnadd.ico"},        {&btnEdit, "btnedit.ico"},
+      {&btnRemove, "btnremove.ico"}, {&memoAdd, "btnattadd.ico"}, {&memoDel, "btnattdel.ico"}, {&memoExec, "btnattopen.ico"},
+  };
+  for (const auto& [button, icon] : icons) button->icon = icon;
   chkAN.caption_key = "sdoc.chk.an";
   chkPłatnik.caption_key = "sdoc.chk.payer";
   chkDateTo.caption_key = "sdoc.chk.dateto";
