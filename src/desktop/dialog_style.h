@@ -11,8 +11,9 @@ namespace ostrinka {
 
 // The colours of a dialog, worked out from the skin.
 struct DialogColours {
-  QColor text, faint, disabled, field, field_off, border, border_hot, card, pane, card_line, button_top, button_bottom, primary, primary_text,
-      accent, ring, ground_top, ground_bottom, strip_top, strip_bottom, strip_text, strip_text_off, chosen, chosen_text, error;
+  QColor text, faint, disabled, field, field_off, border, border_hot, card, pane, card_line, button_top, button_bottom, primary,
+      primary_text, accent, ring, ground_top, ground_bottom, strip_top, strip_bottom, strip_text, strip_text_off, chosen, chosen_text,
+      error;
   bool round = true;
 };
 
@@ -39,7 +40,8 @@ class DialogStyle : public QProxyStyle {
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
-  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override;
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;

@@ -30,7 +30,8 @@ class Card : public QWidget {
     if (caption_.isEmpty()) return;
     painter.setFont(look_.BoldFont());
     painter.setPen(style.colours().faint);
-    painter.drawText(QRectF(kCardMargin, kCardMargin - 3, width() - 2 * kCardMargin, fontMetrics().height() + 2), Qt::AlignVCenter, caption_);
+    painter.drawText(QRectF(kCardMargin, kCardMargin - 3, width() - 2 * kCardMargin, fontMetrics().height() + 2), Qt::AlignVCenter,
+                     caption_);
   }
 
  private:
@@ -211,15 +212,22 @@ QWidget* FormBuilder::BuildItem(const LayoutItem& item, QWidget* parent) {
   switch (item.kind) {
     case LayoutItem::Kind::kRow: {
       BuildRow(item, box);
-      const bool collapses = std::any_of(item.cells.begin(), item.cells.end(), [](const Cell& cell) { return (cell.flags & kCollapse) != 0; });
+      const bool collapses =
+          std::any_of(item.cells.begin(), item.cells.end(), [](const Cell& cell) { return (cell.flags & kCollapse) != 0; });
       for (const Cell& cell : item.cells) {
         if (collapses && cell.control) section.controls.push_back(cell.control);
       }
       break;
     }
-    case LayoutItem::Kind::kSide: BuildSide(item, box); break;
-    case LayoutItem::Kind::kMatrix: BuildMatrix(item, box); break;
-    case LayoutItem::Kind::kFiles: BuildFiles(item, box); break;
+    case LayoutItem::Kind::kSide:
+      BuildSide(item, box);
+      break;
+    case LayoutItem::Kind::kMatrix:
+      BuildMatrix(item, box);
+      break;
+    case LayoutItem::Kind::kFiles:
+      BuildFiles(item, box);
+      break;
     case LayoutItem::Kind::kTable: {
       auto* layout = new QVBoxLayout(box);
       layout->setContentsMargins(0, 0, 0, 0);
@@ -249,7 +257,6 @@ void FormBuilder::BuildRow(const LayoutItem& item, QWidget* box) {
     made.span = cell.span;
     if (cell.control) {
       QLabel* caption = Caption(cell.caption_key, box);
-      if (caption && (cell.flags & kRight) && !(cell.flags & kInline)) caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
       if (caption && (cell.flags & kStrong)) caption->setFont(host_.look.BoldFont());
       if (caption) name = caption->text();
       made.caption = caption;

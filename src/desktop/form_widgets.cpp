@@ -251,9 +251,12 @@ QWidget* MakeField(FieldHost& host, Control& control, unsigned flags, QWidget* p
       auto& box = static_cast<TextBoxControl&>(control);
       return box.MultiLine ? MakeTextField(host, box, flags, parent) : MakeLineField(host, box, flags, parent);
     }
-    case ControlKind::kCombo: return MakeListField(host, static_cast<ComboControl&>(control), parent);
-    case ControlKind::kCalendar: return MakeDayField(host, static_cast<CalendarControl&>(control), parent);
-    case ControlKind::kButton: return MakeButton(host, static_cast<ButtonControl&>(control), parent);
+    case ControlKind::kCombo:
+      return MakeListField(host, static_cast<ComboControl&>(control), parent);
+    case ControlKind::kCalendar:
+      return MakeDayField(host, static_cast<CalendarControl&>(control), parent);
+    case ControlKind::kButton:
+      return MakeButton(host, static_cast<ButtonControl&>(control), parent);
     case ControlKind::kCheckBox:
       return MakeBox<QCheckBox, CheckBoxControl>(
           host, static_cast<CheckBoxControl&>(control), parent, [](const CheckBoxControl& box) { return box.Checked(); },
@@ -264,10 +267,14 @@ QWidget* MakeField(FieldHost& host, Control& control, unsigned flags, QWidget* p
           [](OptionBoxControl& box) {
             if (!box.Value()) box.UserSet("true");
           });
-    case ControlKind::kMemo: return MakeFileList(host, static_cast<MemoControl&>(control), parent);
-    case ControlKind::kLabel: return MakeLabel(host, static_cast<LabelControl&>(control), flags, parent);
-    case ControlKind::kTable: return MakeTableField(host, static_cast<TableControl&>(control), parent);
-    default: return nullptr;  // the scroll bars of tables are the window's own
+    case ControlKind::kMemo:
+      return MakeFileList(host, static_cast<MemoControl&>(control), parent);
+    case ControlKind::kLabel:
+      return MakeLabel(host, static_cast<LabelControl&>(control), flags, parent);
+    case ControlKind::kTable:
+      return MakeTableField(host, static_cast<TableControl&>(control), parent);
+    default:
+      return nullptr;  // the scroll bars of tables are the window's own
   }
 }
 

@@ -65,20 +65,32 @@ class Month : public QWidget {
   void keyPressEvent(QKeyEvent* event) override {
     const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
     switch (event->key()) {
-      case Qt::Key_Left: return Go(day_.PlusDays(-1));
-      case Qt::Key_Right: return Go(day_.PlusDays(1));
-      case Qt::Key_Up: return Go(day_.PlusDays(-kDaysInWeek));
-      case Qt::Key_Down: return Go(day_.PlusDays(kDaysInWeek));
-      case Qt::Key_PageUp: return Go(MonthsLater(day_, ctrl ? -12 : -1));
-      case Qt::Key_PageDown: return Go(MonthsLater(day_, ctrl ? 12 : 1));
-      case Qt::Key_Home: return Go(DayOfMonth(day_, 1));
-      case Qt::Key_End: return Go(MonthsLater(DayOfMonth(day_, 1), 1).PlusDays(-1));
+      case Qt::Key_Left:
+        return Go(day_.PlusDays(-1));
+      case Qt::Key_Right:
+        return Go(day_.PlusDays(1));
+      case Qt::Key_Up:
+        return Go(day_.PlusDays(-kDaysInWeek));
+      case Qt::Key_Down:
+        return Go(day_.PlusDays(kDaysInWeek));
+      case Qt::Key_PageUp:
+        return Go(MonthsLater(day_, ctrl ? -12 : -1));
+      case Qt::Key_PageDown:
+        return Go(MonthsLater(day_, ctrl ? 12 : 1));
+      case Qt::Key_Home:
+        return Go(DayOfMonth(day_, 1));
+      case Qt::Key_End:
+        return Go(MonthsLater(DayOfMonth(day_, 1), 1).PlusDays(-1));
       case Qt::Key_Return:
       case Qt::Key_Enter:
-      case Qt::Key_Space: return Take(day_);
+      case Qt::Key_Space:
+        return Take(day_);
       case Qt::Key_Escape:
-      case Qt::Key_F4: close(); return;
-      default: break;
+      case Qt::Key_F4:
+        close();
+        return;
+      default:
+        break;
     }
     if (event->text().size() == 1 && event->text()[0].isDigit()) TypeDigit(event->text());
   }

@@ -128,7 +128,8 @@ class ListField : public QComboBox {
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }  // rolling over a form must not change it
   void keyPressEvent(QKeyEvent* event) override {
     const QString letters = event->text();
-    const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) || event->modifiers().testFlag(Qt::GroupSwitchModifier);
+    const bool plain =
+        !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) || event->modifiers().testFlag(Qt::GroupSwitchModifier);
     if (event->key() == Qt::Key_Space && !search_.Running()) {
       showPopup();
     } else if (event->key() == Qt::Key_Backspace) {

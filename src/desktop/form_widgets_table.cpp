@@ -32,7 +32,8 @@ class TableField : public QAbstractScrollArea {
     viewport()->setMouseTracking(true);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) connect(bar, &QScrollBar::valueChanged, this, [this] { Redraw(); });
+    for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()})
+      connect(bar, &QScrollBar::valueChanged, this, [this] { Redraw(); });
     if (auto* source = dynamic_cast<QdbTableSource*>(control.source)) {
       const DialogColours& c = DialogStyle::Of(host.look).colours();
       source->look.foreground = FromQColor(c.text);
@@ -75,7 +76,9 @@ class TableField : public QAbstractScrollArea {
     if (!isEnabled()) painter.fillRect(viewport()->rect(), QColor(255, 255, 255, 120));
     if (pitch_ == 0 && Rows() > 0) {
       MeasureRows();
-      if (pitch_ > 0) QMetaObject::invokeMethod(this, [this] { Show(); }, Qt::QueuedConnection);
+      if (pitch_ > 0)
+        QMetaObject::invokeMethod(
+            this, [this] { Show(); }, Qt::QueuedConnection);
     }
   }
   void resizeEvent(QResizeEvent* event) override {
@@ -87,15 +90,33 @@ class TableField : public QAbstractScrollArea {
     const int rows = Rows(), row = source() ? source()->CurrentRow() : 0, page = std::max(1, VisibleRows() - 1);
     int to = row;
     switch (event->key()) {
-      case Qt::Key_Up: to = row - 1; break;
-      case Qt::Key_Down: to = row + 1; break;
-      case Qt::Key_PageUp: to = row - page; break;
-      case Qt::Key_PageDown: to = row + page; break;
-      case Qt::Key_Home: to = 1; break;
-      case Qt::Key_End: to = rows; break;
-      case Qt::Key_Left: horizontalScrollBar()->setValue(horizontalScrollBar()->value() - 1); return;
-      case Qt::Key_Right: horizontalScrollBar()->setValue(horizontalScrollBar()->value() + 1); return;
-      default: event->ignore(); return;
+      case Qt::Key_Up:
+        to = row - 1;
+        break;
+      case Qt::Key_Down:
+        to = row + 1;
+        break;
+      case Qt::Key_PageUp:
+        to = row - page;
+        break;
+      case Qt::Key_PageDown:
+        to = row + page;
+        break;
+      case Qt::Key_Home:
+        to = 1;
+        break;
+      case Qt::Key_End:
+        to = rows;
+        break;
+      case Qt::Key_Left:
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - 1);
+        return;
+      case Qt::Key_Right:
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + 1);
+        return;
+      default:
+        event->ignore();
+        return;
     }
     to = std::clamp(to, 1, std::max(rows, 1));
     if (rows < 1 || (to == row && row != 0)) return;
@@ -174,7 +195,8 @@ class TableField : public QAbstractScrollArea {
       if (widest == 0 || WidthOf(column) > WidthOf(widest)) widest = column;
     }
     const int room = viewport()->width() - total;
-    if (widest > 0 && room > 0) source()->SetColumnWidthOf(widest, source()->ColumnWidthOf(widest) + static_cast<int>(room / kZoom) + kOver);
+    if (widest > 0 && room > 0)
+      source()->SetColumnWidthOf(widest, source()->ColumnWidthOf(widest) + static_cast<int>(room / kZoom) + kOver);
   }
   int VisibleRows() const { return pitch_ > 0 ? std::max(1, (viewport()->height() - top_) / pitch_) : kShownRows; }
   void UpdateBars() {

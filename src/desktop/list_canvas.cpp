@@ -13,8 +13,12 @@ constexpr double kCellOfType = 1.207;  // height of a line of "Tahoma" by the si
 constexpr double kBearing = 2;         // room on either side of a text
 constexpr double kLeading = 0.34;      // room between lines, by the height of a line
 
-QColor ColourOf(Colour colour) { return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
-QRectF RectOf(const RectF& area) { return {area.left, area.top, area.width(), area.height()}; }
+QColor ColourOf(Colour colour) {
+  return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
+}
+QRectF RectOf(const RectF& area) {
+  return {area.left, area.top, area.width(), area.height()};
+}
 QPolygonF PolygonOf(const std::vector<PointF>& points) {
   QPolygonF polygon;
   for (const PointF& point : points) polygon << QPointF(point.x, point.y);
@@ -24,7 +28,11 @@ QPolygonF PolygonOf(const std::vector<PointF>& points) {
 }  // namespace
 
 ListCanvas::ListCanvas(QPainter& painter, double width, double height, double inset)
-    : painter_(painter), width_(width), height_(height), inset_(inset), ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
+    : painter_(painter),
+      width_(width),
+      height_(height),
+      inset_(inset),
+      ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
 
 int ListCanvas::RowHeight(double zoom) {
   constexpr double kPoints = 8, kPixelsOfPoint = 20 / 15.0;
@@ -90,7 +98,9 @@ double ListCanvas::TextWidth(std::string_view text, const FontSpec& font) {
   return FontOf(font).metrics.horizontalAdvance(ToQt(text)) + 2 * kBearing;
 }
 
-double ListCanvas::TextHeight(const FontSpec& font) { return std::ceil(font.height * (1 + kLeading)); }
+double ListCanvas::TextHeight(const FontSpec& font) {
+  return std::ceil(font.height * (1 + kLeading));
+}
 
 void ListCanvas::DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double) {
   const Fitted& fitted = FontOf(font);
@@ -116,6 +126,8 @@ void ListCanvas::PushClip(const RectF& area) {
   painter_.setClipRect(RectOf(area), Qt::IntersectClip);
 }
 
-void ListCanvas::PopClip() { painter_.restore(); }
+void ListCanvas::PopClip() {
+  painter_.restore();
+}
 
 }  // namespace ostrinka

@@ -1,5 +1,5 @@
-// The surface of a table view on the screen: hinted text in whole pixels and hairlines on the pixels of the device, so that a list is sharp at
-// every scale of the display.
+// The surface of a table view on the screen: hinted text in whole pixels and hairlines on the pixels of the device, so that a list is sharp
+// at every scale of the display.
 #pragma once
 
 #include <QFont>
@@ -13,7 +13,8 @@ namespace ostrinka {
 
 class ListCanvas : public Canvas {
  public:
-  // The surface begins `inset` pixels right of the painter's edge; grounds and lines that begin at its edge reach out to that of the painter.
+  // The surface begins `inset` pixels right of the painter's edge; grounds and lines that begin at its edge reach out to that of the
+  // painter.
   ListCanvas(QPainter& painter, double width, double height, double inset = 0);
 
   // Of a table view drawn on such a canvas at `zoom`.

@@ -18,9 +18,11 @@ namespace {
 
 constexpr double kBaseZoom = 1.125;  // the list's text is as large as that of the window at 100 %
 constexpr double kWidest = 1.6;      // columns are not widened further than this to fill the window
-constexpr int kInset = 6, kBar = 14, kGrip = 4, kLeastColumn = 12, kGapUnderHeader = 5, kWheelNotch = 120, kWheelRows = 3;
+constexpr int kBar = 14, kGrip = 4, kLeastColumn = 12, kGapUnderHeader = 5, kWheelNotch = 120, kWheelRows = 3;
 
-Colour ColourNumber(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
+Colour ColourNumber(const QColor& colour) {
+  return Rgb(colour.red(), colour.green(), colour.blue());
+}
 
 // The widths of the columns as they are drawn, for as long as this object lives; the widths that are kept stay as they were.
 class WidenedColumns {
@@ -40,17 +42,27 @@ class WidenedColumns {
   std::vector<int> widths_;
 };
 
+bool ReportsAreBuilt() {
+  const auto& commands = MainWindow::Commands();
+  return std::any_of(commands.begin(), commands.end(),
+                     [](const Command& command) { return command.key == "ZESTAWIENIA.BILANS" && MainWindow::IsBuilt(command); });
+}
+
 struct KeyCode {
   int key, code;
 };
-constexpr KeyCode kKeys[] = {{Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},
-                             {Qt::Key_Home, 36},   {Qt::Key_Left, 37},  {Qt::Key_Up, 38},     {Qt::Key_Right, 39},    {Qt::Key_Down, 40},
-                             {Qt::Key_Delete, 46}};
+constexpr KeyCode kKeys[] = {{Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
+                             {Qt::Key_End, 35},    {Qt::Key_Home, 36},  {Qt::Key_Left, 37},   {Qt::Key_Up, 38},
+                             {Qt::Key_Right, 39},  {Qt::Key_Down, 40},  {Qt::Key_Delete, 46}};
 
 }  // namespace
 
 ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidget* parent)
-    : QWidget(parent), program_(program), window_(window), look_(look), rows_(new QScrollBar(Qt::Vertical, this)),
+    : QWidget(parent),
+      program_(program),
+      window_(window),
+      look_(look),
+      rows_(new QScrollBar(Qt::Vertical, this)),
       columns_(new QScrollBar(Qt::Horizontal, this)) {
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
@@ -70,7 +82,9 @@ ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidg
   });
 }
 
-double ListView::TextZoom(double zoom) { return zoom * kBaseZoom; }
+double ListView::TextZoom(double zoom) {
+  return zoom * kBaseZoom;
+}
 
 ClassQDBASE* ListView::Shown() const {
   return program_.database_open && window_.ViewShown() ? window_.ViewTable() : nullptr;
@@ -84,7 +98,9 @@ int ListView::RowHeight() const {
   return ListCanvas::RowHeight(std::clamp(TextZoom(window_.zoom()), 0.1, 10.0));
 }
 
-int ListView::PageRows() const { return std::max((Surface().height() - RowHeight() - kGapUnderHeader) / RowHeight(), 1); }
+int ListView::PageRows() const {
+  return std::max((Surface().height() - RowHeight() - kGapUnderHeader) / RowHeight(), 1);
+}
 
 std::vector<ListView::Span> ListView::Spans() const {
   std::vector<Span> spans;
@@ -193,7 +209,7 @@ void ListView::TellAccessibility() {
 QString ListView::Hint() const {
   if (!program_.database_open) return look_.Text("mdi.list.nocompany");
   if (!window_.ViewShown()) return look_.Text("mdi.pleasewait");
-  if (window_.CurrentTable == -1) return look_.Text("mdi.list.noreport");
+  if (window_.CurrentTable == -1) return look_.Text(ReportsAreBuilt() ? "mdi.list.noreport" : "common.notbuilt");
   return look_.Text("mdi.list.nodict");
 }
 
@@ -255,7 +271,9 @@ void ListView::resizeEvent(QResizeEvent*) {
   KeepInView();
 }
 
-bool ListView::InHeader(const QPoint& at) const { return Shown() && at.y() >= 0 && at.y() < RowHeight() && at.x() < Surface().width(); }
+bool ListView::InHeader(const QPoint& at) const {
+  return Shown() && at.y() >= 0 && at.y() < RowHeight() && at.x() < Surface().width();
+}
 
 int ListView::BorderAt(const QPoint& at) const {
   if (!InHeader(at)) return -1;

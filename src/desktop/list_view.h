@@ -21,6 +21,7 @@ class ListView : public QWidget {
   // Opens the menu of the tab at a point of the list.
   std::function<void(const QPoint& global)> show_menu;
 
+  static constexpr int kInset = 6;      // the table begins so many pixels right of the list's edge
   static double TextZoom(double zoom);  // what TABLE_DRAW is given for a zoom of the window
 
  protected:
@@ -40,20 +41,20 @@ class ListView : public QWidget {
   struct Span {
     int column, field, left, width;
   };
-  ClassQDBASE* Shown() const;             // null when the area says what to do instead
-  QRect Surface() const;                  // the area without scroll bars
+  ClassQDBASE* Shown() const;  // null when the area says what to do instead
+  QRect Surface() const;       // the area without scroll bars
   std::vector<Span> Spans() const;
   int RowHeight() const;
   int PageRows() const;
-  void Arrange();                         // scroll bars by the size of list and area
+  void Arrange();  // scroll bars by the size of list and area
   void KeepInView();
-  int BorderAt(const QPoint& at) const;   // index into Spans() of the border under the mouse, -1 for none
+  int BorderAt(const QPoint& at) const;  // index into Spans() of the border under the mouse, -1 for none
   bool InHeader(const QPoint& at) const;
   bool SelectAt(const QPoint& at);
   void PaintTable(QPainter& painter, ClassQDBASE& table);
   void PaintHint(QPainter& painter, const QString& text, const QRect& area);
   QString Hint() const;
-  void Fit();                             // how far columns are widened to fill the area
+  void Fit();  // how far columns are widened to fill the area
   void TellAccessibility();
 
   Program& program_;

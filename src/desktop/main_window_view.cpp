@@ -22,9 +22,14 @@ constexpr int kF1 = 112, kF5 = 116;
 
 MainWindowView::MainWindowView(Program& program, MainWindow& window, const Look& look)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      program_(program), window_(window), look_(look), title_(new WindowStrip(look, this)),
-      ribbon_(new RibbonView(program, window, look, this)), list_(new ListView(program, window, look, this)),
-      status_(new StatusBar(window, look, this)), tips_(new KeyTipLayer(look, this)) {
+      program_(program),
+      window_(window),
+      look_(look),
+      title_(new WindowStrip(look, this)),
+      ribbon_(new RibbonView(program, window, look, this)),
+      list_(new ListView(program, window, look, this)),
+      status_(new StatusBar(window, look, this)),
+      tips_(new KeyTipLayer(look, this)) {
   setWindowTitle(look_.Text("common.title"));
   setFont(look_.WindowFont());
   setMinimumSize(kLeastWidth, kLeastHeight);
@@ -41,7 +46,9 @@ MainWindowView::MainWindowView(Program& program, MainWindow& window, const Look&
   qApp->installEventFilter(this);
 }
 
-MainWindowView::~MainWindowView() { qApp->removeEventFilter(this); }
+MainWindowView::~MainWindowView() {
+  qApp->removeEventFilter(this);
+}
 
 void MainWindowView::ShowInPlace() {
   if (isVisible()) {
@@ -75,7 +82,9 @@ void MainWindowView::Refresh() {
   if (window_.ribbon.AltState() && tips_->isVisible()) tips_->Show(ribbon_->KeyTips());
 }
 
-void MainWindowView::Tick() { KeepPlace(); }
+void MainWindowView::Tick() {
+  KeepPlace();
+}
 
 void MainWindowView::KeepPlace() {
   if (!isVisible() || isMinimized()) return;
@@ -104,6 +113,9 @@ void MainWindowView::changeEvent(QEvent* event) {
   }
   if (event->type() != QEvent::ActivationChange) return;
   title_->Refresh();
+  update();
+  ribbon_->update();
+  status_->update();
   if (!isActiveWindow()) {
     alt_pressed_ = false;
     if (!QApplication::activePopupWidget()) EnterAltState(false);
@@ -125,6 +137,15 @@ void MainWindowView::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), colours.title);
   // The ground of the strip reaches to the edges of the window.
   paint.Part(QRectF(0, 0, width(), title_->geometry().bottom() + 1), isActiveWindow() ? "title.std.04.bmp" : "title.dis.04.bmp");
+  const std::string border = isActiveWindow() ? "border.std." : "border.dis.";
+  const double top = title_->geometry().bottom() + 1, side = height() - top - kFrame;
+  if (!isMaximized()) {
+    paint.Part({0, top, kFrame, side}, border + "01.bmp");
+    paint.Part({width() - double{kFrame}, top, kFrame, side}, border + "02.bmp");
+    paint.Part({0, height() - double{kFrame}, kFrame, kFrame}, border + "03.bmp");
+    paint.Part({kFrame, height() - double{kFrame}, width() - 2.0 * kFrame, kFrame}, border + "04.bmp");
+    paint.Part({width() - double{kFrame}, height() - double{kFrame}, kFrame, kFrame}, border + "05.bmp");
+  }
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(isActiveWindow() ? MixOf(colours.title_edge, look_.Accent(), 0.35) : colours.title_edge);
   if (!isMaximized()) painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -190,8 +211,10 @@ void MainWindowView::AltKey(const QKeyEvent& event) {
     const KeyTip tip = *found;
     const bool usable = tip.widget->isEnabled();
     if (!tab) EnterAltState(false);
-    if (usable) (shift && tip.drop ? tip.drop : tip.run)();
-    else program_.platform.ui.Beep();
+    if (usable)
+      (shift && tip.drop ? tip.drop : tip.run)();
+    else
+      program_.platform.ui.Beep();
     if (tab) EnterAltState(true);
   } else if (begins) {
     alt_letters_ = letters;
@@ -207,8 +230,10 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
     case QEvent::MouseButtonPress:
-    case QEvent::Wheel: break;
-    default: return false;
+    case QEvent::Wheel:
+      break;
+    default:
+      return false;
   }
   const auto* widget = object->isWidgetType() ? static_cast<QWidget*>(object) : nullptr;
   if (!widget || widget->window() != this || !InFront()) return false;
@@ -278,6 +303,8 @@ void MainWindowView::mouseMoveEvent(QMouseEvent* event) {
                                                  : Qt::ArrowCursor);
 }
 
-void MainWindowView::mouseReleaseEvent(QMouseEvent*) { sizing_ = {}; }
+void MainWindowView::mouseReleaseEvent(QMouseEvent*) {
+  sizing_ = {};
+}
 
 }  // namespace ostrinka

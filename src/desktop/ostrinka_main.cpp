@@ -19,6 +19,7 @@ class Desktop {
  public:
   Desktop() : platform_(ui_, ExecutableFolder()), program_(platform_.platform), look_(program_), startup_(program_) {
     DialogStyle::Install(look_);
+    QApplication::setWindowIcon(look_.Icon("ostrinka.ico"));
     ui_.Attach(program_, look_);
     ui_.hooks.show_main_window = [this] { ShowWindow(); };
     ui_.hooks.redraw_main_window = [this] {

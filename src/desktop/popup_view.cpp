@@ -21,11 +21,16 @@ class PopupStyle : public QProxyStyle {
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
     switch (metric) {
-      case PM_MenuPanelWidth: return 1;
-      case PM_MenuVMargin: return 3;
-      case PM_MenuHMargin: return 0;
-      case PM_SmallIconSize: return kIcon;
-      default: return QProxyStyle::pixelMetric(metric, option, widget);
+      case PM_MenuPanelWidth:
+        return 1;
+      case PM_MenuVMargin:
+        return 3;
+      case PM_MenuHMargin:
+        return 0;
+      case PM_SmallIconSize:
+        return kIcon;
+      default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
     }
   }
 
@@ -45,7 +50,8 @@ class PopupStyle : public QProxyStyle {
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
     if (element == PE_PanelMenu) {
       painter->fillRect(option->rect, look_.Colour(SkinColour::kPopupMenu));
-      painter->fillRect(QRect(option->rect.left(), option->rect.top(), kMargin, option->rect.height()), look_.Colour(SkinColour::kPopupMargin));
+      painter->fillRect(QRect(option->rect.left(), option->rect.top(), kMargin, option->rect.height()),
+                        look_.Colour(SkinColour::kPopupMargin));
     } else if (element == PE_FrameMenu) {
       painter->setPen(look_.Colour(SkinColour::kPopupBorder));
       painter->setBrush(Qt::NoBrush);
@@ -72,7 +78,8 @@ class PopupStyle : public QProxyStyle {
     const QRectF area = item.rect;
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
       const double y = std::floor(area.center().y());
-      paint.Hairline({area.left() + kMargin, y}, {area.right(), y}, MixOf(look_.Colour(SkinColour::kPopupMenu), look_.Colour(SkinColour::kPopupBorder), 0.5));
+      paint.Hairline({area.left() + kMargin, y}, {area.right(), y},
+                     MixOf(look_.Colour(SkinColour::kPopupMenu), look_.Colour(SkinColour::kPopupBorder), 0.5));
       return;
     }
     const bool enabled = item.state & State_Enabled, selected = item.state & State_Selected;
@@ -100,7 +107,8 @@ class PopupStyle : public QProxyStyle {
       painter.setPen(QPen(look_.Accent(), 1));
       painter.setBrush(paint.colours().popup_hover);
       painter.drawRoundedRect(box.adjusted(-3.5, -3.5, 3.5, 3.5), 3, 3);
-      paint.Mark(item.checkType == QStyleOptionMenuItem::Exclusive ? Glyph::kDot : Glyph::kTick, box.adjusted(3, 3, -3, -3), look_.Accent());
+      paint.Mark(item.checkType == QStyleOptionMenuItem::Exclusive ? Glyph::kDot : Glyph::kTick, box.adjusted(3, 3, -3, -3),
+                 look_.Accent());
     } else if (!item.icon.isNull()) {
       const QIcon::Mode mode = !enabled ? QIcon::Disabled : item.state & State_Selected ? QIcon::Active : QIcon::Normal;
       item.icon.paint(&painter, box.toRect(), Qt::AlignCenter, mode);
@@ -123,7 +131,9 @@ PopupView::PopupView(const Look& look, const QString& name, QWidget* parent)
   });
 }
 
-PopupView::~PopupView() { setStyle(nullptr); }
+PopupView::~PopupView() {
+  setStyle(nullptr);
+}
 
 void PopupView::Fill(const std::vector<PopupEntry>& entries) {
   clear();

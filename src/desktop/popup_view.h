@@ -13,7 +13,7 @@ namespace ostrinka {
 
 struct PopupEntry {
   enum class Kind { kItem, kRadio, kTick, kSeparator } kind = Kind::kItem;
-  std::string key;   // what `chosen` is given
+  std::string key;  // what `chosen` is given
   QString caption, icon, letter, tip;
   bool checked = false, enabled = true;
 };

@@ -15,7 +15,9 @@ namespace {
 constexpr qint64 kMostPixels = 64'000'000;
 constexpr double kHairlineMm = 0.1, kMmPerInch = 25.4;
 
-std::string UserSettingsFolder() { return FromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/"; }
+std::string UserSettingsFolder() {
+  return FromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/";
+}
 
 }  // namespace
 
@@ -103,7 +105,7 @@ bool QtPrinter::EndDocument() {
 
 QtPlatform::QtPlatform(UserInterface& ui, std::string application_folder)
     : download(files),
-      platform{files,   ui,       clock,    random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder()} {
+      platform{files, ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder()} {
   files.MakeFolders(platform.user_settings);
 }
 

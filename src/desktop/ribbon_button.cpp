@@ -66,12 +66,18 @@ QSize RibbonButton::sizeHint() const {
   }
   const int text = static_cast<int>(std::ceil(width));
   switch (shape_) {
-    case Shape::kLarge: return {std::max(text + (tight_ ? 8 : 16), tight_ ? 44 : 52), kLargeHeight};
-    case Shape::kSmall: return {text + (icon().isNull() ? 0 : 20) + (split_ ? 16 : 0) + (tight_ ? 10 : 14), kSmallHeight};
-    case Shape::kMark: return {tight_ ? 26 : 30, 30};
-    case Shape::kTab: return {text + 30, kTabHeight};
-    case Shape::kMenu: return {text + 46, kTabHeight};
-    case Shape::kWindow: return {46, 32};
+    case Shape::kLarge:
+      return {std::max(text + (tight_ ? 8 : 16), tight_ ? 44 : 52), kLargeHeight};
+    case Shape::kSmall:
+      return {text + (icon().isNull() ? 0 : 20) + (split_ ? 16 : 0) + (tight_ ? 10 : 14), kSmallHeight};
+    case Shape::kMark:
+      return {tight_ ? 26 : 30, 30};
+    case Shape::kTab:
+      return {text + 30, kTabHeight};
+    case Shape::kMenu:
+      return {text + 46, kTabHeight};
+    case Shape::kWindow:
+      return {46, 32};
   }
   return {};
 }
@@ -92,17 +98,28 @@ void RibbonButton::paintEvent(QPaintEvent*) {
   RibbonPainter paint(painter, look_);
   painter.setFont(font());
   switch (shape_) {
-    case Shape::kLarge: PaintLarge(paint, painter); break;
-    case Shape::kSmall: PaintSmall(paint, painter); break;
+    case Shape::kLarge:
+      PaintLarge(paint, painter);
+      break;
+    case Shape::kSmall:
+      PaintSmall(paint, painter);
+      break;
     case Shape::kMark: {
       paint.ToolGround(rect(), State());
       const QColor colour = isEnabled() ? look_.Colour(SkinColour::kArrowOne) : look_.Colour(SkinColour::kButtonTextDisabled);
-      paint.Mark(glyph_, QRectF(rect()).adjusted(9, 9, -9, -9), isEnabled() && underMouse() ? look_.Colour(SkinColour::kButtonTextActive) : colour);
+      paint.Mark(glyph_, QRectF(rect()).adjusted(9, 9, -9, -9),
+                 isEnabled() && underMouse() ? look_.Colour(SkinColour::kButtonTextActive) : colour);
       break;
     }
-    case Shape::kTab: PaintTab(paint, painter); break;
-    case Shape::kMenu: PaintMenu(paint, painter); break;
-    case Shape::kWindow: PaintWindow(paint, painter); break;
+    case Shape::kTab:
+      PaintTab(paint, painter);
+      break;
+    case Shape::kMenu:
+      PaintMenu(paint, painter);
+      break;
+    case Shape::kWindow:
+      PaintWindow(paint, painter);
+      break;
   }
 }
 
@@ -179,8 +196,10 @@ void RibbonButton::PaintTab(RibbonPainter& paint, QPainter& painter) {
 void RibbonButton::PaintMenu(RibbonPainter& paint, QPainter& painter) {
   const RibbonPainter::ToolState state = State();
   QColor ground = look_.Accent();
-  if (state.pressed) ground = MixOf(ground, Qt::black, 0.18);
-  else if (state.hover) ground = MixOf(ground, Qt::white, 0.22);
+  if (state.pressed)
+    ground = MixOf(ground, Qt::black, 0.18);
+  else if (state.hover)
+    ground = MixOf(ground, Qt::white, 0.22);
   const QRectF area = QRectF(rect()).adjusted(0, 3, 0, 0);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ground);

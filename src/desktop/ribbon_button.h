@@ -11,9 +11,9 @@ namespace ostrinka {
 class RibbonButton : public QAbstractButton {
  public:
   enum class Shape {
-    kLarge,   // icon above a caption of two lines
-    kSmall,   // caption alone, or icon beside it
-    kMark,    // a mark of lines
+    kLarge,  // icon above a caption of two lines
+    kSmall,  // caption alone, or icon beside it
+    kMark,   // a mark of lines
     kTab,
     kMenu,    // the main-menu button
     kWindow,  // minimise, maximise, close
@@ -25,7 +25,10 @@ class RibbonButton : public QAbstractButton {
   void SetCaptions(const QStringList& captions);
   void SetSplit(bool split) { split_ = split; }
   void SetSkinPicture(bool picture) { picture_ = picture; }  // a window button of the skin, not only a mark
-  void SetGlyph(Glyph glyph) { glyph_ = glyph; update(); }
+  void SetGlyph(Glyph glyph) {
+    glyph_ = glyph;
+    update();
+  }
   void SetIconName(const QString& name);
   // What the button shows now. False: nothing changed.
   bool Show(const QString& caption, bool enabled, bool checked, bool visible);

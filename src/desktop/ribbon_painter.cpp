@@ -12,7 +12,9 @@ QColor MixOf(const QColor& first, const QColor& second, double share) {
   return QColor(mixed(first.red(), second.red()), mixed(first.green(), second.green()), mixed(first.blue(), second.blue()));
 }
 
-QColor ReadableOn(const QColor& ground) { return qGray(ground.rgb()) > 140 ? QColor(Qt::black) : QColor(Qt::white); }
+QColor ReadableOn(const QColor& ground) {
+  return qGray(ground.rgb()) > 140 ? QColor(Qt::black) : QColor(Qt::white);
+}
 
 FrameColours::FrameColours(const Look& look) {
   const QColor menu = look.Colour(SkinColour::kMainMenu), ground = look.Colour(SkinColour::kBackground), accent = look.Accent();
@@ -42,7 +44,9 @@ bool RibbonPainter::Part(const QRectF& area, std::string_view image) {
   return true;
 }
 
-bool RibbonPainter::Three(const QRectF& area, std::string_view element) { return look_.DrawThree(painter_, area, element); }
+bool RibbonPainter::Three(const QRectF& area, std::string_view element) {
+  return look_.DrawThree(painter_, area, element);
+}
 
 bool RibbonPainter::Nine(const QRectF& area, const std::string& element, double top, double bottom) {
   const double inner = area.height() - top - bottom;
@@ -115,36 +119,60 @@ void RibbonPainter::Mark(Glyph glyph, const QRectF& area, const QColor& colour) 
   const double s = std::min(area.width(), area.height()) / 2;  // marks are drawn from -s to s
   painter_.setPen(QPen(colour, std::max(1.2, s * 0.26), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter_.setBrush(Qt::NoBrush);
-  const auto line = [&](double x1, double y1, double x2, double y2) { painter_.drawLine(QPointF(x1 * s, y1 * s), QPointF(x2 * s, y2 * s)); };
+  const auto line = [&](double x1, double y1, double x2, double y2) {
+    painter_.drawLine(QPointF(x1 * s, y1 * s), QPointF(x2 * s, y2 * s));
+  };
   const auto chevron = [&](double tip, double back) {
     painter_.drawPolyline(QPolygonF({QPointF(back * s, -0.8 * s), QPointF(tip * s, 0), QPointF(back * s, 0.8 * s)}));
   };
   switch (glyph) {
-    case Glyph::kFirst: chevron(-0.35, 0.5), line(-0.75, -0.8, -0.75, 0.8); break;
-    case Glyph::kPrevious: chevron(-0.45, 0.4); break;
-    case Glyph::kNext: chevron(0.45, -0.4); break;
-    case Glyph::kLast: chevron(0.35, -0.5), line(0.75, -0.8, 0.75, 0.8); break;
+    case Glyph::kFirst:
+      chevron(-0.35, 0.5), line(-0.75, -0.8, -0.75, 0.8);
+      break;
+    case Glyph::kPrevious:
+      chevron(-0.45, 0.4);
+      break;
+    case Glyph::kNext:
+      chevron(0.45, -0.4);
+      break;
+    case Glyph::kLast:
+      chevron(0.35, -0.5), line(0.75, -0.8, 0.75, 0.8);
+      break;
     case Glyph::kDrop:
       painter_.setPen(Qt::NoPen);
       painter_.setBrush(colour);
       painter_.drawPolygon(QPolygonF({QPointF(-s, -s * 0.5), QPointF(s, -s * 0.5), QPointF(0, s * 0.6)}));
       break;
-    case Glyph::kMenu: line(-0.9, -0.65, 0.9, -0.65), line(-0.9, 0, 0.9, 0), line(-0.9, 0.65, 0.9, 0.65); break;
-    case Glyph::kMinimise: line(-0.9, 0.5, 0.9, 0.5); break;
-    case Glyph::kMaximise: painter_.drawRect(QRectF(-0.85 * s, -0.85 * s, 1.7 * s, 1.7 * s)); break;
+    case Glyph::kMenu:
+      line(-0.9, -0.65, 0.9, -0.65), line(-0.9, 0, 0.9, 0), line(-0.9, 0.65, 0.9, 0.65);
+      break;
+    case Glyph::kMinimise:
+      line(-0.9, 0.5, 0.9, 0.5);
+      break;
+    case Glyph::kMaximise:
+      painter_.drawRect(QRectF(-0.85 * s, -0.85 * s, 1.7 * s, 1.7 * s));
+      break;
     case Glyph::kRestore:
       painter_.drawRect(QRectF(-0.9 * s, -0.45 * s, 1.35 * s, 1.35 * s));
       painter_.drawPolyline(QPolygonF({QPointF(-0.45 * s, -0.9 * s), QPointF(0.9 * s, -0.9 * s), QPointF(0.9 * s, 0.45 * s)}));
       break;
-    case Glyph::kClose: line(-0.8, -0.8, 0.8, 0.8), line(-0.8, 0.8, 0.8, -0.8); break;
-    case Glyph::kTick: painter_.drawPolyline(QPolygonF({QPointF(-0.8 * s, 0.05 * s), QPointF(-0.2 * s, 0.65 * s), QPointF(0.8 * s, -0.6 * s)})); break;
+    case Glyph::kClose:
+      line(-0.8, -0.8, 0.8, 0.8), line(-0.8, 0.8, 0.8, -0.8);
+      break;
+    case Glyph::kTick:
+      painter_.drawPolyline(QPolygonF({QPointF(-0.8 * s, 0.05 * s), QPointF(-0.2 * s, 0.65 * s), QPointF(0.8 * s, -0.6 * s)}));
+      break;
     case Glyph::kDot:
       painter_.setPen(Qt::NoPen);
       painter_.setBrush(colour);
       painter_.drawEllipse(QPointF(0, 0), s * 0.55, s * 0.55);
       break;
-    case Glyph::kMinus: line(-0.8, 0, 0.8, 0); break;
-    case Glyph::kPlus: line(-0.8, 0, 0.8, 0), line(0, -0.8, 0, 0.8); break;
+    case Glyph::kMinus:
+      line(-0.8, 0, 0.8, 0);
+      break;
+    case Glyph::kPlus:
+      line(-0.8, 0, 0.8, 0), line(0, -0.8, 0, 0.8);
+      break;
   }
   painter_.restore();
 }

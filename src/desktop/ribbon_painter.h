@@ -1,5 +1,5 @@
-// Paints the parts of the main window's frame: strips, tools, tabs, lists that drop down. Colours come from the skin, shapes are drawn anew for
-// every scale.
+// Paints the parts of the main window's frame: strips, tools, tabs, lists that drop down. Colours come from the skin, shapes are drawn anew
+// for every scale.
 #pragma once
 
 #include <QPainter>

@@ -1,4 +1,5 @@
-// The ribbon of the main window as widgets: tabs and, below them, the toolbars of the tab on show. Reads RibbonControl, hands events to MainWindow.
+// The ribbon of the main window as widgets: tabs and, below them, the toolbars of the tab on show. Reads RibbonControl, hands events to
+// MainWindow.
 #pragma once
 
 #include <QHash>
@@ -36,9 +37,9 @@ class RibbonView : public QWidget {
   void OpenList(std::string_view parent);
   std::vector<KeyTip> KeyTips() const;  // of what is on show
   RibbonButton* Button(std::string_view key) const;
-  QLineEdit* FindField() const;          // of the tab on show; null when it has none
+  QLineEdit* FindField() const;  // of the tab on show; null when it has none
   void SetTight(bool tight);
-  int NaturalWidth() const;              // of the tab on show
+  int NaturalWidth() const;  // of the tab on show
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -75,8 +76,8 @@ class RibbonView : public QWidget {
   QWidget* tab_row_;
   QStackedWidget* panels_;
   std::vector<Tool> tools_, tabs_;
-  std::vector<std::pair<std::string, QWidget*>> bars_;        // toolbars by key
-  std::vector<std::pair<std::string, QLineEdit*>> searches_;  // find fields by tab
+  std::vector<std::pair<std::string, QWidget*>> bars_;                 // toolbars by key
+  std::vector<std::pair<std::string, QLineEdit*>> searches_;           // find fields by tab
   std::vector<std::pair<const RibbonRow*, RibbonButton*>> alphabets_;  // each with its first letter
   QHash<QString, QWidget*> panel_of_;
   QHash<const RibbonButton*, std::string> told_tips_;

@@ -1,9 +1,9 @@
 #include "desktop/status_bar.h"
 
 #include <QHBoxLayout>
+#include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionSlider>
-#include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -65,9 +65,8 @@ StatusBar::StatusBar(MainWindow& window, const Look& look, QWidget* parent) : QW
     made->setFixedSize(24, kHeight);
     made->setAccessibleName(look_.Text(name));
     made->setToolTip(look_.Text(name));
-    QObject::connect(made, &QAbstractButton::clicked, this, [this, step] {
-      window_.Zoom((std::round(window_.zoom() * 100 / kStep) * kStep + step) / 100);
-    });
+    QObject::connect(made, &QAbstractButton::clicked, this,
+                     [this, step] { window_.Zoom((std::round(window_.zoom() * 100 / kStep) * kStep + step) / 100); });
     return made;
   };
   less_ = button(Glyph::kMinus, "mdi.zoom.less", -kStep);
@@ -91,7 +90,9 @@ void StatusBar::Refresh(int row, int count) {
   place_.clear();
   if (count >= 0) place_ = look_.Text("mdi.status.rows").replace("{0}", QLocale(QLocale::Polish).toString(count));
   if (count > 0 && row > 0) {
-    place_ = look_.Text("mdi.status.place").replace("{0}", QLocale(QLocale::Polish).toString(row)).replace("{1}", QLocale(QLocale::Polish).toString(count));
+    place_ = look_.Text("mdi.status.place")
+                 .replace("{0}", QLocale(QLocale::Polish).toString(row))
+                 .replace("{1}", QLocale(QLocale::Polish).toString(count));
   }
   SetText(ToQt(window_.ribbon.StatusBarText()));
 }

@@ -42,7 +42,8 @@ void TitleStrip::paintEvent(QPaintEvent*) {
   painter.setFont(look_.BoldFont());
   painter.setPen(active ? c.strip_text : c.strip_text_off);
   const QRectF text(kPadding, 0, width() - kPadding - kCloseWidth - 4, height());
-  painter.drawText(text, Qt::AlignVCenter, painter.fontMetrics().elidedText(window()->windowTitle(), Qt::ElideRight, static_cast<int>(text.width())));
+  painter.drawText(text, Qt::AlignVCenter,
+                   painter.fontMetrics().elidedText(window()->windowTitle(), Qt::ElideRight, static_cast<int>(text.width())));
   const QRectF close = CloseArea();
   if (hot_) painter.fillRect(close, pressed_ ? c.error.darker(120) : c.error);
   painter.setPen(QPen(hot_ || active ? c.strip_text : c.strip_text_off, 1.5, Qt::SolidLine, Qt::RoundCap));
@@ -80,7 +81,8 @@ void TitleStrip::leaveEvent(QEvent*) {
 }
 
 bool TitleStrip::eventFilter(QObject*, QEvent* event) {
-  if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowTitleChange) update();
+  if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowTitleChange)
+    update();
   return false;
 }
 

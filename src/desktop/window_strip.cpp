@@ -84,7 +84,9 @@ void WindowStrip::mouseMoveEvent(QMouseEvent* event) {
   if (moving_) window()->move(event->globalPosition().toPoint() - grip_);
 }
 
-void WindowStrip::mouseReleaseEvent(QMouseEvent*) { moving_ = false; }
+void WindowStrip::mouseReleaseEvent(QMouseEvent*) {
+  moving_ = false;
+}
 
 void WindowStrip::mouseDoubleClickEvent(QMouseEvent* event) {
   moving_ = false;

@@ -87,6 +87,7 @@ void frm_Admin_usr_::LayOut() {
                  .Row({{"usr.lbl.phone", txtTelefon, 6}, {"usr.lbl.fax", txtFaks, 6}})
                  .Row({{"usr.lbl.email", txtEMail, 6}, {"usr.lbl.www", txtWWW, 6}})})
       .Row({{"usr.lbl.logo", lblLogo, 6}, {"", btnLogo, 3}, {"", btnClrLogo, 3}});
+  btnSave.SetToolTip(program_.Text("usr.btn.ok") + " (Ctrl+Enter)");
   Buttons({{"usr.btn.ok", btnSave}, {"usr.btn.cancel", btnCancel}});
 }
 

@@ -27,6 +27,7 @@ RecordEditor::RecordEditor(Program& program, int table, std::string name, const 
   Register("memoExec_", memoExec_);
   Register("btnSave", btnSave);
   Register("btnCancel", btnCancel);
+  btnSave.SetToolTip(program.Text(keys + ".btn.ok") + " (Ctrl+Enter)");
   Buttons({{keys + ".btn.ok", btnSave}, {keys + ".btn.cancel", btnCancel}});
 
   btnSave.Clicked += [this] { Save(); };

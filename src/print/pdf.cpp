@@ -76,7 +76,9 @@ bool ClassPDF::PageAdd(float width, float height) {
   int page = TakeObject(Kind::kPage, pages_.size());
   int contents = TakeObject(Kind::kContents, contents_.size());
   pages_.push_back({width, height, contents, page});
+  const size_t before = contents_.empty() ? 0 : contents_.back().text.size();
   contents_.push_back({0, "", contents});
+  contents_.back().text.reserve(before + before / 8);  // pages of a job are much alike
   return true;
 }
 

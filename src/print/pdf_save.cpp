@@ -119,6 +119,16 @@ void ClassPDF::WriteObject(Output& out, const ObjectRow& object) {
   }
 }
 
+namespace {
+
+// Trimmed without a copy: contents and pictures are long.
+std::string_view WithoutEndBlanks(std::string_view text) {
+  const size_t first = text.find_first_not_of(' ');
+  return first == std::string_view::npos ? std::string_view() : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
 // Every page lists every font and every image of the document: the text is the same for all.
 void ClassPDF::MakeResources() {
   resources_ = "/Resources <<\r\n/ProcSet [ /PDF /Text /ImageB /ImageC /ImageI ]\r\n/Font\r\n<<\r\n";
@@ -141,7 +151,7 @@ void ClassPDF::WritePage(Output& out, const PageRow& page) {
 void ClassPDF::WriteContents(Output& out, const ContentsRow& contents) {
   // The length stays 0, kept: readers recover it from "endstream".
   out.Lines({std::to_string(contents.object) + " 0 obj", "<<", "/Length " + std::to_string(std::lround(contents.length)), ">>", "stream"});
-  out.Line(Trim(contents.text));
+  out.Line(WithoutEndBlanks(contents.text));
   out.Lines({"endstream", "endobj"});
 }
 
@@ -150,7 +160,7 @@ void ClassPDF::WriteImage(Output& out, const ImageRow& image) {
              "/Name /Image" + std::to_string(image.number), "/Width " + std::to_string(image.width),
              "/Height " + std::to_string(image.height), "/BitsPerComponent 8", "/ColorSpace /DeviceRGB", "/ImageMask false", "/Length 0",
              "/Filter /AHx", "/BitsPerComponent 8", ">>", "stream"});
-  out.Line(Trim(image.hex));
+  out.Line(WithoutEndBlanks(image.hex));
   out.Lines({"endstream", "endobj"});
 }
 

@@ -94,10 +94,15 @@ void frm_Dok_sprzed::LayOut() {
   };
   for (const auto& [button, key] : captions) button->caption_key = key;
   const std::pair<ButtonControl*, const char*> icons[] = {
-      {&btnSave, "btnsave.ico"}, {&btnPrint, "btnprint.ico"},    {&btnCancel, "btncancel.ico"},  {&btnAdd, "btnadd.ico"},        {&btnEdit, "btnedit.ico"},
-      {&btnRemove, "btnremove.ico"}, {&memoAdd, "btnattadd.ico"}, {&memoDel, "btnattdel.ico"}, {&memoExec, "btnattopen.ico"},
+      {&btnSave, "btnsave.ico"},     {&btnPrint, "btnprint.ico"},  {&btnCancel, "btncancel.ico"},
+      {&btnAdd, "btnadd.ico"},       {&btnEdit, "btnedit.ico"},    {&btnRemove, "btnremove.ico"},
+      {&memoAdd, "btnattadd.ico"},   {&memoDel, "btnattdel.ico"},  {&memoExec, "btnattopen.ico"},
   };
   for (const auto& [button, icon] : icons) button->icon = icon;
+  btnAdd.SetToolTip(program_.Text("sdoc.btn.add") + " (Insert)");
+  btnEdit.SetToolTip(program_.Text("sdoc.btn.edit") + " (F2)");
+  btnRemove.SetToolTip(program_.Text("sdoc.btn.remove") + " (Delete)");
+  btnSave.SetToolTip(program_.Text("sdoc.btn.ok") + " (Ctrl+Enter)");
   chkAN.caption_key = "sdoc.chk.an";
   chkPłatnik.caption_key = "sdoc.chk.payer";
   chkDateTo.caption_key = "sdoc.chk.dateto";
