@@ -35,6 +35,9 @@ class Desktop {
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
       if (view_) view_->Tick();
     });
+    // What tables' scans keep mapped is given back twice a minute; the next scan takes it again.
+    QObject::connect(&upkeep_, &QTimer::timeout, &upkeep_, [this] { platform_.platform.files.DropViews(); });
+    upkeep_.start(30000);
   }
 
   int Run(const std::string& command_line) {
@@ -73,7 +76,7 @@ class Desktop {
   Program program_;
   Look look_;
   Startup startup_;
-  QTimer timer_;
+  QTimer timer_, upkeep_;
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainWindowView> view_;
   bool ended_ = false;

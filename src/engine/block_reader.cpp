@@ -16,13 +16,35 @@ BlockReader::BlockReader(TableFile& file, int32_t record_length, int32_t first, 
       last_(last),
       next_(ascending ? first : last),
       per_block_(std::max(1, kBlockBytes / record_length)),
-      ascending_(ascending) {}
+      ascending_(ascending) {
+  SeeAll();
+}
+
+void BlockReader::SeeAll() {
+  const int32_t there = std::min(last_, file_.CountRecords(record_length_));
+  if (first_ < 1 || there < first_ || there - first_ < per_block_) return;
+  seen_ = file_.View(TableFile::RecordAt(first_, record_length_), static_cast<size_t>(there - first_ + 1) * static_cast<size_t>(record_length_));
+  if (!seen_) return;
+  last_ = there;
+  if (!ascending_) next_ = last_;
+}
 
 bool BlockReader::Fill() {
+  if (seen_) {
+    // What another program cut off meanwhile reads as zeros there: the end is looked up anew for every block.
+    last_ = std::min(last_, file_.CountRecords(record_length_));
+    if (!ascending_) next_ = std::min(next_, last_);
+    if (next_ < first_ || next_ > last_) return false;
+  }
   block_first_ = ascending_ ? next_ : std::max(first_, next_ - per_block_ + 1);
   block_last_ = ascending_ ? static_cast<int32_t>(std::min<int64_t>(last_, int64_t{next_} + per_block_ - 1)) : next_;
+  if (seen_) {
+    data_ = seen_.get() + int64_t{block_first_ - first_} * record_length_;
+    return true;
+  }
   block_.resize(static_cast<size_t>(block_last_ - block_first_ + 1) * static_cast<size_t>(record_length_));
   const int64_t got = file_.ReadSome(TableFile::RecordAt(block_first_, record_length_), block_.data(), block_.size());
+  data_ = block_.data();
   const int32_t whole = got < 0 ? 0 : static_cast<int32_t>(got / record_length_);
   block_last_ = block_first_ + whole - 1;
   // A file that became shorter meanwhile: what is still there is read.
@@ -35,7 +57,7 @@ const char* BlockReader::Next(int32_t& n) {
   if ((next_ < block_first_ || next_ > block_last_) && !Fill()) return nullptr;
   n = next_;
   next_ += ascending_ ? 1 : -1;
-  return block_.data() + static_cast<size_t>(n - block_first_) * static_cast<size_t>(record_length_);
+  return data_ + static_cast<size_t>(n - block_first_) * static_cast<size_t>(record_length_);
 }
 
 }  // namespace ostrinka

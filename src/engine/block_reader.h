@@ -1,7 +1,8 @@
-// Reads the records of a range one after the other in large blocks, in either direction.
+// Reads the records of a range one after the other, in either direction: in place where the platform shows the file, in large blocks elsewhere.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "engine/table_file.h"
@@ -18,11 +19,14 @@ class BlockReader {
 
  private:
   bool Fill();
+  void SeeAll();
 
   TableFile& file_;
   int32_t record_length_, first_, last_, next_, per_block_;
   bool ascending_;
   std::string block_;
+  std::shared_ptr<const char> seen_;  // the whole range, when it is read in place
+  const char* data_ = nullptr;        // record `block_first_`
   int32_t block_first_ = 1, block_last_ = 0;
 };
 

@@ -41,6 +41,7 @@ class TableFile {
   bool ReadBytes(int64_t position, void* to, size_t length);
   // Bytes read, fewer at the end of the file, -1 on error.
   int64_t ReadSome(int64_t position, void* to, size_t length) { return file_ ? file_->ReadAt(position, to, length) : -1; }
+  std::shared_ptr<const char> View(int64_t position, size_t length) { return file_ ? file_->View(position, length) : nullptr; }
   bool WriteBytes(int64_t position, const void* from, size_t length);
   bool Resize(int64_t length) { return file_ && file_->Resize(length); }
 

@@ -16,6 +16,12 @@ class File {
   virtual int64_t Size() = 0;  // -1 on error
   // Bytes read, fewer only at the end of the file; -1 on error.
   virtual int64_t ReadAt(int64_t position, void* to, size_t length) = 0;
+  // The bytes where the platform holds them, without a copy, as long as the pointer is kept. They follow later writes to the file; bytes that
+  // the file loses meanwhile read as 0. Null when the file is shorter, or when copying by ReadAt is the better way.
+  virtual std::shared_ptr<const char> View(int64_t position, size_t length) {
+    (void)position, (void)length;
+    return nullptr;
+  }
   // All or nothing is promised to the caller only in the result: false when any byte was not written.
   virtual bool WriteAt(int64_t position, const void* from, size_t length) = 0;
   virtual bool Resize(int64_t length) = 0;
@@ -44,6 +50,8 @@ class FileSystem {
   virtual bool MakeFolders(const std::string& path) = 0;   // each level in turn
   virtual std::vector<std::string> ListFiles(const std::string& folder) = 0;  // bare names of plain files, sorted
   virtual std::string TemporaryFolder() = 0;               // with a closing slash
+  // Gives back the memory that views of files occupy; those in use stay.
+  virtual void DropViews() {}
 
   // Whole files. Read gives false when absent, unreadable or above `limit` bytes; Write replaces the file through a neighbour and a rename.
   bool ReadAll(const std::string& path, std::string& content, int64_t limit = int64_t{1} << 30);

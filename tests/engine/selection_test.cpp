@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "engine/condition.h"
 #include "engine/table_fixture.h"
 
@@ -199,6 +201,36 @@ TEST_F(TableTest, RecordsWiderThanABlockAreScannedBothWays) {
   EXPECT_THAT(table->selection(), ElementsAre(3));
   EXPECT_EQ(table->SELECTION("*", "*", "", ordDesc), 4);
   EXPECT_THAT(table->selection(), ElementsAre(4, 3, 2, 1));
+}
+
+// Every pass but the first reads in place; another program may add to the file, change it, or cut it off meanwhile.
+TEST_F(TableTest, LaterPassesSeeWhatOthersWrite) {
+  auto table = Create(path);
+  ASSERT_TRUE(table->FIELD_ADD("NAZWA", kText, 400, "", ""));
+  constexpr int kRecords = 6000;
+  for (int i = 1; i <= kRecords; ++i) ASSERT_TRUE(table->RECORD_ADD({"towar" + std::to_string(i)}));
+  for (const int order : {ordAsc, ordDesc, ordAsc}) {
+    ASSERT_EQ(table->SELECTION("*", "NAZWA # \"towar59\"", "", order), 111);
+    EXPECT_EQ(table->selection().front(), order == ordAsc ? 59 : 5999);
+  }
+  auto other = Open(path);
+  ASSERT_TRUE(other->RECORD_ADD({"towar59 nowy"}));
+  ASSERT_TRUE(other->RECORD_LOAD(59));
+  other->FIELD("NAZWA", "inny");
+  ASSERT_TRUE(other->RECORD_SAVE(59));
+  ASSERT_EQ(other->SELECTION("*", "NAZWA # \"towar59\"", "", ordDesc), 111);
+  EXPECT_EQ(other->selection().front(), kRecords + 1);
+  EXPECT_EQ(other->selection().back(), 590);
+
+  const auto whole = static_cast<int64_t>(std::filesystem::file_size(path));
+  table->progress = [&](int percent) {
+    if (percent > 50) std::filesystem::resize_file(path, static_cast<size_t>(whole / 4));
+  };
+  const int found = table->SELECTION("*", "*", "", ordAsc);
+  EXPECT_GT(found, kRecords / 2);
+  EXPECT_LT(found, kRecords);
+  table->progress = nullptr;
+  EXPECT_LT(table->SELECTION("*", "*", "", ordDesc), kRecords / 2);
 }
 
 }  // namespace

@@ -22,7 +22,8 @@ std::string PlatformPath(const std::string& path) {
 
 class PosixFile : public File {
  public:
-  PosixFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+  PosixFile(int descriptor, std::string path, std::shared_ptr<FileView> view)
+      : descriptor_(descriptor), path_(std::move(path)), view_(std::move(view)) {}
   ~PosixFile() override { close(descriptor_); }
 
   int64_t Size() override {
@@ -45,6 +46,10 @@ class PosixFile : public File {
     return static_cast<int64_t>(done);
   }
 
+  std::shared_ptr<const char> View(int64_t position, size_t length) override {
+    return view_ ? view_->Bytes(descriptor_, position, length) : nullptr;
+  }
+
   bool WriteAt(int64_t position, const void* from, size_t length) override {
     size_t done = 0;
     while (done < length) {
@@ -59,7 +64,10 @@ class PosixFile : public File {
     return true;
   }
 
-  bool Resize(int64_t length) override { return Check(ftruncate(descriptor_, length)); }
+  bool Resize(int64_t length) override {
+    if (view_) view_->Drop();
+    return Check(ftruncate(descriptor_, length));
+  }
 
   bool Lock(int64_t position, int64_t length, bool exclusive) override {
     return SetLock(position, length, static_cast<short>(exclusive ? F_WRLCK : F_RDLCK));
@@ -90,6 +98,7 @@ class PosixFile : public File {
 
   int descriptor_;
   std::string path_;
+  std::shared_ptr<FileView> view_;
   int error_ = 0;
 };
 
@@ -109,7 +118,7 @@ std::unique_ptr<File> PosixFileSystem::Open(const std::string& path, OpenMode mo
     if (error) *error = std::strerror(errno);
     return nullptr;
   }
-  return std::make_unique<PosixFile>(descriptor, name);
+  return std::make_unique<PosixFile>(descriptor, name, views_.Of(descriptor, status.st_dev, status.st_ino));
 }
 
 bool PosixFileSystem::FileExists(const std::string& path) {
@@ -158,6 +167,8 @@ std::vector<std::string> PosixFileSystem::ListFiles(const std::string& folder) {
   std::sort(names.begin(), names.end());
   return names;
 }
+
+void PosixFileSystem::DropViews() { views_.Drop(); }
 
 std::string PosixFileSystem::TemporaryFolder() {
   const char* named = std::getenv("TMPDIR");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/files.h"
+#include "platform/posix/file_views.h"
 
 namespace ostrinka {
 
@@ -17,6 +18,10 @@ class PosixFileSystem : public FileSystem {
   bool MakeFolders(const std::string& path) override;
   std::vector<std::string> ListFiles(const std::string& folder) override;
   std::string TemporaryFolder() override;
+  void DropViews() override;
+
+ private:
+  FileViews views_;
 };
 
 }  // namespace ostrinka

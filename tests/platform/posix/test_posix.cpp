@@ -48,6 +48,44 @@ TEST_F(PosixTest, AReplacedFileIsNoLongerNamedByItsPath) {
   EXPECT_FALSE(open->StillNamed());
 }
 
+TEST_F(PosixTest, AViewFollowsTheFileAndSurvivesItsLoss) {
+  constexpr size_t kLength = 64 * 1024;
+  ASSERT_TRUE(files.WriteAll(folder / "t", std::string(kLength, 'a')));
+  const auto file = files.Open(folder / "t", OpenMode::kReadWrite);
+  EXPECT_EQ(file->View(0, kLength), nullptr);  // the first pass is better copied
+  const auto view = file->View(0, kLength);
+  ASSERT_NE(view, nullptr) << "the temporary folder is on no local file system";
+  EXPECT_EQ(std::string(view.get(), kLength), std::string(kLength, 'a'));
+  EXPECT_EQ(file->View(1, kLength), nullptr);
+
+  const pid_t child = fork();
+  if (child == 0) {
+    PosixFileSystem own;
+    const auto other = own.Open(folder / "t", OpenMode::kReadWrite);
+    _exit(other->WriteAt(10, "bcd", 3) && other->WriteAt(kLength, "efgh", 4) ? 0 : 1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(std::string(view.get() + 10, 3), "bcd");
+  const auto longer = file->View(kLength - 2, 6);
+  ASSERT_NE(longer, nullptr);
+  EXPECT_EQ(std::string(longer.get(), 6), "aaefgh");
+
+  // Someone cuts the file off in the middle of a pass: zeros instead of a fault, and what is left is seen by the next.
+  ASSERT_EQ(truncate((folder / "t").c_str(), 20), 0);
+  EXPECT_EQ(view.get()[kLength - 1], 0);
+  EXPECT_EQ(file->View(0, kLength), nullptr);
+  const auto rest = file->View(0, 20);
+  ASSERT_NE(rest, nullptr);
+  EXPECT_EQ(std::string(rest.get() + 10, 3), "bcd");
+  const auto same_file = files.Open(folder / "t", OpenMode::kRead);
+  EXPECT_NE(same_file->View(0, 20), nullptr);  // mapped already
+  files.DropViews();
+  EXPECT_EQ(std::string(rest.get() + 10, 3), "bcd");
+  EXPECT_EQ(file->View(0, 20), nullptr);
+}
+
 TEST_F(PosixTest, FoldersAreNoFilesAndBothSlashesSeparate) {
   ASSERT_TRUE(files.MakeFolders((folder / "x\\y") + "\\z\\"));
   std::string error;
