@@ -76,9 +76,17 @@ bool ClassPDF::PageAdd(float width, float height) {
   int page = TakeObject(Kind::kPage, pages_.size());
   int contents = TakeObject(Kind::kContents, contents_.size());
   pages_.push_back({width, height, contents, page});
-  const size_t before = contents_.empty() ? 0 : contents_.back().text.size();
-  contents_.push_back({0, "", contents});
-  contents_.back().text.reserve(before + before / 8);  // pages of a job are much alike
+  const size_t before = contents_.empty() ? 0 : Content().size();
+  contents_.push_back({0, "", contents, nullptr});
+  drawn_ = contents_.size() - 1;
+  Content().reserve(before + before / 8);  // pages of a job are much alike
+  return true;
+}
+
+bool ClassPDF::PageAdd(float width, float height, std::function<void(ClassPDF&)> draw) {
+  const size_t before = pages_.size();
+  PageAdd(width, height);
+  if (pages_.size() > before) contents_.back().draw = std::move(draw);
   return true;
 }
 
@@ -127,18 +135,18 @@ std::string ClassPDF::FormatNumber(double value, int places) const {
 }
 
 double ClassPDF::Y(double y) const {
-  return pages_.empty() ? 0 : (double{pages_.back().height} - y) * kPdfUnitsPerMm;
+  return pages_.empty() ? 0 : (double{pages_[drawn_].height} - y) * kPdfUnitsPerMm;
 }
 
 ClassPDF& ClassPDF::Number(double value) {
-  AppendNumber(contents_.back().text, value);
-  contents_.back().text += ' ';
+  AppendNumber(Content(), value);
+  Content() += ' ';
   return *this;
 }
 
 void ClassPDF::Line(std::string_view text) {
-  contents_.back().text += text;
-  contents_.back().text += "\r\n";
+  Content() += text;
+  Content() += "\r\n";
 }
 
 void ClassPDF::ColourLine(Colour colour, std::string_view how) {
@@ -239,7 +247,7 @@ void ClassPDF::TextBlock(std::string_view hex, int64_t width, int font, double s
   double shift = align == 0 ? static_cast<double>(width) * size * 0.5 : align == -1 ? static_cast<double>(width) * size : 0;
   x *= kPdfUnitsPerMm;
   y = Y(y);
-  std::string& text = contents_.back().text;
+  std::string& text = Content();
   ColourLine(stroke_, "rg");
   text += "BT\r\n/F";
   AppendWhole(text, static_cast<uint64_t>(std::max(font, 0)));
@@ -269,23 +277,28 @@ std::string ClassPDF::hex2_(uint8_t r, uint8_t g, uint8_t b) {
   return hex;
 }
 
-void ClassPDF::DrawImage(double x1, double y1, double x2, double y2, const std::string& path) {
+int ClassPDF::ImageAdd(const std::string& path) {
   std::unique_ptr<File> file = contents_.empty() ? nullptr : files_.Open(path, OpenMode::kRead);
   char header[26] = {};
-  if (!file || file->ReadAt(0, header, sizeof header) < 2 || header[0] != 'B' || header[1] != 'M') return;
+  if (!file || file->ReadAt(0, header, sizeof header) < 2 || header[0] != 'B' || header[1] != 'M') return 0;
   ++image_number_;
-  Line("q");
-  Number((x2 - x1) * kPdfUnitsPerMm);
-  contents_.back().text += "0 0 ";
-  Number(Y(y2) - Y(y1)).Number(x1 * kPdfUnitsPerMm).Number(Y(y1)).Line("cm");
-  Line("/Image" + std::to_string(image_number_) + " Do");
-  Line("Q");
-  Line("%IMAGE/%");
-  if (images_.size() >= kImageLimit) return;
+  if (images_.size() >= kImageLimit) return image_number_;
   ImageRow image{image_number_, LoadLe<int32_t>(header + 18), LoadLe<int32_t>(header + 22), 0, ""};
   image.object = TakeObject(Kind::kImage, images_.size());
   ReadBitmapRows(*file, LoadLe<uint32_t>(header + 10), image);
   images_.push_back(std::move(image));
+  return image_number_;
+}
+
+void ClassPDF::PlaceImage(double x1, double y1, double x2, double y2, int number) {
+  if (number < 1 || contents_.empty()) return;
+  Line("q");
+  Number((x2 - x1) * kPdfUnitsPerMm);
+  Content() += "0 0 ";
+  Number(Y(y2) - Y(y1)).Number(x1 * kPdfUnitsPerMm).Number(Y(y1)).Line("cm");
+  Line("/Image" + std::to_string(number) + " Do");
+  Line("Q");
+  Line("%IMAGE/%");
 }
 
 // Rows in the order of the file, for as long as the file holds them.

@@ -1,12 +1,13 @@
 // Writes a PDF 1.3 file from drawing calls in millimetres from the top left of the sheet.
 //
 // No font is embedded: text addresses the glyphs of Arial, Courier New and Tahoma by number, so the reader must have these fonts. Objects
-// are numbered as they are asked for, page content is text in memory, and Save writes everything in one pass. Order of calls: Clear, every
+// are numbered as they are asked for, page content is text in memory or drawn while Save writes, in one pass. Order of calls: Clear, every
 // FontAdd, then for each page PageAdd and its drawing, then Save.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -30,6 +31,9 @@ class ClassPDF {
   bool Clear();  // true
   // Size in mm. True; ignored when 9,999 pages stand.
   bool PageAdd(float width, float height);
+  // The same for a page that `draw` draws when Save reaches it, so that a job of any length takes the memory of one page. Its pictures must be
+  // known before, by ImageAdd.
+  bool PageAdd(float width, float height, std::function<void(ClassPDF&)> draw);
   int FontAdd(std::string_view name);  // the font's number, from 1; 0 when 256 fonts stand
   // Always false, kept: callers ask written() instead.
   bool Save(const std::string& path);
@@ -42,7 +46,10 @@ class ClassPDF {
   void DrawNativeText(std::string_view codes, int font, double size, double x, double y, int align, double angle);
   void DrawLine(double x1, double y1, double x2, double y2);
   // An uncompressed 24-bit bitmap; a file that does not start with "BM" is skipped.
-  void DrawImage(double x1, double y1, double x2, double y2, const std::string& path);
+  void DrawImage(double x1, double y1, double x2, double y2, const std::string& path) { PlaceImage(x1, y1, x2, y2, ImageAdd(path)); }
+  // The two halves of it: reading, which gives the picture's number or 0, and drawing, which passes over 0.
+  int ImageAdd(const std::string& path);
+  void PlaceImage(double x1, double y1, double x2, double y2, int number);
   static std::string hex2_(uint8_t r, uint8_t g, uint8_t b);
   static int64_t prv_w4bmp_(int64_t bytes) { return (bytes + 3) / 4 * 4; }
   void DrawRect(double x1, double y1, double x2, double y2);
@@ -72,6 +79,7 @@ class ClassPDF {
     float length;
     std::string text;
     int object;
+    std::function<void(ClassPDF&)> draw;
   };
   struct FontRow {
     std::string name;
@@ -86,6 +94,7 @@ class ClassPDF {
   };
   class Output;
 
+  std::string& Content() { return contents_[drawn_].text; }
   int TakeObject(Kind kind, size_t index);
   Face FaceOfFont(int font) const;
   double Y(double y) const;                                // PDF units
@@ -100,7 +109,7 @@ class ClassPDF {
   void MakeResources();
   void WriteObject(Output& out, const ObjectRow& object);
   void WritePage(Output& out, const PageRow& page);
-  void WriteContents(Output& out, const ContentsRow& contents);
+  void WriteContents(Output& out, size_t index);
   void WriteFont(Output& out, const FontRow& font);
   void WriteImage(Output& out, const ImageRow& image);
   void WriteTail(Output& out);
@@ -111,6 +120,8 @@ class ClassPDF {
   std::vector<ObjectRow> objects_;  // object 1 first
   std::vector<PageRow> pages_;
   std::vector<ContentsRow> contents_;
+  size_t drawn_ = 0;       // the page under the pen
+  std::string reused_;     // content of a page that is drawn while it is written
   std::vector<FontRow> fonts_;
   std::vector<ImageRow> images_;
   std::string resources_;  // of every page, made by Save

@@ -106,7 +106,7 @@ void ClassPDF::WriteObject(Output& out, const ObjectRow& object) {
       WritePage(out, pages_[index]);
       break;
     case Kind::kContents:
-      WriteContents(out, contents_[index]);
+      WriteContents(out, index);
       break;
     case Kind::kFont:
       WriteFont(out, fonts_[index]);
@@ -148,11 +148,19 @@ void ClassPDF::WritePage(Output& out, const PageRow& page) {
   out.Lines({"/Parent 2 0 R", ">>", "endobj"});
 }
 
-void ClassPDF::WriteContents(Output& out, const ContentsRow& contents) {
+void ClassPDF::WriteContents(Output& out, size_t index) {
+  ContentsRow& contents = contents_[index];
+  if (contents.draw) {
+    drawn_ = index;
+    contents.text.swap(reused_);
+    contents.text.clear();
+    contents.draw(*this);
+  }
   // The length stays 0, kept: readers recover it from "endstream".
   out.Lines({std::to_string(contents.object) + " 0 obj", "<<", "/Length " + std::to_string(std::lround(contents.length)), ">>", "stream"});
   out.Line(WithoutEndBlanks(contents.text));
   out.Lines({"endstream", "endobj"});
+  if (contents.draw) contents.text.swap(reused_);
 }
 
 void ClassPDF::WriteImage(Output& out, const ImageRow& image) {

@@ -141,7 +141,8 @@ class ClassPRINT {
   int32_t WrapWords(std::string_view cp1250, TextBox box, bool draw) const;
   void RecordText(std::string_view cp1250, int64_t x, int64_t y, Anchor anchor) const;
   bool Play(const PageRecord& record, Canvas& target, const RectF& frame);
-  void AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
+  // `picture`: number of an image in the PDF.
+  void AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number, int picture) const;
   void AddTextToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
   const Picture* LoadPicture(const std::string& path, double width, double height);
 

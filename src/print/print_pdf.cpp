@@ -23,20 +23,29 @@ bool ClassPRINT::MAKE_PDF(const std::string& path) {
   ClassPDF pdf(program_.platform.files, program_.locale);
   pdf.Clear();
   for (int face = 0; face < kFaces; ++face) pdf.FontAdd(FaceName(static_cast<Face>(face)));
-  // The page of an element is never below that of the one before, so that one walk serves all pages.
+  // The page of an element is never below that of the one before, so that one walk serves all pages. A page is drawn when it is written; its
+  // pictures are numbered now, among the pages.
   auto element = elements_.begin();
   int32_t number = 0;
   for (const PageRecord& page : pages_) {
     ++number;
-    pdf.PageAdd(page.Width, page.Height);
-    std::string page_number = std::to_string(page.PageNumber);
-    for (; element != elements_.end() && element->Page == number; ++element) AddToPdf(pdf, *element, page_number);
+    const auto first = element;
+    auto pictures = std::make_shared<std::vector<int>>();
+    pdf.PageAdd(page.Width, page.Height, [this, first, number, pictures, text = std::to_string(page.PageNumber)](ClassPDF& to) {
+      auto picture = pictures->cbegin();
+      for (auto at = first; at != elements_.end() && at->Page == number; ++at) {
+        AddToPdf(to, *at, text, at->Kind == ElementKind::kImage ? *picture++ : 0);
+      }
+    });
+    for (; element != elements_.end() && element->Page == number; ++element) {
+      if (element->Kind == ElementKind::kImage) pictures->push_back(pdf.ImageAdd(element->Text));
+    }
   }
   pdf.Save(path);
   return pdf.written();
 }
 
-void ClassPRINT::AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const {
+void ClassPRINT::AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number, int picture) const {
   pdf.SetAttrs(element.Colour, element.Colour, element.PenStyle, element.WidthStyle);
   switch (element.Kind) {
     case ElementKind::kLine:
@@ -59,7 +68,7 @@ void ClassPRINT::AddToPdf(ClassPDF& pdf, const PageElement& element, const std::
       pdf.DrawPolygon();
       break;
     case ElementKind::kImage:
-      pdf.DrawImage(element.X[0], element.Y[0], element.X[1], element.Y[1], element.Text);
+      pdf.PlaceImage(element.X[0], element.Y[0], element.X[1], element.Y[1], picture);
       break;
   }
 }
