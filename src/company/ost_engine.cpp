@@ -47,10 +47,40 @@ void CloseTables(Program& program) {
   }
 }
 
+// The hourglass for as long as it lives: while it shows, the window takes nothing from the person.
+class Hourglass {
+ public:
+  explicit Hourglass(UserInterface* ui) : ui_(ui) {
+    if (ui_) ui_->SetBusy(true);
+  }
+  ~Hourglass() {
+    if (ui_) ui_->SetBusy(false);
+  }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+
+ private:
+  UserInterface* ui_;
+};
+
+// A selection over a table that is large enough to be felt tells how far it is, under the hourglass.
+void ShowProgress(Program& program, ClassQDBASE& table) {
+  table.progress = [&program, told = false](int percent) mutable {
+    constexpr int kDone = 100;
+    UserInterface& ui = program.platform.ui;
+    if (percent >= kDone && !told) return;
+    told = percent < kDone;
+    ui.SetBusy(told);
+    program.Status(told ? program.Text("mdi.pleasewait") + " " + std::to_string(percent) + " %" : std::string());
+    ui.TurnEvents();
+  };
+}
+
 bool OpenTable(Program& program, int number, const std::string& folder, const LoginResult& login) {
   auto table = std::make_shared<ClassQDBASE>(program.platform);
   if (!table->DATABASE_OPEN(folder + TableFile(number), login.user, login.password, false, false, true)) return false;
   program.tables[static_cast<size_t>(number)] = table;
+  ShowProgress(program, *table);
   if (number != kFirma) {
     ShowListColumns(program, number, *table);
     return true;
@@ -129,6 +159,7 @@ void OSTEngine::open_(bool silent, bool& ok) {
   const std::string folder = program_.DatabaseFolder();
   const std::string left_overs = LeftOvers(program_, folder);
   if (!left_overs.empty()) program_.Message("msg.info.dbleftover", MessageKind::kWarning, {left_overs});
+  const Hourglass hourglass(silent ? nullptr : &program_.platform.ui);
   BringUpToDate(folder, login);
   steps_ = 0;
   size_t opened = 0;

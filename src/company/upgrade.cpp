@@ -53,7 +53,12 @@ template <typename Change>
 bool ChangeRecords(Upgrade& upgrade, ClassQDBASE& table, Change change) {
   bool saved = true;
   const int32_t count = table.RECORD_COUNT();
+  constexpr int32_t kTold = 4096;  // records between two words on how far it is
   for (int32_t n = 1; n <= count; ++n) {
+    if (n % kTold == 0) {
+      upgrade.program.Status(upgrade.program.Text("mdi.pleasewait") + " " + std::to_string(int64_t{n} * 100 / count) + " %");
+      upgrade.program.platform.ui.TurnEvents();
+    }
     if (!table.RECORD_LOAD(n)) {
       saved = false;
     } else if (change(n)) {

@@ -18,7 +18,7 @@ namespace {
 constexpr const char* kFilesSection = "Windows\\Files";
 constexpr const char* kFilesKey = "Folder";
 
-QString FiltersOf(const std::vector<FileFilter>& filters) {
+QStringList FilterList(const std::vector<FileFilter>& filters) {
   QStringList list;
   for (const FileFilter& filter : filters) {
     QStringList patterns;
@@ -27,7 +27,7 @@ QString FiltersOf(const std::vector<FileFilter>& filters) {
     const QString name = ToQt(filter.name).section('(', 0, 0).trimmed();
     list << name + " (" + patterns.join(' ') + ")";
   }
-  return list.join(";;");
+  return list;
 }
 
 QString RememberedFolder(Program& program) {
@@ -96,6 +96,16 @@ void DesktopUi::ShowModal(Form& form) {
   Release(behind);
 }
 
+void DesktopUi::ShowPreview(frm_DocPreview& preview) {
+  if (!look_) return;
+  const PointerFree pointer;
+  const QPointer<QWidget> behind = Front();
+  PreviewWindow window(*look_, preview, behind);
+  preview_ = &window;
+  window.Run();
+  Release(behind);
+}
+
 Answer DesktopUi::ShowMessage(const std::string& text, MessageKind kind) {
   if (!look_) return kind == MessageKind::kQuestion ? Answer::kNo : Answer::kOk;
   const PointerFree pointer;
@@ -108,19 +118,21 @@ Answer DesktopUi::ShowMessage(const std::string& text, MessageKind kind) {
 
 std::optional<std::string> DesktopUi::AskOpenFile(const std::vector<FileFilter>& filters) {
   const PointerFree pointer;
-  return Chosen(*program_, QFileDialog::getOpenFileName(Front(), QString(), RememberedFolder(*program_), FiltersOf(filters)));
+  return Chosen(*program_, QFileDialog::getOpenFileName(Front(), QString(), RememberedFolder(*program_), FilterList(filters).join(";;")));
 }
 
-std::optional<std::string> DesktopUi::AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal) {
+std::optional<std::string> DesktopUi::AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) {
   const PointerFree pointer;
   const QString folder = RememberedFolder(*program_);
   QString start = ToQt(proposal);
   if (!folder.isEmpty() && !start.contains('/')) start = folder + "/" + start;
-  QString filter;
-  QString file = QFileDialog::getSaveFileName(Front(), QString(), start, FiltersOf(filters), &filter);
+  const QStringList list = FilterList(filters);
+  QString chosen = list.value(static_cast<int>(filter));
+  QString file = QFileDialog::getSaveFileName(Front(), QString(), start, list.join(";;"), &chosen);
+  filter = static_cast<size_t>(std::max<qsizetype>(0, list.indexOf(chosen)));
   // A name typed without an ending gets that of the filter.
-  if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty() && !filters.empty() && !filters.front().patterns.empty()) {
-    const QString ending = ToQt(filters.front().patterns.front()).section('*', -1);
+  if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty() && filter < filters.size() && !filters[filter].patterns.empty()) {
+    const QString ending = ToQt(filters[filter].patterns.front()).section('*', -1);
     if (ending.startsWith('.')) file += ending;
   }
   return Chosen(*program_, file);
@@ -135,10 +147,12 @@ std::optional<std::string> DesktopUi::AskFolder(const std::string& title) {
 
 void DesktopUi::ShowStatus(const std::string& text) {
   if (hooks.show_status) hooks.show_status(text);
+  if (preview_) preview_->ShowStatus(ToQt(text));
 }
 
 void DesktopUi::TurnEvents() {
-  QApplication::processEvents();
+  // Under the hourglass the window draws itself; what the person does waits.
+  QApplication::processEvents(busy_ > 0 ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
 }
 
 void DesktopUi::Beep() {
@@ -181,6 +195,10 @@ bool DesktopUi::OpenWithSystem(const std::string& target) {
   }
   const QUrl address = WebAddress(text);
   return address.isValid() && !address.isEmpty() && QDesktopServices::openUrl(address);
+}
+
+void DesktopUi::AppearanceChanged(bool skin) {
+  if (hooks.appearance_changed) hooks.appearance_changed(skin);
 }
 
 void DesktopUi::EndProgram() {

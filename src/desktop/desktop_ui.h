@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "desktop/look.h"
+#include "desktop/preview_window.h"
 #include "platform/user_interface.h"
 
 class QWidget;
@@ -20,6 +21,7 @@ class DesktopUi : public UserInterface {
     std::function<void(const std::string&)> show_status;
     std::function<void(int)> start_timer;
     std::function<void()> stop_timer;
+    std::function<void(bool skin)> appearance_changed;
   };
 
   // Program and look are made after the interface: given before the first form or box.
@@ -28,9 +30,10 @@ class DesktopUi : public UserInterface {
   Hooks hooks;
 
   void ShowModal(Form& form) override;
+  void ShowPreview(frm_DocPreview& preview) override;
   Answer ShowMessage(const std::string& text, MessageKind kind) override;
   std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) override;
-  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal) override;
+  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) override;
   std::optional<std::string> AskFolder(const std::string& title) override;
   void ShowStatus(const std::string& text) override;
   void TurnEvents() override;
@@ -42,6 +45,7 @@ class DesktopUi : public UserInterface {
   void StartMainTimer(int milliseconds) override;
   void StopMainTimer() override;
   bool OpenWithSystem(const std::string& target) override;
+  void AppearanceChanged(bool skin) override;
   void EndProgram() override;
 
  private:
@@ -49,6 +53,7 @@ class DesktopUi : public UserInterface {
   Program* program_ = nullptr;
   const Look* look_ = nullptr;
   QPointer<QWidget> window_;
+  QPointer<PreviewWindow> preview_;  // while it is open
   int busy_ = 0;
 };
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/device_grid.h"
 #include "desktop/dialog_style.h"
 #include "desktop/dialog_style_parts.h"
 
@@ -50,9 +51,9 @@ void DialogStyle::PaintGround(QPainter& painter, const QRectF& area, bool deep) 
 
 void DialogStyle::PaintCard(QPainter& painter, const QRectF& area, const QColor& fill) const {
   const Kept kept(painter);
-  painter.setPen(QPen(colours_.card_line, 1));
+  painter.setPen(QPen(colours_.card_line, HairlineWidth(painter)));
   painter.setBrush(fill);
-  painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), Radius(), Radius());
+  painter.drawRoundedRect(HairlineFrame(painter, area), Radius(), Radius());
 }
 
 void DialogStyle::Ring(QPainter& painter, const QRectF& area) const {
@@ -64,9 +65,9 @@ void DialogStyle::Ring(QPainter& painter, const QRectF& area) const {
 void DialogStyle::Frame(QPainter& painter, const QRectF& area, const QColor& fill, QStyle::State state, const QWidget*) const {
   const Kept kept(painter);
   const bool on = Is(state, State_Enabled);
-  painter.setPen(QPen(!on ? colours_.card_line : Is(state, State_MouseOver) ? colours_.border_hot : colours_.border, 1));
+  painter.setPen(QPen(!on ? colours_.card_line : Is(state, State_MouseOver) ? colours_.border_hot : colours_.border, HairlineWidth(painter)));
   painter.setBrush(fill);
-  painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), Radius() * 0.75, Radius() * 0.75);
+  painter.drawRoundedRect(HairlineFrame(painter, area), Radius() * 0.75, Radius() * 0.75);
   if (on && Is(state, State_HasFocus)) Ring(painter, area);
 }
 
@@ -175,11 +176,11 @@ void DialogStyle::ButtonBevel(const QStyleOption& option, QPainter& painter, con
     top = bottom = c.field_off;
     line = c.card_line;
   }
-  const QRectF area = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  const QRectF area = HairlineFrame(painter, option.rect);
   QLinearGradient fill(area.topLeft(), area.bottomLeft());
   fill.setColorAt(0, top);
   fill.setColorAt(1, bottom);
-  painter.setPen(QPen(line, 1));
+  painter.setPen(QPen(line, HairlineWidth(painter)));
   painter.setBrush(fill);
   painter.drawRoundedRect(area, Radius(), Radius());
   if (!on || !Is(option.state, State_HasFocus)) return;
@@ -237,7 +238,7 @@ void DialogStyle::Tick(const QStyleOption& option, QPainter& painter) const {
   const Kept kept(painter);
   const bool on = Is(option.state, State_Enabled);
   const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
-  painter.setPen(QPen(!on ? colours_.card_line : Is(option.state, State_MouseOver) ? colours_.border_hot : colours_.border, 1));
+  painter.setPen(QPen(!on ? colours_.card_line : Is(option.state, State_MouseOver) ? colours_.border_hot : colours_.border, HairlineWidth(painter)));
   painter.setBrush(on ? colours_.field : colours_.field_off);
   painter.drawRoundedRect(box, Radius() * 0.6, Radius() * 0.6);
   if (!Is(option.state, State_On)) return;
@@ -253,7 +254,7 @@ void DialogStyle::Dot(const QStyleOption& option, QPainter& painter) const {
   const Kept kept(painter);
   const bool on = Is(option.state, State_Enabled);
   const QRectF circle = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
-  painter.setPen(QPen(!on ? colours_.card_line : Is(option.state, State_MouseOver) ? colours_.border_hot : colours_.border, 1));
+  painter.setPen(QPen(!on ? colours_.card_line : Is(option.state, State_MouseOver) ? colours_.border_hot : colours_.border, HairlineWidth(painter)));
   painter.setBrush(on ? colours_.field : colours_.field_off);
   painter.drawEllipse(circle);
   if (!Is(option.state, State_On)) return;
@@ -265,7 +266,7 @@ void DialogStyle::Dot(const QStyleOption& option, QPainter& painter) const {
 void DialogStyle::Tab(const QStyleOption& option, QPainter& painter) const {
   const Kept kept(painter);
   const bool chosen = Is(option.state, State_Selected);
-  QRectF area = QRectF(option.rect).adjusted(0.5, chosen ? 0.5 : 2.5, -2.5, 0);
+  const QRectF area = HairlineFrame(painter, QRectF(option.rect).adjusted(0, chosen ? 0 : 2, -2, 1));
   QPainterPath shape;
   shape.moveTo(area.left(), area.bottom() + 1);
   shape.lineTo(area.left(), area.top() + Radius());
@@ -273,12 +274,12 @@ void DialogStyle::Tab(const QStyleOption& option, QPainter& painter) const {
   shape.lineTo(area.right() - Radius(), area.top());
   shape.quadTo(area.topRight(), area.topRight() + QPointF(0, Radius()));
   shape.lineTo(area.right(), area.bottom() + 1);
-  painter.setPen(QPen(colours_.card_line, 1));
+  painter.setPen(QPen(colours_.card_line, HairlineWidth(painter)));
   painter.setBrush(chosen                              ? colours_.pane
                    : Is(option.state, State_MouseOver) ? Mix(colours_.ground_top, Qt::white, 0.3)
                                                        : Mix(colours_.ground_top, colours_.ground_bottom, 0.12));
   painter.drawPath(shape);
-  if (chosen) painter.fillRect(QRectF(area.left() + Radius(), area.top() - 0.5, area.width() - 2 * Radius(), 2), colours_.accent);
+  if (chosen) painter.fillRect(OnGrid(painter, QRectF(area.left() + Radius(), area.top() - 0.5, area.width() - 2 * Radius(), 2)), colours_.accent);
 }
 
 void DialogStyle::TabLabel(const QStyleOption& option, QPainter& painter, const QWidget* widget) const {

@@ -9,6 +9,7 @@
 #include "shell/controls/form.h"
 
 class QKeyEvent;
+class QLineEdit;
 
 namespace ostrinka {
 
@@ -45,6 +46,9 @@ QPixmap WarningPicture(const Look& look, int size, double ratio);
 
 // The height of a field of one line, in the pixels of the layout.
 int FieldHeight(const QWidget& widget);
+
+// A line of text that no form knows takes only the letters that the tables can hold; any other is refused with `beep`.
+void TakeLettersOfTables(QLineEdit& field, std::function<void()> beep);
 
 inline constexpr const char* kTallField = "ostrinka_tall";  // property: takes Enter as a line end
 

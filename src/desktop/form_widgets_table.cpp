@@ -17,7 +17,7 @@ namespace ostrinka {
 namespace {
 
 constexpr double kZoom = 1.125;  // letters as large as those of the fields
-constexpr int kGrip = 4, kNarrowest = 20, kShownRows = 7, kSearched = 200;
+constexpr int kGrip = 4, kNarrowest = 20, kShownRows = 7, kSearched = 200, kHeadingRoom = 14;
 constexpr int kOver = 2;  // pixels by which the last column reaches out, so that its line does not double the frame
 
 Colour FromQColor(const QColor& colour) {
@@ -83,6 +83,12 @@ class TableField : public QAbstractScrollArea {
   }
   void resizeEvent(QResizeEvent* event) override {
     QAbstractScrollArea::resizeEvent(event);
+    FitColumns();
+    UpdateBars();
+  }
+  // A table on another page gets its size while it is hidden.
+  void showEvent(QShowEvent* event) override {
+    QAbstractScrollArea::showEvent(event);
     FitColumns();
     UpdateBars();
   }
@@ -189,7 +195,7 @@ class TableField : public QAbstractScrollArea {
     if (!source() || fitted_by_hand_ || !isVisible()) return;
     int total = 0, widest = 0;
     for (int column = 1; column <= source()->Columns(); ++column) {
-      const int heading = fontMetrics().horizontalAdvance(ToQt(source()->HeadingOf(column))) + 10;
+      const int heading = QFontMetrics(ListCanvas::Font(kZoom)).horizontalAdvance(ToQt(source()->HeadingOf(column))) + kHeadingRoom;
       if (WidthOf(column) > 0 && WidthOf(column) < heading) source()->SetColumnWidthOf(column, static_cast<int>(heading / kZoom) + 1);
       total += WidthOf(column);
       if (widest == 0 || WidthOf(column) > WidthOf(widest)) widest = column;

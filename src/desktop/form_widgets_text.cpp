@@ -2,12 +2,14 @@
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QValidator>
+#include <algorithm>
 
 #include "app/program.h"
 #include "base/text.h"
@@ -26,6 +28,15 @@ class ModelValidator : public QValidator {
 
  private:
   const TextBoxControl& control_;
+};
+
+class LetterValidator : public QValidator {
+ public:
+  using QValidator::QValidator;
+  State validate(QString& text, int&) const override {
+    const std::u32string letters = CodePoints(FromQt(text));
+    return std::all_of(letters.begin(), letters.end(), [](char32_t letter) { return Cp1250Byte(letter).has_value(); }) ? Acceptable : Invalid;
+  }
 };
 
 // The ground that a form gives a field for a moment.
@@ -134,6 +145,16 @@ class TextField : public QPlainTextEdit {
       QPlainTextEdit::keyPressEvent(event);
     }
   }
+  // Letters put together from several keys.
+  void inputMethodEvent(QInputMethodEvent* event) override {
+    if (event->commitString().isEmpty() || Takes(event->commitString())) {
+      QPlainTextEdit::inputMethodEvent(event);
+    } else {
+      QInputMethodEvent nothing;  // ends what was begun
+      QPlainTextEdit::inputMethodEvent(&nothing);
+      host_.Beep();
+    }
+  }
   void insertFromMimeData(const QMimeData* source) override {
     if (source->hasText() && Takes(source->text().replace("\r\n", "\n"))) {
       insertPlainText(source->text().replace("\r\n", "\n"));
@@ -156,6 +177,11 @@ class TextField : public QPlainTextEdit {
 };
 
 }  // namespace
+
+void TakeLettersOfTables(QLineEdit& field, std::function<void()> beep) {
+  field.setValidator(new LetterValidator(&field));
+  QObject::connect(&field, &QLineEdit::inputRejected, &field, std::move(beep));
+}
 
 QWidget* MakeLineField(FieldHost& host, TextBoxControl& control, unsigned flags, QWidget* parent) {
   auto* field = new LineField(host, control, parent);

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -112,7 +113,20 @@ void FormWindow::Parts::ShowPage() {
     if (tabs) tabs->setCurrentIndex(index);
     pages->setCurrentIndex(index);
   }
+  if (steps) ShowSteps();
   showing = false;
+}
+
+void FormWindow::Parts::ShowSteps() {
+  steps->Refresh();
+  const int at = pages->currentIndex() + 1, count = pages->count();
+  page_title->setText(host.look.Text(form.pages()[static_cast<size_t>(at - 1)].caption_key));
+  page_place->setText(ToQt(program.Text("common.step", {std::to_string(at), std::to_string(count)})));
+  for (ButtonControl* button : {form.steps()->next, form.steps()->finish}) {
+    QWidget* field = window.WidgetOf(*button);
+    field->setProperty(kPrimaryButton, button == Marked(kDefault));
+    field->update();
+  }
 }
 
 QWidget* FormWindow::Parts::FirstField() const {
@@ -140,7 +154,7 @@ bool FormWindow::Parts::CanClose() {
   Settle();
   if (entered) entered->UserLeave();
   if (!form.IsOpen() || !form.AsksBeforeClosing() || !form.Dirty()) return true;
-  return program.Message("common.unsaved", MessageKind::kQuestion) == Answer::kYes;
+  return program.Message(form.UnsavedKey(), MessageKind::kQuestion) == Answer::kYes;
 }
 
 void FormWindow::Parts::Finish() {
@@ -159,6 +173,7 @@ void FormWindow::Parts::Settle() {
 }
 
 ButtonControl* FormWindow::Parts::Marked(unsigned flag) const {
+  if (const StepButtons* lead = form.steps(); lead && flag == kDefault) return lead->next->Enabled() ? lead->next : lead->finish;
   for (const FormButton& entry : form.buttons()) {
     if (entry.flags & flag) return entry.button;
   }
@@ -171,13 +186,18 @@ bool FormWindow::Parts::OnEnter(Control* control, QWidget* field) {
   ButtonControl* button = Marked(kDefault);
   const bool low_box = control && control->kind() == ControlKind::kTextBox && static_cast<TextBoxControl*>(control)->MultiLine;
   if (button && button->CanAct() && !low_box) {
-    Settle();
-    if (control) control->UserLeave();
-    button->UserPress();
+    Press(*button, control);
   } else {
     window.focusNextChild();
   }
   return true;
+}
+
+// Of a button that does not take the focus away from `control`.
+void FormWindow::Parts::Press(ButtonControl& button, Control* control) {
+  Settle();
+  if (control) control->UserLeave();
+  button.UserPress();
 }
 
 void FormWindow::Parts::StepPage(int step) {
@@ -211,6 +231,10 @@ bool FormWindow::Parts::OnKey(QKeyEvent& event, Control* control, QWidget* field
   const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
   if (tabs && ctrl && (tab || key == Qt::Key_PageDown || key == Qt::Key_PageUp)) {
     StepPage(key == Qt::Key_Backtab || key == Qt::Key_PageUp ? -1 : 1);
+    return true;
+  }
+  if (const StepButtons* lead = form.steps(); lead && alt && (key == Qt::Key_Left || key == Qt::Key_Right)) {
+    if (!event.isAutoRepeat()) Press(key == Qt::Key_Left ? *lead->previous : *lead->next, control);
     return true;
   }
   if (code == 0 || alt) return false;
@@ -288,6 +312,7 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::Run() {
+  parts_->host.look.WindowTransparency(*this);
   parts_->Start();
   if (parts_->form.IsOpen()) exec();
 }

@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -15,7 +16,8 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kMargin = 12, kBarGap = 8;
+constexpr int kMargin = 12, kBarGap = 8, kTitleMargin = 14;
+constexpr double kTitleScale = 1.45;
 constexpr int kEditorWidth = 780, kTableWidth = 940, kTableHeight = 560, kSmallWidth = 420;
 
 int ReadPlace(Program& program, const Form& form, const char* key) {
@@ -52,6 +54,7 @@ void FormWindow::Parts::Build() {
 }
 
 void FormWindow::Parts::BuildPages(QVBoxLayout& column) {
+  if (form.steps()) return BuildSteps(column);
   auto* frame = new PaneFrame(host.look, &window);
   auto* inner = new QVBoxLayout(frame);
   inner->setContentsMargins(kMargin, kMargin, kMargin, 0);
@@ -79,6 +82,48 @@ void FormWindow::Parts::BuildPages(QVBoxLayout& column) {
     form.UserShowPage(form.pages()[static_cast<size_t>(index)].key);
     ShowPage();
   });
+}
+
+// The list of steps, and at its right the title of the page above the page.
+void FormWindow::Parts::BuildSteps(QVBoxLayout& column) {
+  auto* frame = new PaneFrame(host.look, &window);
+  auto* inner = new QHBoxLayout(frame);
+  inner->setContentsMargins(kMargin, kMargin, kMargin, 0);
+  inner->setSpacing(kMargin);
+  steps = new StepList(host.look, form, frame, [this](const std::string& key) {
+    Settle();
+    if (entered) entered->UserLeave();
+    form.UserShowPage(key);
+  });
+  inner->addWidget(steps);
+  auto* pane = new QWidget(frame);
+  auto* parts = new QVBoxLayout(pane);
+  parts->setContentsMargins(0, 0, 0, 0);
+  parts->setSpacing(0);
+  parts->addWidget(BuildPageTitle(pane));
+  pages = new QStackedWidget(pane);
+  parts->addWidget(pages, 1);
+  for (const PageLayout& page : form.pages()) pages->addWidget(builder.BuildPage(page, pages));
+  inner->addWidget(pane, 1);
+  frame->SetPane(pane);
+  column.addWidget(frame, 1);
+}
+
+QWidget* FormWindow::Parts::BuildPageTitle(QWidget* parent) {
+  auto* bar = new QWidget(parent);
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(kTitleMargin, kTitleMargin, kTitleMargin, 0);
+  page_title = new QLabel(bar);
+  QFont font = host.look.BoldFont();
+  font.setPointSizeF(font.pointSizeF() * kTitleScale);
+  page_title->setFont(font);
+  page_place = new QLabel(bar);
+  QPalette palette = page_place->palette();
+  palette.setColor(QPalette::WindowText, style.colours().faint);
+  page_place->setPalette(palette);
+  row->addWidget(page_title, 1);
+  row->addWidget(page_place, 0, Qt::AlignBottom);
+  return bar;
 }
 
 void FormWindow::Parts::BuildButtons(QVBoxLayout& column) {
@@ -172,7 +217,8 @@ void FormWindow::Parts::Size() {
       side = side || item.groups.size() > 1 || item.kind == LayoutItem::Kind::kMatrix || item.kind == LayoutItem::Kind::kFiles;
     }
   }
-  QSize size(table ? kTableWidth : side || form.pages().size() > 1 ? kEditorWidth : kSmallWidth, table ? kTableHeight : 0);
+  const int beside = steps ? steps->sizeHint().width() : 0;
+  QSize size(beside + (table ? kTableWidth : side || form.pages().size() > 1 ? kEditorWidth : kSmallWidth), table ? kTableHeight : 0);
   // Each face that the form can show has its room from the start.
   std::vector<std::pair<const ComboControl*, int32_t>> faces = {{nullptr, 0}};
   for (const Section& section : builder.sections()) {
@@ -186,6 +232,7 @@ void FormWindow::Parts::Size() {
     size = size.expandedTo(window.layout()->totalMinimumSize());
   }
   ShowSections();
+  if (window.layout()->hasHeightForWidth()) size.setHeight(std::max(size.height(), window.layout()->totalHeightForWidth(size.width())));
   window.resize(size);
 }
 

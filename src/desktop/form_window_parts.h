@@ -7,13 +7,16 @@
 
 #include "desktop/dialog_style.h"
 #include "desktop/form_layout.h"
+#include "desktop/form_steps.h"
 #include "desktop/form_window.h"
 #include "desktop/title_strip.h"
 
 class QKeyEvent;
+class QLabel;
 class QStackedWidget;
 class QTabBar;
 class QVBoxLayout;
+class QWidget;
 
 namespace ostrinka {
 
@@ -31,6 +34,8 @@ struct FormWindow::Parts : public QObject {
   DialogStyle& style;
   TitleStrip* strip = nullptr;
   QTabBar* tabs = nullptr;
+  StepList* steps = nullptr;  // of a form in steps, with the title of the page and its place among them
+  QLabel *page_title = nullptr, *page_place = nullptr;
   QStackedWidget* pages = nullptr;
   std::map<const QObject*, Control*> controls;  // by their widgets
   Control* left = nullptr;                      // was left, and its event is still due
@@ -39,6 +44,8 @@ struct FormWindow::Parts : public QObject {
 
   void Build();
   void BuildPages(QVBoxLayout& column);
+  void BuildSteps(QVBoxLayout& column);
+  QWidget* BuildPageTitle(QWidget* parent);
   void BuildButtons(QVBoxLayout& column);
   void Connect();
   void GiveAccessKeys();
@@ -51,6 +58,7 @@ struct FormWindow::Parts : public QObject {
   void ShowControl(const Control& control);
   void ShowSections();
   void ShowPage();
+  void ShowSteps();
   void MoveFocus();
   bool CanClose();
   void Finish();
@@ -58,6 +66,7 @@ struct FormWindow::Parts : public QObject {
   void Settle();
   bool OnKey(QKeyEvent& event, Control* control, QWidget* field);
   bool OnEnter(Control* control, QWidget* field);
+  void Press(ButtonControl& button, Control* control);
   void StepPage(int step);
   void ShowAccessKeys(bool shown);
   ButtonControl* Marked(unsigned flag) const;

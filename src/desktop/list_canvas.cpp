@@ -34,10 +34,24 @@ ListCanvas::ListCanvas(QPainter& painter, double width, double height, double in
       inset_(inset),
       ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
 
-int ListCanvas::RowHeight(double zoom) {
+namespace {
+
+// Height of a line of the list's type.
+double CellHeight(double zoom) {
   constexpr double kPoints = 8, kPixelsOfPoint = 20 / 15.0;
-  const double cell = std::max(kPoints * zoom * kPixelsOfPoint * kCellOfType, 1.0);
-  return static_cast<int>(std::ceil(cell * (1 + kLeading))) + 3;
+  return std::max(kPoints * zoom * kPixelsOfPoint * kCellOfType, 1.0);
+}
+
+}  // namespace
+
+int ListCanvas::RowHeight(double zoom) {
+  return static_cast<int>(std::ceil(CellHeight(zoom) * (1 + kLeading))) + 3;
+}
+
+QFont ListCanvas::Font(double zoom) {
+  QFont font(InstalledFace("Tahoma"));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(CellHeight(zoom) / kCellOfType))));
+  return font;
 }
 
 void ListCanvas::FillRect(const RectF& area, Colour colour) {

@@ -19,6 +19,7 @@ class ListCanvas : public Canvas {
 
   // Of a table view drawn on such a canvas at `zoom`.
   static int RowHeight(double zoom);
+  static QFont Font(double zoom);
 
   double Width() const override { return width_; }
   double Height() const override { return height_; }

@@ -4,11 +4,14 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
+#include "desktop/list_access.h"
 #include "desktop/list_canvas.h"
 #include "desktop/ribbon_painter.h"
 #include "desktop/scroll_style.h"
@@ -18,7 +21,7 @@ namespace {
 
 constexpr double kBaseZoom = 1.125;  // the list's text is as large as that of the window at 100 %
 constexpr double kWidest = 1.6;      // columns are not widened further than this to fill the window
-constexpr int kBar = 14, kGrip = 4, kLeastColumn = 12, kGapUnderHeader = 5, kWheelNotch = 120, kWheelRows = 3;
+constexpr int kBar = 14, kGrip = 4, kLeastColumn = 12, kWheelNotch = 120, kWheelRows = 3, kOrderMark = 8;
 
 Colour ColourNumber(const QColor& colour) {
   return Rgb(colour.red(), colour.green(), colour.blue());
@@ -51,7 +54,7 @@ bool ReportsAreBuilt() {
 struct KeyCode {
   int key, code;
 };
-constexpr KeyCode kKeys[] = {{Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
+constexpr KeyCode kKeys[] = {{Qt::Key_Space, 32},  {Qt::Key_Escape, 27}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
                              {Qt::Key_End, 35},    {Qt::Key_Home, 36},  {Qt::Key_Left, 37},   {Qt::Key_Up, 38},
                              {Qt::Key_Right, 39},  {Qt::Key_Down, 40},  {Qt::Key_Delete, 46}};
 
@@ -63,7 +66,11 @@ ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidg
       window_(window),
       look_(look),
       rows_(new QScrollBar(Qt::Vertical, this)),
-      columns_(new QScrollBar(Qt::Horizontal, this)) {
+      columns_(new QScrollBar(Qt::Horizontal, this)),
+      editor_(new ListEditor(program, window, look, *this,
+                             {[this](int32_t record, int column) { return CellArea(record, column); },
+                              [this](int32_t record, int column) { Reveal(record, column); }})) {
+  ListAccess::Announce();
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -74,10 +81,12 @@ ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidg
   }
   QObject::connect(rows_, &QScrollBar::valueChanged, this, [this](int value) {
     window_.FirstRow(value + 1);
+    PlaceEditor();
     update();
   });
   QObject::connect(columns_, &QScrollBar::valueChanged, this, [this](int value) {
     first_column_ = value + 1;
+    PlaceEditor();
     update();
   });
 }
@@ -148,6 +157,12 @@ void ListView::Refresh() {
   } else {
     Arrange();
   }
+  PlaceEditor();
+  update();
+}
+
+void ListView::LookChanged() {
+  for (QScrollBar* bar : {rows_, columns_}) ApplyScrollStyle(*bar, look_);
   update();
 }
 
@@ -202,8 +217,13 @@ void ListView::TellAccessibility() {
   }
   setAccessibleName(ToQt(window_.ribbon.ButtonText(window_.ribbon.TabID())));
   setAccessibleDescription(row);
+  if (!QAccessible::isActive()) return;
   QAccessibleEvent event(this, QAccessible::DescriptionChanged);
   QAccessible::updateAccessibility(&event);
+  if (!hasFocus() || current_row_ < 1) return;
+  QAccessibleEvent moved(this, QAccessible::Focus);
+  moved.setChild((current_row_ - std::max(window_.first_row(), 1)) * (table_ ? table_->MAX_COLUMNS() : 0));
+  QAccessible::updateAccessibility(&moved);
 }
 
 QString ListView::Hint() const {
@@ -256,6 +276,7 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
   if (!rows_->isHidden()) painter.fillRect(QRect(width() - kBar, 0, kBar, header), MixOf(Qt::white, colours.list_line, 0.35));
   if (!rows_->isHidden() && !columns_->isHidden()) painter.fillRect(QRect(width() - kBar, height() - kBar, kBar, kBar), colours.panel);
   paint.Hairline({0, header - 1.0}, {static_cast<double>(width()), header - 1.0}, colours.panel_edge);
+  PaintOrder(painter);
   for (const Span& span : Spans()) {
     if (span.column == hover_column_) painter.fillRect(QRect(span.left, header - 2, span.width - 1, 2), look_.Accent());
   }
@@ -264,11 +285,29 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
     painter.fillRect(QRect(0, cell.top, 3, cell.bottom - cell.top + 1), look_.Accent());
     if (hasFocus()) paint.FocusRing(QRectF(0, cell.top, surface.width(), cell.bottom - cell.top + 2));
   }
+  if (const QRect open = editor_->Area(); !open.isEmpty()) paint.FocusRing(QRectF(open).adjusted(-2, -2, 2, 2));
+}
+
+// A small arrow at the upper edge of the column that the list is ordered by, where it covers no heading.
+void ListView::PaintOrder(QPainter& painter) {
+  const auto [column, direction] = window_.ViewOrder();
+  for (const Span& span : Spans()) {
+    if (span.column != column || span.width < 2 * kOrderMark) continue;
+    const double middle = span.left + span.width / 2.0, top = 2, bottom = top + kOrderMark * 0.6;
+    const double tip = direction == ordDesc ? bottom : top, base = direction == ordDesc ? top : bottom;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look_.Colour(SkinColour::kToolbarText));
+    painter.drawPolygon(QPolygonF({{middle - kOrderMark / 2.0, base}, {middle + kOrderMark / 2.0, base}, {middle, tip}}));
+    painter.restore();
+  }
 }
 
 void ListView::resizeEvent(QResizeEvent*) {
   Arrange();
   KeepInView();
+  PlaceEditor();
 }
 
 bool ListView::InHeader(const QPoint& at) const {
@@ -299,6 +338,7 @@ bool ListView::SelectAt(const QPoint& at) {
 void ListView::mousePressEvent(QMouseEvent* event) {
   const QPoint at = event->position().toPoint();
   press_column_ = 0;
+  edits_ = false;
   if (event->button() == Qt::LeftButton && InHeader(at)) {
     const int border = BorderAt(at);
     const std::vector<Span> spans = Spans();
@@ -312,7 +352,8 @@ void ListView::mousePressEvent(QMouseEvent* event) {
       if (at.x() >= span.left && at.x() < span.left + span.width) press_column_ = span.column;
     }
   } else {
-    SelectAt(at);
+    edits_ = SelectAt(at) && event->button() == Qt::LeftButton;
+    edit_at_ = at;
   }
 }
 
@@ -323,6 +364,7 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
     if (ClassQDBASE* table = Shown()) {
       table->ColumnWidth(drag_field_, std::max(static_cast<int>(std::lround(width / (TextZoom(window_.zoom()) * fit_))), 1));
     }
+    PlaceEditor();
     update();
     return;
   }
@@ -344,6 +386,8 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     update();
     return;
   }
+  // A cell opens at the release: a list that drops down would take the release for a choice.
+  if (std::exchange(edits_, false) && event->button() == Qt::LeftButton) EditAt(edit_at_);
   if (press_column_ == 0 || !InHeader(at)) return;
   for (const Span& span : Spans()) {
     if (span.column == press_column_ && at.x() >= span.left && at.x() < span.left + span.width) {
@@ -377,6 +421,10 @@ void ListView::wheelEvent(QWheelEvent* event) {
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
+  if (!hasFocus()) {  // what the field of an open cell has no use for goes on to the window
+    event->ignore();
+    return;
+  }
   const bool ctrl = event->modifiers() & Qt::ControlModifier;
   const int key = event->key();
   if (ctrl && (key == Qt::Key_Left || key == Qt::Key_Right)) {
@@ -413,6 +461,8 @@ void ListView::leaveEvent(QEvent*) {
 
 bool ListView::event(QEvent* event) {
   if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+  // A press beside the open cell, on a border of the head, leaves it open: what is typed goes on to it.
+  if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, this, [this] { editor_->TakeFocus(); });
   return QWidget::event(event);
 }
 

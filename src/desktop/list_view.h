@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "desktop/list_editor.h"
 #include "desktop/look.h"
 #include "shell/main_window.h"
 
@@ -18,8 +19,15 @@ class ListView : public QWidget {
   void Refresh();
   // Row of the current record from 1 in the selection, 0 for none.
   int CurrentRow() const { return current_row_; }
+  // The colours of the skin may be others now.
+  void LookChanged();
   // Opens the menu of the tab at a point of the list.
   std::function<void(const QPoint& global)> show_menu;
+
+  ClassQDBASE* Shown() const;  // null when the area says what to do instead
+  MainWindow& window() const { return window_; }
+  int PageRows() const;
+  QRect CellArea(int32_t record, int column) const;  // column from 1; empty for a cell that is not on show
 
   static constexpr int kInset = 6;      // the table begins so many pixels right of the list's edge
   static double TextZoom(double zoom);  // what TABLE_DRAW is given for a zoom of the window
@@ -38,20 +46,23 @@ class ListView : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  static constexpr int kGapUnderHeader = 5;
   struct Span {
     int column, field, left, width;
   };
-  ClassQDBASE* Shown() const;  // null when the area says what to do instead
   QRect Surface() const;       // the area without scroll bars
   std::vector<Span> Spans() const;
   int RowHeight() const;
-  int PageRows() const;
   void Arrange();  // scroll bars by the size of list and area
   void KeepInView();
   int BorderAt(const QPoint& at) const;  // index into Spans() of the border under the mouse, -1 for none
   bool InHeader(const QPoint& at) const;
   bool SelectAt(const QPoint& at);
+  bool EditAt(const QPoint& at);  // a click on a cell of a dictionary
+  void Reveal(int32_t record, int column);
+  void PlaceEditor();
   void PaintTable(QPainter& painter, ClassQDBASE& table);
+  void PaintOrder(QPainter& painter);
   void PaintHint(QPainter& painter, const QString& text, const QRect& area);
   QString Hint() const;
   void Fit();  // how far columns are widened to fill the area
@@ -61,6 +72,7 @@ class ListView : public QWidget {
   MainWindow& window_;
   const Look& look_;
   QScrollBar *rows_, *columns_;
+  ListEditor* editor_;
   const ClassQDBASE* table_ = nullptr;
   int32_t record_ = 0;
   int current_row_ = 0, row_count_ = -1, first_column_ = 1;
@@ -68,6 +80,8 @@ class ListView : public QWidget {
   int fitted_width_ = -1;
   int drag_field_ = 0, drag_from_ = 0, drag_width_ = 0, press_column_ = 0, hover_column_ = -1;
   int wheel_rest_ = 0;
+  bool edits_ = false;  // a cell of a dictionary was pressed, at `edit_at_`
+  QPoint edit_at_;
 };
 
 }  // namespace ostrinka

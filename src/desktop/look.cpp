@@ -1,22 +1,35 @@
 #include "desktop/look.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QFile>
 #include <QHash>
+#include <QImageReader>
 #include <QPainter>
+#include <QWidget>
 
 #include "app/program.h"
 #include "desktop/qcanvas.h"
 #include "shell/skin.h"
-#include "startup/startup.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr double kWindowPoints = 9;
 constexpr QRgb kFocusRing = 0xFF1F6FD0;
-constexpr int kBlackSkin = 2, kSilverSkin = 1;
+constexpr int kTranslucent = 220;   // alpha of a translucent window, of 255
+constexpr int kWidestImage = 2048;  // pixels of a skin's picture; a larger one is damaged
 constexpr QRgb kAmber = 0xFFE9A21B, kTeal = 0xFF17877F, kSky = 0xFF2F86D6;
+
+// Null for what is no picture, or too large to be one of a skin.
+QPixmap PictureOf(const std::string& bytes) {
+  QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  QBuffer buffer(&data);
+  QImageReader reader(&buffer, "BMP");
+  const QSize size = reader.size();
+  if (size.isEmpty() || size.width() > kWidestImage || size.height() > kWidestImage) return {};
+  return QPixmap::fromImage(reader.read());
+}
 
 }  // namespace
 
@@ -36,12 +49,18 @@ Look::~Look() {
 }
 
 void Look::Reload() {
-  *parts_ = Parts();
-  const int32_t skin = program_.settings.Integer(kCommon, "GUI", "Skin", kBlackSkin);
-  parts_->skin.SkinLoad(program_.platform.files, Startup::SkinChoose(program_));
+  const bool loaded = parts_->skin.SkinLoad(program_.platform.files, SkinChoose(program_));
+  if (!loaded && parts_->accent.isValid()) return;
+  parts_->images.clear();
+  parts_->icons.clear();
+  const int skin = ChosenSkin(program_);
   const QPixmap progress = Image("progress.fill.02.bmp");  // painted in the skin's accent
   parts_->accent = QColor(skin == kBlackSkin ? kAmber : skin == kSilverSkin ? kTeal : kSky);
   if (!progress.isNull()) parts_->accent = progress.toImage().pixelColor(progress.width() / 2, progress.height() / 2);
+}
+
+void Look::WindowTransparency(QWidget& window) const {
+  window.setWindowOpacity(program_.settings.Integer(kCommon, "GUI", "TrWindows", 0) == 1 ? kTranslucent / 255.0 : 1.0);
 }
 
 QColor Look::Colour(SkinColour colour) const {
@@ -67,7 +86,7 @@ QPixmap Look::Image(std::string_view name) const {
   if (known != parts_->images.constEnd()) return *known;
   QPixmap image;
   if (const std::string* bytes = parts_->skin.SkinImage(name)) {
-    image.loadFromData(reinterpret_cast<const uchar*>(bytes->data()), static_cast<uint>(bytes->size()), "BMP");
+    image = PictureOf(*bytes);
     image.setDevicePixelRatio(parts_->skin.scale);
   }
   parts_->images.insert(key, image);
@@ -101,6 +120,7 @@ QIcon Look::Icon(std::string_view name) const {
     if (QFile::exists(family + ".0.ico")) icon.addFile(family + ".0.ico", {}, QIcon::Normal);
     if (QFile::exists(family + ".1.ico")) icon.addFile(family + ".1.ico", {}, QIcon::Active);
   }
+  if (icon.availableSizes().isEmpty()) icon = QIcon();  // a file that is no picture
   parts_->icons.insert(key, icon);
   return icon;
 }

@@ -26,7 +26,10 @@ class Look {
   // Loads the skin that the settings choose; what a skin lacks has a quiet default, so that a missing package leaves the program usable.
   explicit Look(Program& program);
   ~Look();
+  // Loads the skin that the settings choose now; a package that cannot be read leaves what is loaded as it is.
   void Reload();
+  // Makes a window translucent, or not, as the settings say.
+  void WindowTransparency(class QWidget& window) const;
 
   QColor Colour(SkinColour colour) const;
   QColor Accent() const;     // of the skin: ticks, current row, active tab

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -10,6 +11,7 @@
 #include <algorithm>
 
 #include "app/program.h"
+#include "desktop/dialog_style.h"
 
 namespace ostrinka {
 namespace {
@@ -64,6 +66,7 @@ void MainWindowView::ShowInPlace() {
   if (place.state == kNeverPlaced || !under) frame.moveCenter(area.center());
   if (frame.top() < area.top() && !under) frame.moveTop(area.top());
   setGeometry(frame);
+  look_.WindowTransparency(*this);
   if (place.state == kMaximised) {
     showMaximized();
   } else {
@@ -80,6 +83,16 @@ void MainWindowView::Refresh() {
   ClassQDBASE* table = program_.database_open ? window_.ViewTable() : nullptr;
   status_->Refresh(list_->CurrentRow(), table ? table->MAX_ROWS() : -1);
   if (window_.ribbon.AltState() && tips_->isVisible()) tips_->Show(ribbon_->KeyTips());
+}
+
+void MainWindowView::LookChanged() {
+  DialogStyle::Install(look_);
+  list_->LookChanged();
+  ribbon_->LookChanged();
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (widget == this || qobject_cast<QDialog*>(widget)) look_.WindowTransparency(*widget);
+    widget->update();
+  }
 }
 
 void MainWindowView::Tick() {

@@ -22,6 +22,8 @@ class MainWindowView : public QWidget {
   void ShowInPlace();
   // Takes over everything that the model shows.
   void Refresh();
+  // The skin or the transparency is another: everything in sight is painted anew.
+  void LookChanged();
   void ShowStatus(const QString& text) { status_->SetText(text); }
   // Upkeep, ten times a second: the place of the window for the settings.
   void Tick();

@@ -193,6 +193,7 @@ Answer MessageWindow::Run() {
   at.setX(std::clamp(at.x(), room.left(), std::max(room.left(), room.right() - width())));
   at.setY(std::clamp(at.y(), room.top(), std::max(room.top(), room.bottom() - height())));
   move(at);
+  look_.WindowTransparency(*this);
   exec();
   return answer_;
 }

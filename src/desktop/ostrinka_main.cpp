@@ -9,6 +9,7 @@
 #include "desktop/main_window_view.h"
 #include "desktop/qt_platform.h"
 #include "desktop/splash.h"
+#include "desktop/toolkit_texts.h"
 #include "startup/startup.h"
 
 namespace ostrinka {
@@ -17,8 +18,9 @@ namespace {
 // The running program with its window. Members go in the reverse order: the window before the model that it shows.
 class Desktop {
  public:
-  Desktop() : platform_(ui_, ExecutableFolder()), program_(platform_.platform), look_(program_), startup_(program_) {
-    DialogStyle::Install(look_);
+  Desktop() : platform_(ui_, ExecutableFolder()), program_(platform_.platform), look_(program_), startup_(program_), texts_(program_) {
+    texts_.Install();
+    WearLook();
     QApplication::setWindowIcon(look_.Icon("ostrinka.ico"));
     ui_.Attach(program_, look_);
     ui_.hooks.show_main_window = [this] { ShowWindow(); };
@@ -32,6 +34,11 @@ class Desktop {
     ui_.hooks.start_timer = [this](int milliseconds) { timer_.start(milliseconds); };
     ui_.hooks.stop_timer = [this] { timer_.stop(); };
     ui_.hooks.end_program = [this] { End(); };
+    ui_.hooks.appearance_changed = [this](bool skin) {
+      if (skin) look_.Reload();
+      WearLook();
+      if (view_ && !ended_) view_->LookChanged();
+    };
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
       if (view_) view_->Tick();
     });
@@ -50,6 +57,9 @@ class Desktop {
   }
 
  private:
+  // What the toolkit paints by itself: the menus of text fields.
+  void WearLook() { QApplication::setPalette(DialogStyle::Install(look_).ListPalette(), "QMenu"); }
+
   void ShowWindow() {
     if (!startup_.window() || ended_) return;
     if (!view_) {
@@ -76,6 +86,7 @@ class Desktop {
   Program program_;
   Look look_;
   Startup startup_;
+  ToolkitTexts texts_;
   QTimer timer_, upkeep_;
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainWindowView> view_;

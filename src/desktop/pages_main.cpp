@@ -1,9 +1,7 @@
 // ostrinka-pages: turns page files into pictures, or into one PDF with embedded fonts.
 #include <QGuiApplication>
 #include <QImage>
-#include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/pdf_file.h"
 #include "desktop/qcanvas.h"
 #include "platform/posix/posix_files.h"
 #include "print/page_file.h"
@@ -20,7 +19,6 @@ namespace {
 
 constexpr double kMmPerInch = 25.4;
 constexpr double kHairlineMm = 0.1;
-constexpr int kPdfDpi = 1200;
 constexpr int kMostDpi = 1200;
 
 struct Options {
@@ -72,12 +70,6 @@ std::optional<LoadedPage> Load(FileSystem& files, const std::string& path) {
   return page;
 }
 
-bool PlayOn(QPainter& painter, const LoadedPage& page, double pixels_per_mm, double hairline) {
-  double width = page.size.width * pixels_per_mm, height = page.size.height * pixels_per_mm;
-  QCanvas canvas(painter, width, height, hairline);
-  return PlayPageFile(page.bytes, canvas, {0, 0, width, height});
-}
-
 bool WritePicture(const LoadedPage& page, int dpi, const std::string& path) {
   double pixels_per_mm = dpi / kMmPerInch;
   QImage image(static_cast<int>(std::lround(page.size.width * pixels_per_mm)),
@@ -89,32 +81,26 @@ bool WritePicture(const LoadedPage& page, int dpi, const std::string& path) {
   bool whole;
   {
     QPainter painter(&image);
-    whole = PlayOn(painter, page, pixels_per_mm, std::max(1.0, kHairlineMm * pixels_per_mm));
+    const double width = page.size.width * pixels_per_mm, height = page.size.height * pixels_per_mm;
+    QCanvas canvas(painter, width, height, std::max(1.0, kHairlineMm * pixels_per_mm));
+    whole = PlayPageFile(page.bytes, canvas, {0, 0, width, height});
   }
   if (!image.save(QString::fromStdString(path))) return Fail("cannot write", path);
   return whole || Fail("damaged page file, drawn in part", path);
 }
 
-void SetSheet(QPdfWriter& writer, const LoadedPage& page) {
-  writer.setPageSize(QPageSize(QSizeF(page.size.width, page.size.height), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
-  writer.setPageMargins(QMarginsF());
-}
-
 bool WritePdf(const std::vector<LoadedPage>& pages, const std::string& path) {
-  QPdfWriter writer(QString::fromStdString(path));
-  writer.setResolution(kPdfDpi);
-  writer.setCreator("Ostrinka 2008");
-  SetSheet(writer, pages.front());
-  QPainter painter;
-  if (!painter.begin(&writer)) return Fail("cannot write", path);
-  double pixels_per_mm = kPdfDpi / kMmPerInch;
+  QtPdfFile pdf;
+  if (!pdf.Start(path)) return Fail("cannot write", path);
   bool whole = true;
-  for (size_t i = 0; i < pages.size(); ++i) {
-    if (i > 0) SetSheet(writer, pages[i]);
-    if (i > 0) writer.newPage();
-    whole = PlayOn(painter, pages[i], pixels_per_mm, kHairlineMm * pixels_per_mm) && whole;
+  for (const LoadedPage& page : pages) {
+    double pixels_per_mm = 0;
+    Canvas* sheet = pdf.StartPage(page.size.width, page.size.height, pixels_per_mm);
+    if (!sheet) return Fail("cannot write", path);
+    whole = PlayPageFile(page.bytes, *sheet, {0, 0, page.size.width * pixels_per_mm, page.size.height * pixels_per_mm}) && whole;
   }
-  return painter.end() && (whole || Fail("damaged page file, drawn in part", path));
+  if (!pdf.Finish()) return Fail("cannot write", path);
+  return whole || Fail("damaged page file, drawn in part", path);
 }
 
 int Run(const Options& options) {

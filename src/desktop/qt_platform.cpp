@@ -12,7 +12,7 @@
 namespace ostrinka {
 namespace {
 
-constexpr qint64 kMostPixels = 64'000'000;
+constexpr qint64 kMostPixels = 64'000'000, kWidestPixel = 8;  // bytes of a pixel of two bytes a colour
 constexpr double kHairlineMm = 0.1, kMmPerInch = 25.4;
 
 std::string UserSettingsFolder() {
@@ -34,7 +34,8 @@ std::optional<Picture> QtPictureDecoder::Decode(const std::string& path) {
   if (format != "png" && format != "jpeg" && format != "gif" && format != "bmp") return std::nullopt;
   const QSize size = reader.size();
   if (size.isEmpty() || qint64{size.width()} * size.height() > kMostPixels) return std::nullopt;
-  QImageReader::setAllocationLimit(0);  // the pixels are limited above
+  // The limit holds for the whole program: room for the largest picture that may come, and no more.
+  QImageReader::setAllocationLimit(static_cast<int>(kMostPixels * kWidestPixel / (1 << 20)) + 1);
   const QImage image = reader.read().convertToFormat(QImage::Format_ARGB32);
   if (image.isNull()) return std::nullopt;
   Picture picture{image.width(), image.height(), {}};
@@ -50,6 +51,11 @@ Printer::State QtPrinter::Query() {
   const QPrinterInfo info = QPrinterInfo::defaultPrinter();
   if (info.isNull()) return State::kMissing;
   return info.state() == QPrinter::Error ? State::kBroken : State::kReady;
+}
+
+std::string QtPrinter::Name() {
+  const QPrinterInfo info = QPrinterInfo::defaultPrinter();
+  return FromQt(info.description().isEmpty() ? info.printerName() : info.description());
 }
 
 std::optional<PaperSize> QtPrinter::Paper() {
@@ -105,7 +111,8 @@ bool QtPrinter::EndDocument() {
 
 QtPlatform::QtPlatform(UserInterface& ui, std::string application_folder)
     : download(files),
-      platform{files, ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder()} {
+      platform{files, ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder(),
+               &embedded_pdf} {
   files.MakeFolders(platform.user_settings);
 }
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "desktop/pdf_file.h"
 #include "desktop/qcanvas.h"
 #include "platform/platform.h"
 #include "platform/posix/posix_files.h"
@@ -29,6 +30,7 @@ class QtPictureDecoder : public PictureDecoder {
 class QtPrinter : public Printer {
  public:
   State Query() override;
+  std::string Name() override;
   std::optional<PaperSize> Paper() override;
   bool StartDocument(const std::string& name) override;
   Canvas* StartPage(bool landscape, double& pixels_per_mm) override;
@@ -51,6 +53,7 @@ struct QtPlatform {
   SystemRandom random;
   EventWaiter waiter;
   QtPrinter printer;
+  QtPdfFile embedded_pdf;
   QtPictureDecoder pictures;
   HttpDownload download;
   PosixSerialPort serial;

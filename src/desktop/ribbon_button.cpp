@@ -29,7 +29,11 @@ void RibbonButton::SetCaptions(const QStringList& captions) {
 void RibbonButton::SetIconName(const QString& name) {
   if (name == icon_name_) return;
   icon_name_ = name;
-  setIcon(name.isEmpty() ? QIcon() : look_.Icon(FromQt(name)));
+  ReadIcon();
+}
+
+void RibbonButton::ReadIcon() {
+  setIcon(icon_name_.isEmpty() ? QIcon() : look_.Icon(FromQt(icon_name_)));
   update();
 }
 

@@ -30,6 +30,7 @@ class RibbonButton : public QAbstractButton {
     update();
   }
   void SetIconName(const QString& name);
+  void ReadIcon();  // anew, after another skin was loaded
   // What the button shows now. False: nothing changed.
   bool Show(const QString& caption, bool enabled, bool checked, bool visible);
   const QString& caption() const { return caption_; }

@@ -27,7 +27,7 @@ void RibbonView::OpenTabMenu(const QPoint& global) {
   std::vector<PopupEntry> entries;
   for (const RibbonRow& row : RibbonRows()) {
     if (row.kind != RibbonKind::kPopup || window_.ribbon.TabID() != row.parent || !window_.ribbon.PopupMenuVisible(row.key)) continue;
-    const bool separator = std::string_view(row.key) == "-", usable = separator || Usable(row.key);
+    const bool separator = !*row.text, usable = separator || Usable(row.key);
     entries.push_back({separator ? PopupEntry::Kind::kSeparator : PopupEntry::Kind::kItem,
                        row.key,
                        look_.Text(row.text),

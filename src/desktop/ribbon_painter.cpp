@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/device_grid.h"
+
 namespace ostrinka {
 
 QColor MixOf(const QColor& first, const QColor& second, double share) {
@@ -40,12 +42,17 @@ RibbonPainter::RibbonPainter(QPainter& painter, const Look& look) : painter_(pai
 bool RibbonPainter::Part(const QRectF& area, std::string_view image) {
   const QPixmap picture = look_.Image(image);
   if (picture.isNull()) return false;
-  painter_.drawPixmap(area, picture, picture.rect());
+  painter_.drawPixmap(OnGrid(painter_, area), picture, picture.rect());
   return true;
 }
 
 bool RibbonPainter::Three(const QRectF& area, std::string_view element) {
-  return look_.DrawThree(painter_, area, element);
+  const QPixmap left = look_.Image(std::string(element) + ".01.bmp"), right = look_.Image(std::string(element) + ".03.bmp");
+  const double first = left.deviceIndependentSize().width(), last = right.deviceIndependentSize().width();
+  if (left.isNull() || right.isNull() || area.width() < first + last) return false;
+  return Part({area.left() + first, area.top(), area.width() - first - last, area.height()}, std::string(element) + ".02.bmp") &&
+         Part({area.left(), area.top(), first, area.height()}, std::string(element) + ".01.bmp") &&
+         Part({area.right() - last, area.top(), last, area.height()}, std::string(element) + ".03.bmp");
 }
 
 bool RibbonPainter::Nine(const QRectF& area, const std::string& element, double top, double bottom) {
@@ -80,12 +87,12 @@ void RibbonPainter::ToolGround(const QRectF& area, const ToolState& state, bool 
     if (state.focused) FocusRing(area);
     return;
   }
-  const QRectF inner = area.adjusted(0.5, 0.5, -0.5, -0.5);
+  const QRectF inner = HairlineFrame(painter_, area);
   const bool alive = state.enabled && (state.hover || state.pressed);
   if (alive || state.checked) {
     QColor fill = state.pressed && state.enabled ? colours_.press : state.checked ? colours_.check : colours_.hover;
     if (state.checked && alive && !state.pressed) fill = MixOf(fill, Qt::white, 0.35);
-    painter_.setPen(QPen(state.checked || state.pressed ? MixOf(colours_.edge, look_.Accent(), 0.7) : colours_.edge, 1));
+    painter_.setPen(QPen(state.checked || state.pressed ? MixOf(colours_.edge, look_.Accent(), 0.7) : colours_.edge, HairlineWidth(painter_)));
     painter_.setBrush(fill);
     painter_.drawRoundedRect(inner, Radius(), Radius());
   }
@@ -105,12 +112,14 @@ void RibbonPainter::FocusRing(const QRectF& area) {
 }
 
 void RibbonPainter::Hairline(QPointF from, QPointF to, const QColor& colour) {
-  const double ratio = painter_.device()->devicePixelRatioF(), thick = std::max(1.0, std::floor(ratio)) / ratio;
+  const double thick = HairlineWidth(painter_);
+  QRectF line = OnGrid(painter_, QRectF(from, to));
   if (from.y() == to.y()) {
-    painter_.fillRect(QRectF(from.x(), from.y(), to.x() - from.x(), thick), colour);
+    line.setHeight(thick);
   } else {
-    painter_.fillRect(QRectF(from.x(), from.y(), thick, to.y() - from.y()), colour);
+    line.setWidth(thick);
   }
+  painter_.fillRect(line, colour);
 }
 
 void RibbonPainter::Mark(Glyph glyph, const QRectF& area, const QColor& colour) {

@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "desktop/form_widgets.h"
+
 namespace ostrinka {
 namespace {
 
@@ -195,6 +197,7 @@ void RibbonView::AddSearch(const RibbonRow& find, QHBoxLayout& layout, QWidget* 
   field->setAccessibleName(look_.Text(find.text));
   field->setToolTip(TipOf(find));
   field->installEventFilter(this);
+  TakeLettersOfTables(*field, [this] { program_.platform.ui.Beep(); });
   QObject::connect(field, &QLineEdit::textChanged, this, [this](const QString& text) { window_.ribbon.FindText(FromQt(text)); });
   const std::string key = find.key;
   QObject::connect(field, &QLineEdit::returnPressed, this, [this, key] {
@@ -301,6 +304,10 @@ void RibbonView::Refresh() {
     if (QLineEdit* field = FindField()) window_.ribbon.FindText(FromQt(field->text()));
   }
   update();
+}
+
+void RibbonView::LookChanged() {
+  for (const Tool& tool : tools_) tool.button->ReadIcon();
 }
 
 int RibbonView::NaturalWidth() const {

@@ -30,6 +30,8 @@ class RibbonView : public QWidget {
 
   // Takes over the states of the model.
   void Refresh();
+  // The icons may be others now.
+  void LookChanged();
   // Whether the person can use a key now: enabled in the model, and its function part of this version.
   bool Usable(std::string_view key) const;
   void OpenMainMenu(bool by_keyboard);

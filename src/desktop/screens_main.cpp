@@ -1,23 +1,33 @@
-// ostrinka-screens: opens a small company in a temporary folder and saves a picture of every dialog.
+// ostrinka-screens: saves a picture of the main window on every tab and of every dialog, and looks for texts that are not fit to be seen.
 //
-// ostrinka-screens OUTDIR [APPDIR]; APPDIR is the program folder, by default the one beside the executable.
+// ostrinka-screens OUTDIR [--app DIR] [--company DIR] [--size WxH] [--mark TEXT] [--windows | --dialogs]
+//
+// The program folder is by default the one beside the executable; the company is copied first, and a small one is made where none is given.
+// TEXT ends the names of the pictures. Exit status 1 when a window has a fault; each is told on standard error.
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <set>
 
 #include "base/text.h"
 #include "company/login_form.h"
 #include "company/ost_engine.h"
 #include "company/tables.h"
 #include "desktop/desktop_ui.h"
+#include "desktop/dialog_style.h"
 #include "desktop/form_window.h"
+#include "desktop/main_window_view.h"
 #include "desktop/message_window.h"
 #include "desktop/qt_platform.h"
+#include "desktop/screen_check.h"
 #include "documents/forms/line_form.h"
 #include "documents/forms/sales_form.h"
 #include "masterdata/company_form.h"
@@ -27,6 +37,7 @@
 #include "masterdata/further_accounts_form.h"
 #include "masterdata/goods_form.h"
 #include "masterdata/postal.h"
+#include "startup/startup.h"
 
 namespace ostrinka {
 namespace {
@@ -44,12 +55,51 @@ class PlayedUi : public DesktopUi {
     form.Open();
     if (play) play(form);
   }
+  // Questions are answered with no: nothing is deleted or replaced for a picture.
   Answer ShowMessage(const std::string& text, MessageKind kind) override {
     std::fprintf(stderr, "message: %s\n", text.c_str());
-    return kind == MessageKind::kQuestion ? Answer::kYes : Answer::kOk;
+    return kind == MessageKind::kQuestion ? Answer::kNo : Answer::kOk;
   }
+  std::optional<std::string> AskOpenFile(const std::vector<FileFilter>&) override { return std::nullopt; }
+  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>&, const std::string&, size_t&) override { return std::nullopt; }
+  std::optional<std::string> AskFolder(const std::string&) override { return std::nullopt; }
+  bool OpenWithSystem(const std::string&) override { return true; }
   void Beep() override {}
 };
+
+// What the command line asks for.
+struct Wishes {
+  QString folder, mark;
+  std::string application = ExecutableFolder() + "Ostrinka/", company;
+  QSize size{1280, 800};
+  bool windows = true, dialogs = true;
+};
+
+bool Read(const QStringList& words, Wishes& wishes) {
+  if (words.isEmpty()) return false;
+  wishes.folder = words[0];
+  for (int i = 1; i < words.size(); ++i) {
+    if (words[i] == "--windows") {
+      wishes.dialogs = false;
+    } else if (words[i] == "--dialogs") {
+      wishes.windows = false;
+    } else if (i + 1 == words.size()) {
+      return false;
+    } else if (words[i] == "--app") {
+      wishes.application = FromQt(words[++i]) + "/";
+    } else if (words[i] == "--company") {
+      wishes.company = FromQt(words[++i]);
+    } else if (words[i] == "--mark") {
+      wishes.mark = words[++i];
+    } else if (words[i] == "--size") {
+      const QStringList sides = words[++i].split('x');
+      wishes.size = QSize(sides[0].toInt(), sides.value(1).toInt());
+    } else {
+      return false;
+    }
+  }
+  return wishes.size.isValid();
+}
 
 using Entries = std::initializer_list<std::pair<const char*, const char*>>;
 
@@ -66,9 +116,9 @@ void Fill(Form& form, Entries entries) {
 
 class Screens {
  public:
-  Screens(const QString& folder, const std::string& application, const std::string& scratch)
-      : folder_(folder),
-        surroundings_(ui_, application),
+  Screens(const Wishes& wishes, const std::string& scratch)
+      : wishes_(wishes),
+        surroundings_(ui_, wishes.application),
         platform_{surroundings_.files,
                   ui_,
                   clock_,
@@ -78,33 +128,38 @@ class Screens {
                   surroundings_.pictures,
                   surroundings_.download,
                   surroundings_.serial,
-                  application,
+                  wishes.application,
                   scratch + "user/"},
         program_(platform_),
         company_folder_(scratch + "firma/") {
     program_.catalogue.LoadProgramCatalogue("program.lang");
     program_.catalogue.LoadPrintCatalogue("printdoc.lang");
     program_.postal = std::make_shared<PostalTable>();
-    program_.postal->LoadPostalCodes(program_.platform.files, application);
+    program_.postal->LoadPostalCodes(program_.platform.files, wishes.application);
     look_ = std::make_unique<Look>(program_);
     ui_.Attach(program_, *look_);
   }
   ~Screens() { OSTEngine(program_).close_(false); }
 
-  bool MakeCompany();
+  bool OpenCompany();
+  void Windows();
   void Dialogs();
+  void Commands();
   void Boxes();
   int failures() const { return failures_; }
 
  private:
+  void MakeCompany();
   int32_t AddCustomer(Entries entries);
   int32_t AddArticle(Entries entries);
+  void Tabs(MainWindow& window, MainWindowView& view, const std::string& skin);
+  void Fault(const std::string& name, const QString& fault);
   void SalesScreens();
   void Save(QWidget& window, const std::string& name);
   void Shot(Form& form, const std::string& name);
   void Opened(Form& form, const Control& control, const std::string& name);
 
-  QString folder_;
+  const Wishes wishes_;
   PlayedUi ui_;
   FixedClock clock_;
   QtPlatform surroundings_;
@@ -116,17 +171,31 @@ class Screens {
   int failures_ = 0;
 };
 
-bool Screens::MakeCompany() {
+bool Screens::OpenCompany() {
   program_.platform.files.MakeFolders(company_folder_);
   program_.settings.SaveSettingValue(kCommon, "dbPath", "Remote", Value(true));
   program_.settings.SaveSettingValue(kCommon, "dbPath", "Path", Value(company_folder_));
   program_.settings.SaveSettingValue(kCommon, "dbLogin", "username", Value(std::string("kreda")));
   program_.settings.SaveSettingValue(kCommon, "dbLogin", "password", Value(std::string("kreda")));
-  bool done = false;
-  OSTEngine(program_).create_(company_folder_, "kreda", "kreda", true, done);
+  program_.settings.SaveSettingValue(kCommon, "system", "fRun", Value(false));
+  program_.settings.SaveSettingValue(kCommon, "GUI", "WScreen", Value(int32_t{0}));
+  bool done = true;
+  if (wishes_.company.empty()) {
+    OSTEngine(program_).create_(company_folder_, "kreda", "kreda", true, done);
+  } else {
+    std::error_code failed;
+    std::filesystem::copy(wishes_.company, company_folder_, std::filesystem::copy_options::recursive, failed);
+    if (failed) return false;
+  }
   if (done) OSTEngine(program_).open_(true, done);
   program_.database_open = done;
   if (!done) return false;
+  customer_ = article_ = 1;
+  if (wishes_.company.empty()) MakeCompany();
+  return true;
+}
+
+void Screens::MakeCompany() {
   customer_ = AddCustomer({{"txtSymbol", "WISŁA"},
                            {"txtNazwa", "Hotel Nad Wisłą Sp. z o.o."},
                            {"txtGrupa", "Zaufani"},
@@ -160,7 +229,6 @@ bool Screens::MakeCompany() {
   for (const auto& [name, price] : more) {
     AddArticle({{"txtNazwa", name}, {"txtJednostkaMiary", "szt."}, {"txtStawkaVAT", "22%"}, {"txtNetto(0)", price}});
   }
-  return true;
 }
 
 int32_t Screens::AddCustomer(Entries entries) {
@@ -191,11 +259,100 @@ void Screens::Save(QWidget& window, const std::string& name) {
   }
   const QPixmap picture = window.grab();
   const QSize size = picture.deviceIndependentSize().toSize();
-  if (size.width() > 1366 || size.height() > 740) {
-    std::fprintf(stderr, "%s is too large: %d x %d\n", name.c_str(), size.width(), size.height());
-    ++failures_;
+  const bool whole = dynamic_cast<MainWindowView*>(&window) != nullptr;
+  if (!whole && (size.width() > 1366 || size.height() > 740))
+    Fault(name, QString("too large: %1 x %2").arg(size.width()).arg(size.height()));
+  for (const QString& fault : ScreenFaults(window)) Fault(name, fault);
+  if (!picture.save(wishes_.folder + "/" + ToQt(name) + wishes_.mark + ".png")) Fault(name, "not saved");
+}
+
+void Screens::Fault(const std::string& name, const QString& fault) {
+  std::fprintf(stderr, "%s: %s\n", name.c_str(), FromQt(fault).c_str());
+  ++failures_;
+}
+
+// The main window on each of its tabs, in each skin.
+void Screens::Windows() {
+  constexpr const char* kSkins[] = {"blue", "silver", "black"};
+  for (int skin = 2; skin >= 0; --skin) {
+    program_.settings.SaveSettingValue(kCommon, "GUI", "Skin", Value(int32_t{skin}));
+    look_->Reload();
+    DialogStyle::Install(*look_);
+    Startup startup(program_);
+    ui_.hooks = {};
+    startup.Start("");
+    MainWindow& window = *startup.window();
+    MainWindowView view(program_, window, *look_);
+    ui_.hooks.redraw_main_window = [&] { view.Refresh(); };
+    ui_.hooks.show_status = [&](const std::string& text) { view.ShowStatus(ToQt(text)); };
+    view.setGeometry(QRect(QPoint(), wishes_.size));
+    view.show();
+    Tabs(window, view, kSkins[skin]);
+    ui_.hooks = {};
+    window.on_exit = nullptr;
+    startup.Stop();
   }
-  if (!picture.save(folder_ + "/" + ToQt(name) + ".png")) ++failures_;
+}
+
+void Screens::Tabs(MainWindow& window, MainWindowView& view, const std::string& skin) {
+  const struct {
+    const char *tab, *name, *command;
+  } tabs[] = {{"SPRZEDAŻ", "sales", ""},
+              {"ZAKUP", "purchases", ""},
+              {"KONTRAHENCI", "customers", ""},
+              {"TOWARYUSŁUGI", "goods", ""},
+              {"ZESTAWIENIA", "reports-empty", ""},
+              {"ZESTAWIENIA", "reports", "ZESTAWIENIA.SPRZEDAŻ"},
+              {"SŁOWNIKI", "dictionaries-empty", ""},
+              {"SŁOWNIKI", "dictionaries", "SŁOWNIK.STAWKIVAT"}};
+  for (const auto& tab : tabs) {
+    window.UserTab(tab.tab);
+    if (*tab.command) window.UserCommand(tab.command);
+    if (std::string_view(tab.name) == "customers") window.UserSortByColumn(3);
+    if (window.ViewTable() && window.ViewTable()->MAX_ROWS() > 4) window.UserRow(4);
+    view.Refresh();
+    Save(view, "main-" + std::string(tab.name) + "-" + skin);
+  }
+  window.UserTab("SPRZEDAŻ");
+  for (const char* list : {"SPRZEDAŻ.DRUKUJ", "SPRZEDAŻ.OKRES.OSTATNI", ""}) {
+    *list ? view.ribbon().OpenList(list) : view.ribbon().OpenMainMenu(true);
+    QApplication::processEvents();
+    for (QMenu* menu : view.findChildren<QMenu*>()) {
+      if (!menu->isVisible()) continue;
+      const std::string name = *list ? std::string("menu-") + (list[10] == 'D' ? "print-" : "period-") + skin : "menu-main-" + skin;
+      if (!menu->grab().save(wishes_.folder + "/" + ToQt(name) + wishes_.mark + ".png")) Fault(name, "not saved");
+      for (const QAction* action : menu->actions()) {
+        if (action->text().startsWith('%')) Fault(name, "not translated: " + action->text());
+      }
+      menu->close();
+    }
+  }
+}
+
+// Every form that a command opens on its own.
+void Screens::Commands() {
+  const std::set<std::string_view> passed = {"EXIT", "SŁOWNIK.WALUTY.UPG.NBP", "HELP"};
+  std::set<std::string> seen;
+  Startup startup(program_);
+  startup.Start("");
+  MainWindow& window = *startup.window();
+  for (const char* tab : {"ZAKUP", "KONTRAHENCI", "TOWARYUSŁUGI", "SŁOWNIKI", "SPRZEDAŻ"}) {
+    window.UserTab(tab);
+    window.UserRow(1);
+  }
+  ui_.play = [&](Form& form) {
+    std::string name = "form-" + form.form_name();
+    if (!seen.insert(form.form_name() + form.title()).second) return form.Close();
+    if (!form.title().empty()) name += "-" + std::to_string(seen.size());
+    Shot(form, name);
+    form.Close();
+  };
+  for (const Command& command : MainWindow::Commands()) {
+    if (!MainWindow::IsBuilt(command) || passed.count(command.key) > 0) continue;
+    window.UserCommand(command.key);
+  }
+  ui_.play = nullptr;
+  startup.Stop();
 }
 
 void Screens::Shot(Form& form, const std::string& name) {
@@ -220,7 +377,7 @@ void Screens::Opened(Form& form, const Control& control, const std::string& name
   if (auto* field = qobject_cast<QComboBox*>(window.WidgetOf(control))) field->showPopup();
   QApplication::processEvents();
   if (QWidget* popup = QApplication::activePopupWidget()) {
-    if (!popup->grab().save(folder_ + "/" + ToQt(name) + ".png")) ++failures_;
+    if (!popup->grab().save(wishes_.folder + "/" + ToQt(name) + wishes_.mark + ".png")) ++failures_;
     popup->close();
   } else {
     std::fprintf(stderr, "%s did not open\n", name.c_str());
@@ -298,22 +455,27 @@ void Screens::Boxes() {
 }  // namespace ostrinka
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::fputs("ostrinka-screens OUTDIR [APPDIR]\n", stderr);
+  if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  ostrinka::Wishes wishes;
+  if (!ostrinka::Read(QApplication::arguments().mid(1), wishes)) {
+    std::fputs("ostrinka-screens OUTDIR [--app DIR] [--company DIR] [--size WxH] [--mark TEXT] [--windows | --dialogs]\n", stderr);
     return 2;
   }
-  if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  QApplication application(argc, argv);
-  const QString folder = QString::fromLocal8Bit(argv[1]);
-  const std::string program_folder = argc > 2 ? std::string(argv[2]) + "/" : ostrinka::ExecutableFolder() + "Ostrinka/";
   QTemporaryDir scratch;
-  if (!scratch.isValid() || !QDir().mkpath(folder)) return 1;
-  ostrinka::Screens screens(folder, program_folder, scratch.path().toStdString() + "/");
-  if (!screens.MakeCompany()) {
-    std::fputs("the company could not be made\n", stderr);
+  if (!scratch.isValid() || !QDir().mkpath(wishes.folder)) return 1;
+  ostrinka::Screens screens(wishes, scratch.path().toStdString() + "/");
+  if (!screens.OpenCompany()) {
+    std::fputs("the company could not be made or opened\n", stderr);
     return 1;
   }
-  screens.Dialogs();
-  screens.Boxes();
+  if (wishes.dialogs) {
+    screens.Dialogs();
+    screens.Boxes();
+    screens.Commands();
+  }
+  if (wishes.windows) screens.Windows();
   return screens.failures() == 0 ? 0 : 1;
 }

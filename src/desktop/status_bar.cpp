@@ -10,7 +10,7 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kHeight = 28, kLeast = 50, kMost = 200, kStep = 10, kSliderWidth = 120, kPercentWidth = 48;
+constexpr int kHeight = 28, kLeast = 50, kMost = 200, kStep = 10, kSliderWidth = 120, kPercentWidth = 48, kLeft = 14;
 
 // A slider that paints itself: a groove with a mark at 100 %, and a knob.
 class ZoomSlider : public QSlider {
@@ -58,6 +58,9 @@ StatusBar::StatusBar(MainWindow& window, const Look& look, QWidget* parent) : QW
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins(0, 0, kPercentWidth + 8, 0);
   line->setSpacing(0);
+  tasks_ = new TaskMark(window_, look_, this);
+  line->addSpacing(kLeft);
+  line->addWidget(tasks_, 0, Qt::AlignVCenter);
   line->addStretch(1);
   const auto button = [&](Glyph glyph, const char* name, int step) {
     auto* made = new RibbonButton(look_, RibbonButton::Shape::kWindow, this);
@@ -94,6 +97,7 @@ void StatusBar::Refresh(int row, int count) {
                  .replace("{0}", QLocale(QLocale::Polish).toString(row))
                  .replace("{1}", QLocale(QLocale::Polish).toString(count));
   }
+  tasks_->Refresh();
   SetText(ToQt(window_.ribbon.StatusBarText()));
 }
 
@@ -115,9 +119,10 @@ void StatusBar::paintEvent(QPaintEvent*) {
   painter.drawText(QRect(width() - kPercentWidth - 4, 0, kPercentWidth - 8, height()), Qt::AlignVCenter | Qt::AlignRight, percent_);
   const int right = less_->x() - 20, place_width = metrics.horizontalAdvance(place_);
   painter.drawText(QRect(right - place_width, 0, place_width + 2, height()), Qt::AlignVCenter | Qt::AlignRight, place_);
-  const int room = right - place_width - 40;
+  const int left = tasks_->isHidden() ? kLeft : kLeft + tasks_->width() + 12;
+  const int room = right - place_width - 26 - left;
   painter.setPen(look_.Colour(SkinColour::kMenuText));
-  painter.drawText(QRect(14, 0, room, height()), Qt::AlignVCenter | Qt::AlignLeft, metrics.elidedText(text_, Qt::ElideRight, room));
+  painter.drawText(QRect(left, 0, room, height()), Qt::AlignVCenter | Qt::AlignLeft, metrics.elidedText(text_, Qt::ElideRight, room));
 }
 
 }  // namespace ostrinka

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "desktop/ribbon_button.h"
+#include "desktop/task_mark.h"
 #include "shell/main_window.h"
 
 namespace ostrinka {
@@ -26,6 +27,7 @@ class StatusBar : public QWidget {
   const Look& look_;
   QSlider* zoom_;
   RibbonButton *less_, *more_;
+  TaskMark* tasks_;
   QString text_, place_, percent_;
 };
 

@@ -11,7 +11,7 @@ constexpr int kHeight = 32, kMarginLeft = 14, kMarkRoom = 12, kGap = 14;
 
 }  // namespace
 
-WindowStrip::WindowStrip(const Look& look, QWidget* window) : QWidget(window), look_(look) {
+WindowStrip::WindowStrip(const Look& look, QWidget* window, bool minimises) : QWidget(window), look_(look) {
   setFixedHeight(kHeight);
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins(0, 0, 0, 0);
@@ -27,6 +27,7 @@ WindowStrip::WindowStrip(const Look& look, QWidget* window) : QWidget(window), l
     return made;
   };
   minimise_ = button(Glyph::kMinimise, "common.minimize");
+  if (!minimises) minimise_->hide();
   maximise_ = button(Glyph::kMaximise, "common.maximize");
   close_ = button(Glyph::kClose, "common.close");
   QObject::connect(minimise_, &QAbstractButton::clicked, window, [window] { window->showMinimized(); });
@@ -57,7 +58,7 @@ void WindowStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   RibbonPainter paint(painter, look_);
   const bool active = window()->isActiveWindow();
-  const QString title = look_.Text("common.title");
+  const QString title = window()->windowTitle();
   painter.fillRect(QRect(kMarginLeft, height() / 2 - 7, 4, 14), look_.Accent());
   int x = kMarginLeft + kMarkRoom;
   painter.setFont(look_.BoldFont());
@@ -65,7 +66,7 @@ void WindowStrip::paintEvent(QPaintEvent*) {
   painter.drawText(QRect(x, 0, width() - x, height()), Qt::AlignVCenter | Qt::AlignLeft, title);
   if (company_.isEmpty()) return;
   x += QFontMetrics(look_.BoldFont()).horizontalAdvance(title) + kGap;
-  const int room = minimise_->x() - x - kGap;
+  const int room = (minimise_->isHidden() ? maximise_ : minimise_)->x() - x - kGap;
   painter.setFont(look_.WindowFont());
   painter.setPen(look_.Colour(active ? SkinColour::kCaptionTextDocument : SkinColour::kCaptionTextDisabled));
   const QString company = QFontMetrics(look_.WindowFont()).elidedText(company_, Qt::ElideRight, room);

@@ -1,4 +1,4 @@
-// The strip at the top of the main window: title, company, the three window buttons. It moves the window.
+// The strip at the top of a window of its own frame: title, what the window shows, the window buttons. It moves the window.
 #pragma once
 
 #include <QWidget>
@@ -9,9 +9,10 @@ namespace ostrinka {
 
 class WindowStrip : public QWidget {
  public:
-  WindowStrip(const Look& look, QWidget* window);
+  // A window that stands before another has no button that minimises it.
+  WindowStrip(const Look& look, QWidget* window, bool minimises = true);
 
-  // The company is named beside the program's title.
+  // The company, or what else the window shows, is named beside the window's title.
   void SetCompany(const QString& company);
   // Takes over whether the window is maximised or active.
   void Refresh();

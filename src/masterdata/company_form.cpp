@@ -6,40 +6,6 @@
 #include "masterdata/further_accounts_form.h"
 
 namespace ostrinka {
-namespace {
-
-struct BoxField {
-  TextBoxControl frm_Admin_usr_::*box;
-  const char* name;
-  std::string CompanyRecord::*member;
-  const char* field;  // of firma, for its length
-  size_t length;      // where no company is open
-};
-
-constexpr BoxField kBoxes[] = {
-    {&frm_Admin_usr_::txtMiejsceWystDok, "txtMiejsceWystDok", &CompanyRecord::M_WYST_DOK, "M_WYST_DOK", 200},
-    {&frm_Admin_usr_::txtNazwaFirmy, "txtNazwaFirmy", &CompanyRecord::S_NAZWA, "S_NAZWA", 250},
-    {&frm_Admin_usr_::txtUlica, "txtUlica", &CompanyRecord::S_ULICA, "S_ULICA", 250},
-    {&frm_Admin_usr_::txtNrDomu, "txtNrDomu", &CompanyRecord::S_NRDOM, "S_NRDOM", 250},
-    {&frm_Admin_usr_::txtNrLokalu, "txtNrLokalu", &CompanyRecord::S_NRLOK, "S_NRLOK", 250},
-    {&frm_Admin_usr_::txtKodPocztowy, "txtKodPocztowy", &CompanyRecord::S_KPOCZ, "S_KPOCZ", 250},
-    {&frm_Admin_usr_::txtMiejscowość, "txtMiejscowość", &CompanyRecord::S_MIAST, "S_MIAST", 250},
-    {&frm_Admin_usr_::txtKraj, "txtKraj", &CompanyRecord::S_KRAJS, "S_KRAJS", 250},
-    {&frm_Admin_usr_::txtTelefon, "txtTelefon", &CompanyRecord::K_TSTAC, "K_TSTAC", 250},
-    {&frm_Admin_usr_::txtFaks, "txtFaks", &CompanyRecord::K_TFAKS, "K_TFAKS", 250},
-    {&frm_Admin_usr_::txtEMail, "txtEMail", &CompanyRecord::K_EMAIL, "K_EMAIL", 250},
-    {&frm_Admin_usr_::txtWWW, "txtWWW", &CompanyRecord::K_STWWW, "K_STWWW", 250},
-    {&frm_Admin_usr_::txtKRS, "txtKRS", &CompanyRecord::F_NRKRS, "F_NRKRS", 250},
-    {&frm_Admin_usr_::TxtNIP, "TxtNIP", &CompanyRecord::F_NRNIP, "F_NRNIP", 250},
-    {&frm_Admin_usr_::txtNIPEU, "txtNIPEU", &CompanyRecord::F_NIPEU, "F_NIPEU", 250},
-    {&frm_Admin_usr_::txtRegon, "txtRegon", &CompanyRecord::F_REGON, "F_REGON", 250},
-    {&frm_Admin_usr_::txtBank, "txtBank", &CompanyRecord::B_NAZWA, "B_NAZWA", 250},
-    {&frm_Admin_usr_::txtSWIFT, "txtSWIFT", &CompanyRecord::B_SWIFT, "B_SWIFT", 250},
-    {&frm_Admin_usr_::txtKonto, "txtKonto", &CompanyRecord::B_KONTO, "B_KONTO", 250},
-};
-
-}  // namespace
-
 frm_Admin_usr_::frm_Admin_usr_(Program& program) : Form("frm_Admin_usr_", "usr.title"), program_(program) {
   RegisterControls();
   LayOut();
@@ -52,7 +18,7 @@ frm_Admin_usr_::frm_Admin_usr_(Program& program) : Form("frm_Admin_usr_", "usr.t
 }
 
 void frm_Admin_usr_::RegisterControls() {
-  for (const BoxField& entry : kBoxes) Register(entry.name, this->*entry.box);
+  for (const CompanyBox& entry : CompanyBoxList()) Register(entry.name, this->*entry.box);
   Register("lblLogo", lblLogo);
   Register("btnKonta", btnKonta);
   Register("btnKdod_", btnKdod_);
@@ -94,7 +60,7 @@ void frm_Admin_usr_::LayOut() {
 void frm_Admin_usr_::reload_() {
   CompanyLoad(program_);
   edited_ = program_.company;
-  for (const BoxField& entry : kBoxes) {
+  for (const CompanyBox& entry : CompanyBoxList()) {
     LimitToField(Table(program_, kFirma), entry.field, this->*entry.box, entry.length);
     (this->*entry.box).SetText(edited_.*entry.member);
   }
@@ -107,7 +73,7 @@ void frm_Admin_usr_::reload_() {
 }
 
 void frm_Admin_usr_::save_() {
-  for (const BoxField& entry : kBoxes) edited_.*entry.member = (this->*entry.box).Text();
+  for (const CompanyBox& entry : CompanyBoxList()) edited_.*entry.member = (this->*entry.box).Text();
   if (!CompanySave(program_, edited_)) {
     program_.Message("msg.info.error", MessageKind::kError);
     return;

@@ -1,14 +1,13 @@
 // The dialog of company data: the details that documents print, and the logo.
 #pragma once
 
+#include "masterdata/company_boxes.h"
 #include "masterdata/form_helpers.h"
 
 namespace ostrinka {
 
-class frm_Admin_usr_ : public Form {
+class frm_Admin_usr_ : public Form, public CompanyBoxes {
  public:
-  TextBoxControl txtMiejsceWystDok, txtNazwaFirmy, txtUlica, txtNrDomu, txtNrLokalu, txtKodPocztowy, txtMiejscowość, txtKraj, txtTelefon,
-      txtFaks, txtEMail, txtWWW, txtKRS, TxtNIP, txtNIPEU, txtRegon, txtBank, txtSWIFT, txtKonto;
   LabelControl lblLogo;
   ButtonControl btnSave, btnCancel, btnKonta, btnKdod_, btnLogo, btnClrLogo;
 

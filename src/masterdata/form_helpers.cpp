@@ -1,8 +1,8 @@
 #include "masterdata/form_helpers.h"
 
+#include "base/check_digits.h"
 #include "base/text.h"
 #include "company/tables.h"
-#include "masterdata/validators.h"
 
 namespace ostrinka {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "company/tables.h"
-#include "masterdata/goods_prices.h"
+#include "documents/goods_prices.h"
 
 namespace ostrinka {
 namespace {

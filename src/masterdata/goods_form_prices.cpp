@@ -3,8 +3,8 @@
 
 #include "base/text.h"
 #include "company/tables.h"
+#include "documents/goods_prices.h"
 #include "masterdata/goods_form.h"
-#include "masterdata/goods_prices.h"
 
 namespace ostrinka {
 

@@ -8,6 +8,7 @@
 namespace ostrinka {
 
 class Form;
+class frm_DocPreview;
 
 // Kinds of message boxes: a question has yes and no, the others one button.
 enum class MessageKind { kPlain = 0, kError = 16, kWarning = 48, kQuestion = 52, kInformation = 64 };
@@ -23,10 +24,13 @@ class UserInterface {
  public:
   virtual ~UserInterface() = default;
   virtual void ShowModal(Form& form) = 0;  // returns when the form closes
+  // Returns when the preview closes; a front end without a window passes over it.
+  virtual void ShowPreview(frm_DocPreview& preview) { (void)preview; }
   virtual Answer ShowMessage(const std::string& text, MessageKind kind) = 0;
   // Nothing when the person cancels.
   virtual std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) = 0;
-  virtual std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal) = 0;
+  // `filter`: number of the filter that is proposed, and of the one that the person chose.
+  virtual std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) = 0;
   virtual std::optional<std::string> AskFolder(const std::string& title) = 0;
   virtual void ShowStatus(const std::string& text) = 0;  // the status line of the main window
   virtual void TurnEvents() = 0;                         // lets waiting events of the window run
@@ -38,6 +42,8 @@ class UserInterface {
   virtual void StartMainTimer(int milliseconds) = 0;
   virtual void StopMainTimer() = 0;
   virtual bool OpenWithSystem(const std::string& target) = 0;  // a file, a web address or "mailto:..." with its program
+  // The settings of the window's look were changed; `skin` when another skin was chosen, which is then read anew.
+  virtual void AppearanceChanged(bool skin) { (void)skin; }
   virtual void EndProgram() = 0;                               // windows are destroyed, the loop ends
 };
 

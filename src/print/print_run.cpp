@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "company/tables.h"
@@ -26,6 +27,10 @@ constexpr CopyToPrint kCopy[] = {{"sdoc.ct.cop", true}};
 constexpr CopyToPrint kDuplicate[] = {{"sdoc.ct.dup", true}};
 constexpr CopyToPrint kProForma[] = {{nullptr, true}};
 
+constexpr const char* kPrintSection = "Print";  // of kOstrinka
+constexpr const char* kKindKey = "PdfKind";     // 0 fonts by name, 1 fonts embedded
+constexpr const char* kToldKey = "PdfFontsTold";
+
 using Copies = std::span<const CopyToPrint>;
 constexpr Copies kCopiesOfMode[] = {kOriginalAndCopy, kOriginalAndTwoCopies, kOriginalCopyInOne, kOriginal, kCopy, kDuplicate};
 
@@ -43,6 +48,27 @@ void PrintCopies(Program& program, ClassPRINT& print, int32_t record, Copies cop
     PrintSalesDocument(program, print, record, copy.is_original, copy.label_key ? program.Text(copy.label_key) : "");
     StampPageTotals(program);
   }
+}
+
+bool WriteEmbedded(Program& program, const std::string& path) {
+  EmbeddedPdf& pdf = *program.platform.embedded_pdf;
+  ClassPRINT& job = *program.CurrentPrintJob;
+  if (!pdf.Start(path)) return false;
+  for (int32_t page = 1; page <= job.Page(); ++page) {
+    double pixels_per_mm = 0;
+    Canvas* sheet = pdf.StartPage(job.Page_Width(page), job.Page_Height(page), pixels_per_mm);
+    if (!sheet) return false;
+    job.PRINT_PAGE_(page, sheet, pixels_per_mm);
+  }
+  return pdf.Finish();
+}
+
+// The stated kind only names its fonts: who lacks them hears of the other kind, once.
+void TellOfFonts(Program& program) {
+  if (!program.platform.embedded_pdf || program.platform.embedded_pdf->HasArial()) return;
+  if (program.settings.Boolean(kOstrinka, kPrintSection, kToldKey, false)) return;
+  program.settings.SaveSettingValue(kOstrinka, kPrintSection, kToldKey, true);
+  program.Message("msg.info.pdffonts", MessageKind::kInformation);
 }
 
 }  // namespace
@@ -75,14 +101,49 @@ void StampPageTotals(Program& program) {
 
 void SaveJobAsPdf(Program& program) {
   if (!program.CurrentPrintJob) return;
-  const std::optional<std::string> answer = program.platform.ui.AskSaveFile({{"Portable Document Format (*.pdf)", {"*.pdf"}}}, "");
+  std::vector<FileFilter> kinds = {{"Portable Document Format (*.pdf)", {"*.pdf"}}};
+  if (program.platform.embedded_pdf) kinds.push_back({program.Text("prntpv.pdf.embedded"), {"*.pdf"}});
+  const int32_t last = program.settings.Integer(kOstrinka, kPrintSection, kKindKey, 0);
+  size_t kind = last > 0 && static_cast<size_t>(last) < kinds.size() ? static_cast<size_t>(last) : 0;
+  const std::optional<std::string> answer = program.platform.ui.AskSaveFile(kinds, "", kind);
   std::string path = ReplaceAll(answer.value_or(""), std::string_view("\0", 1), "");
   if (path.empty()) return;
   if (path.size() < 4 || Lower(path.substr(path.size() - 4)) != ".pdf") path += ".pdf";
+  if (kinds.size() > 1) program.settings.SaveSettingValue(kOstrinka, kPrintSection, kKindKey, static_cast<int32_t>(kind));
   program.Status(program.Text("mdi.pdf.pleasewait"));
-  const bool written = program.CurrentPrintJob->MAKE_PDF(path);
+  const bool written = kind == 0 ? program.CurrentPrintJob->MAKE_PDF(path) : WriteEmbedded(program, path);
   program.Status("");
   if (!written) program.Message("msg.info.error", MessageKind::kError);
+  if (written && kind == 0) TellOfFonts(program);
+}
+
+bool RunPrinter(Program& program) {
+  if (!program.CurrentPrintJob) return false;
+  const ClassPRINT& job = *program.CurrentPrintJob;
+  Printer& printer = program.platform.printer;
+  const Printer::State state = printer.Query();
+  if (state != Printer::State::kReady || !printer.StartDocument("Velmora.Ostrinka")) {
+    program.Message(state == Printer::State::kMissing ? "msg.info.printernotfound" : "msg.info.printerror", MessageKind::kError);
+    return false;
+  }
+  for (int32_t page = 1; page <= job.Page(); ++page) {
+    program.Status(program.Text("prntpv.printing", {std::to_string(page), std::to_string(job.Page())}));
+    program.platform.ui.TurnEvents();
+    double pixels_per_mm = 0;
+    Canvas* sheet = printer.StartPage(job.Page_Width(page) > job.Page_Height(page), pixels_per_mm);
+    if (!sheet) continue;
+    program.CurrentPrintJob->PRINT_PAGE_(page, sheet, pixels_per_mm);
+    printer.EndPage();
+  }
+  const std::string name = printer.Name();
+  const bool sent = printer.EndDocument();
+  program.Status(sent ? program.Text("prntpv.printed", {name}) : "");
+  return true;
+}
+
+bool PrintOneDocument(Program& program, int32_t record, int mode) {
+  BuildDocumentJob(program, record, mode, /*save_pdf=*/false);
+  return RunPrinter(program);
 }
 
 bool ReadFooterFlag(Program& program) {

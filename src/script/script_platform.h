@@ -34,16 +34,6 @@ class NoWaiting : public Waiter {
   void Wait(int) override {}
 };
 
-class NoPrinterHere : public Printer {
- public:
-  State Query() override { return State::kMissing; }
-  std::optional<PaperSize> Paper() override { return std::nullopt; }
-  bool StartDocument(const std::string&) override { return false; }
-  Canvas* StartPage(bool, double&) override { return nullptr; }
-  bool EndPage() override { return false; }
-  bool EndDocument() override { return false; }
-};
-
 struct ScriptPlatform {
   ScriptPlatform(std::string application_folder, UserInterface& ui, std::optional<Date> day, std::optional<uint64_t> seed)
       : clock(day),
@@ -57,7 +47,7 @@ struct ScriptPlatform {
   ScriptClock clock;
   ScriptRandom random;
   NoWaiting waiter;
-  NoPrinterHere printer;
+  NoPrinter printer;
   BitmapDecoder pictures;
   HttpDownload download;
   PosixSerialPort serial;

@@ -151,7 +151,7 @@ std::optional<std::string> ScriptRunner::NextFile() {
 }
 
 std::optional<std::string> ScriptRunner::AskOpenFile(const std::vector<FileFilter>&) { return NextFile(); }
-std::optional<std::string> ScriptRunner::AskSaveFile(const std::vector<FileFilter>&, const std::string&) { return NextFile(); }
+std::optional<std::string> ScriptRunner::AskSaveFile(const std::vector<FileFilter>&, const std::string&, size_t&) { return NextFile(); }
 std::optional<std::string> ScriptRunner::AskFolder(const std::string&) { return NextFile(); }
 
 bool ScriptRunner::OpenWithSystem(const std::string& target) {

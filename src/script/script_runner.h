@@ -36,7 +36,7 @@ class ScriptRunner : public UserInterface {
   void ShowModal(Form& form) override;
   Answer ShowMessage(const std::string& text, MessageKind kind) override;
   std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) override;
-  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal) override;
+  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) override;
   std::optional<std::string> AskFolder(const std::string& title) override;
   void ShowStatus(const std::string& text) override { status_ = text; }
   void TurnEvents() override {}
@@ -75,6 +75,7 @@ class ScriptRunner : public UserInterface {
   void DoTab(const WordList& words);
   void DoRow(const WordList& words);
   void DoRecord(const WordList& words);
+  void DoCell(const WordList& words);
   void DoKey(const WordList& words);
   void DoAlt(const WordList& words);
   void DoSet(const WordList& words);

@@ -8,6 +8,11 @@
 #include "script/script_runner.h"
 
 namespace ostrinka {
+namespace {
+
+constexpr char kCellField[] = "txtEdit";  // the cell of a dictionary that is open in the main window
+
+}  // namespace
 
 const std::vector<ScriptRunner::Step>& ScriptRunner::Steps() {
   using R = ScriptRunner;
@@ -21,6 +26,7 @@ const std::vector<ScriptRunner::Step>& ScriptRunner::Steps() {
       {"tab", 1, 1, kWin, &R::DoTab},
       {"row", 1, 1, kWin, &R::DoRow},
       {"record", 1, 1, kWin, &R::DoRecord},
+      {"cell", 2, 2, kWin, &R::DoCell},
       {"key", 1, 1, kAny, &R::DoKey},
       {"alt", 0, 0, kWin, &R::DoAlt},
       {"set", 2, 2, kAny, &R::DoSet},
@@ -55,7 +61,14 @@ std::optional<int> ScriptRunner::Number(const std::string& word) {
 }
 
 Control* ScriptRunner::FieldOf(const std::string& name) {
-  Control* control = FrontForm() ? FrontForm()->Find(name) : nullptr;
+  Control* control = nullptr;
+  if (FrontForm()) {
+    control = FrontForm()->Find(name);
+  } else if (name == kCellField && startup_.running()) {
+    control = startup_.window()->dictionary.Front();
+    if (!control) Wrong("no cell of a dictionary is open");
+    return control;
+  }
   if (!control) Wrong("unknown field " + name);
   return control;
 }
@@ -67,8 +80,6 @@ std::string ScriptRunner::TextOf(const std::string& key_or_text) const {
 std::optional<std::string> ScriptRunner::ValueOf(const std::string& field) {
   if (!FrontForm()) {
     if (field == "@FIND" && startup_.running()) return startup_.window()->ribbon.FindText();
-    Wrong("unknown field " + field);
-    return std::nullopt;
   }
   Control* control = FieldOf(field);
   if (!control) return std::nullopt;
@@ -186,6 +197,11 @@ void ScriptRunner::DoRecord(const WordList& words) {
   if (number && !startup_.window()->UserRecord(*number)) Wrong("record not on show: " + words[1]);
 }
 
+void ScriptRunner::DoCell(const WordList& words) {
+  const auto row = Number(words[1]), column = Number(words[2]);
+  if (row && column && !startup_.window()->UserCell(*row, *column)) Wrong("no such cell: " + words[1] + " " + words[2]);
+}
+
 void ScriptRunner::DoKey(const WordList& words) {
   const auto code = Number(words[1]);
   if (!code) return;
@@ -201,11 +217,7 @@ void ScriptRunner::DoAlt(const WordList&) { startup_.window()->ribbon.AltState(t
 // --- forms
 
 void ScriptRunner::DoSet(const WordList& words) {
-  if (!FrontForm()) {
-    if (words[1] != "@FIND" || !startup_.running()) {
-      Wrong("unknown field " + words[1]);
-      return;
-    }
+  if (!FrontForm() && words[1] == "@FIND" && startup_.running()) {
     startup_.window()->ribbon.FindText(words[2]);
     return;
   }

@@ -101,12 +101,12 @@ const std::vector<Command>& MainWindow::Commands() {
       {"ZESTAWIENIA.NALEŻNOŚCI", kDb, &W::NotBuilt},
       {"ZESTAWIENIA.CENNIK", kDb, &W::NotBuilt},
       {"ZESTAWIENIA.WALUTA", kDb, &W::NotBuilt},
-      {"SŁOWNIK.REKORD.DODAJ", kDb, &W::NotBuilt},
-      {"SŁOWNIK.REKORD.EDYTUJ", kDb, &W::NotBuilt},
-      {"SŁOWNIK.REKORD.USUŃ", kDb, &W::NotBuilt},
+      {"SŁOWNIK.REKORD.DODAJ", kDb, &W::AddDictionaryRecord},
+      {"SŁOWNIK.REKORD.EDYTUJ", kDb, &W::EditDictionaryRecord},
+      {"SŁOWNIK.REKORD.USUŃ", kDb, &W::DeleteDictionaryRecord},
       {"SŁOWNIK.WALUTY.UPG.NBP", kDb, &W::NotBuilt},
       {"SET.PRG", kNone, &W::NotBuilt},
-      {"SET.GUI", kNone, &W::NotBuilt},
+      {"SET.GUI", kNone, &W::InterfaceOptions},
       {"BACKUP", kDb, &W::NotBuilt},
       {"RESTORE", kNone, &W::NotBuilt},
       {"EXPORT", kDb, &W::NotBuilt},
@@ -124,6 +124,7 @@ const Command* MainWindow::FindCommand(std::string_view key) const {
 }
 
 bool MainWindow::Run(std::string_view key, int argument) {
+  dictionary.VSC_GOTO_END_();
   constexpr std::string_view kCurrencyItem = "ZESTAWIENIA.WALUTA.";
   if (key.substr(0, kCurrencyItem.size()) == kCurrencyItem) {
     program_.settings.SaveSettingValue(kOstrinka, "Reports", "Currency", std::string(key.substr(kCurrencyItem.size())));
@@ -144,7 +145,9 @@ bool MainWindow::Run(std::string_view key, int argument) {
   running_ = true;
   (this->*command->run)(*command, argument);
   running_ = false;
-  if (program_.main_view == this) ref_();
+  if (program_.main_view != this) return true;  // the program ended
+  if (key.starts_with("SET.")) ShowFiscalEntry();
+  ref_();
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "documents/subscriptions.h"
 #include "masterdata/connection_form.h"
@@ -29,7 +30,7 @@ std::string RecordPrefix(std::string_view tab) {
 
 }  // namespace
 
-MainWindow::MainWindow(Program& program) : ribbon(program.catalogue), program_(program) {
+MainWindow::MainWindow(Program& program) : ribbon(program.catalogue), dictionary(program), program_(program) {
   program_.main_view = this;
   ribbon.ButtonChecked("SPRZEDAŻ.TRYBDRUKU_ORG", true);
   ribbon.ButtonChecked("SPRZEDAŻ.TRYBDRUKU_ORG.S_", true);
@@ -39,9 +40,15 @@ MainWindow::MainWindow(Program& program) : ribbon(program.catalogue), program_(p
   ribbon.PopupMenuVisible("EK.BRK", exports);
   ribbon.PopupMenuVisible("STREM", false);
   ribbon.PopupMenuVisible("STR1", false);
-  ribbon.ToolbarVisible("SPRZEDAŻ.FISKALIZUJ", program_.settings.Integer(kCommon, "prgSettings", "FPModel", 0) > 0);
+  ShowFiscalEntry();
   ribbon.Repaint = [this] { program_.platform.ui.RedrawMainWindow(); };
   read_window_();
+}
+
+// Only a company with a fiscal printer has the entry.
+void MainWindow::ShowFiscalEntry() {
+  const bool printer = program_.settings.Integer(kCommon, "prgSettings", "FPModel", 0) > 0;
+  for (const char* entry : {"SPRZEDAŻ.FISKALIZUJ", "SPRZEDAŻ.FP"}) ribbon.PopupMenuVisible(entry, printer);
 }
 
 MainWindow::~MainWindow() {
@@ -94,6 +101,7 @@ void MainWindow::ToggleGpp() {
 }
 
 bool MainWindow::UserTab(std::string_view key) {
+  dictionary.VSC_GOTO_END_();
   if (!ribbon.TabID(key)) return false;
   CurrentTable = 0;
   for (const TabTable& row : kTabs) {
@@ -135,7 +143,19 @@ TableLook MainWindow::Look() const {
   return look;
 }
 
+std::pair<int, int> MainWindow::ViewOrder() {
+  ClassQDBASE* table = ViewTable();
+  if (!table) return {0, ordAsc};
+  const SortState& sort = shown_order_[static_cast<size_t>(ViewTableNumber())];
+  for (int column = 1; column <= table->MAX_COLUMNS(); ++column) {
+    const std::string name = table->FIELD_NAME(table->columns()[static_cast<size_t>(column - 1)]);
+    if (!sort.field.empty() && (sort.field == name || sort.field == "@" + name)) return {column, sort.order};
+  }
+  return {0, ordAsc};
+}
+
 bool MainWindow::UserRow(int row) {
+  dictionary.VSC_GOTO_END_();
   ClassQDBASE* table = ViewTable();
   if (!table || row < 1 || row > table->MAX_ROWS()) return false;
   table->RECORD_POSITION(table->selection()[static_cast<size_t>(row - 1)]);
@@ -144,6 +164,7 @@ bool MainWindow::UserRow(int row) {
 }
 
 bool MainWindow::UserRecord(int32_t record) {
+  dictionary.VSC_GOTO_END_();
   ClassQDBASE* table = ViewTable();
   if (!table || !table->RECORD_SELECT(record)) return false;
   table->RECORD_POSITION(record);
@@ -160,19 +181,22 @@ void MainWindow::UserDoubleClick() {
 }
 
 void MainWindow::UserSortByColumn(int column) {
+  dictionary.VSC_GOTO_END_();
   ClassQDBASE* table = ViewTable();
   if (!table || column < 1 || column > table->MAX_COLUMNS()) return;
   const int number = ViewTableNumber(), field = table->columns()[static_cast<size_t>(column - 1)];
   int& direction = column_order_[{number, field}];
   direction = direction == ordAsc ? ordDesc : ordAsc;
   const std::string name = (table->FIELD_TYPE(field) == kLink ? "@" : "") + table->FIELD_NAME(field);
-  sort_[static_cast<size_t>(number)] = {name, direction};
+  sort_[static_cast<size_t>(number)] = shown_order_[static_cast<size_t>(number)] = {name, direction};
+  const bool before = std::exchange(running_, true);
   table->SELECTION("~", "~", name, direction);
+  running_ = before;
   ref_();
 }
 
 bool MainWindow::UserKey(int code) {
-  constexpr int kAlt = 18, kEnter = 13, kDelete = 46, kF1 = 112, kF5 = 116;
+  constexpr int kEnter = 13, kAlt = 18, kBlank = 32, kDelete = 46, kF1 = 112, kF5 = 116;
   if (code == kAlt) {
     ribbon.AltState(!ribbon.AltState());
     return true;
@@ -195,7 +219,10 @@ bool MainWindow::UserKey(int code) {
     }
     return false;
   }
+  if (dictionary.UserKey(code, false)) return true;
+  dictionary.VSC_GOTO_END_();
   const std::string prefix = RecordPrefix(ribbon.TabID());
+  if (code == kBlank) return CurrentTable == -2 && dictionary.ChangeMark(DictionaryTable, CurrentRecord(DictionaryTable));
   if (code == kEnter || code == kDelete) {
     if (CurrentTable == -1) return false;
     return Run(prefix + (code == kEnter ? ".EDYTUJ" : ".USUŃ"), -1);
@@ -222,10 +249,14 @@ bool MainWindow::UserKey(int code) {
 void MainWindow::ref_() {
   const int number = ViewTableNumber();
   ClassQDBASE* table = ViewTable();
-  if (table && selected_[static_cast<size_t>(number)] != table) {
+  // A table opened anew may lie where the old one did: only the owner tells them apart.
+  if (table && selected_[static_cast<size_t>(number)].lock() != program_.tables[static_cast<size_t>(number)]) {
     // A list is filled when it is first shown, not at the opening of the company.
-    selected_[static_cast<size_t>(number)] = table;
+    selected_[static_cast<size_t>(number)] = program_.tables[static_cast<size_t>(number)];
+    shown_order_[static_cast<size_t>(number)] = {};
+    const bool before = std::exchange(running_, true);  // a large table lets events run
     table->SELECTION("~", "*", "", ordAsc);
+    running_ = before;
     if (!table->RECORD_SELECT(table->RECORD_POSITION()) && table->MAX_ROWS() > 0) table->RECORD_POSITION(table->selection()[0]);
   }
   first_row_ = std::clamp(first_row_, 1, table ? std::max(table->MAX_ROWS(), 1) : 1);

@@ -7,12 +7,14 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "app/main_view.h"
 #include "company/tables.h"
+#include "shell/dictionary_editor.h"
 #include "shell/ribbon.h"
 
 namespace ostrinka {
@@ -37,6 +39,7 @@ class MainWindow : public MainView {
   ~MainWindow() override;
 
   RibbonControl ribbon;
+  DictionaryEditor dictionary;  // the cell of a dictionary that is open over the list
 
   // What the person does. False: no such key, or it is disabled or hidden.
   bool UserCommand(std::string_view key, int argument = -1);
@@ -45,6 +48,7 @@ class MainWindow : public MainView {
   bool UserKey(int code);                 // by the key's code; false when the key means nothing here
   bool UserRow(int row);                  // row from 1 of the list on show
   bool UserRecord(int32_t record);
+  bool UserCell(int row, int column);     // a click on a cell: row as above, column from 1 of those on show; in a dictionary it edits
   void UserDoubleClick();
   void UserSortByColumn(int column);      // a click on a header, column from 1 of those on show
 
@@ -52,6 +56,8 @@ class MainWindow : public MainView {
   int ViewTableNumber() const;            // 0 for none
   ClassQDBASE* ViewTable();               // null when none is open
   TableLook Look() const;
+  // The column, from 1 of those on show, that the list is ordered by, and ordAsc or ordDesc; 0 for none.
+  std::pair<int, int> ViewOrder();
   int first_row() const { return first_row_; }
   void FirstRow(int row) { first_row_ = row; }
   double zoom() const { return zoom_; }
@@ -110,8 +116,12 @@ class MainWindow : public MainView {
   void ReportPeriodAll(const Command& command, int argument);
   void PrintDocument(const Command& command, int argument);
   void PickDictionary(const Command& command, int argument);
+  void AddDictionaryRecord(const Command& command, int argument);
+  void EditDictionaryRecord(const Command& command, int argument);
+  void DeleteDictionaryRecord(const Command& command, int argument);
   void CompanyData(const Command& command, int argument);
   void DatabaseConnection(const Command& command, int argument);
+  void InterfaceOptions(const Command& command, int argument);
   void About(const Command& command, int argument);
   void Exit(const Command& command, int argument);
   void NotBuilt(const Command& command, int argument);
@@ -134,15 +144,17 @@ class MainWindow : public MainView {
   void RebuildCurrencyChoice();
   void PickMode(const RibbonRow& row);
   void ToggleGpp();
+  void ShowFiscalEntry();
   void Refuse(const char* message_key);
   void EditSalesDocument(frm_Dok_sprzed& form);
+  void PreviewJob(const std::string& subject);
 
   Program& program_;
   bool running_ = false, view_shown_ = true;
   int first_row_ = 1;
   double zoom_ = 1;
-  std::array<const ClassQDBASE*, kTableSlots + 1> selected_{};  // tables whose records were selected once
-  std::array<SortState, kTableSlots + 1> sort_;
+  std::array<std::weak_ptr<ClassQDBASE>, kTableSlots + 1> selected_;  // tables whose records were selected once
+  std::array<SortState, kTableSlots + 1> sort_, shown_order_;  // what the next search keeps to; what the list shows now
   std::map<std::pair<int, int>, int> column_order_;             // last direction by table and field
 };
 

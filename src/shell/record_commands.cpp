@@ -4,9 +4,11 @@
 #include "masterdata/company_form.h"
 #include "masterdata/customer_form.h"
 #include "masterdata/goods_form.h"
+#include "print/doc_preview.h"
 #include "print/print_run.h"
 #include "shell/about_form.h"
 #include "shell/main_window.h"
+#include "shell/options_form.h"
 
 namespace ostrinka {
 namespace {
@@ -36,7 +38,7 @@ void MainWindow::AddDocument(const Command& command, int argument) {
 
 void MainWindow::EditSalesDocument(frm_Dok_sprzed& form) {
   form.print_document = [this](int32_t record, PrintMode mode) {
-    BuildDocumentJob(program_, record, static_cast<int>(mode), /*save_pdf=*/true);
+    PrintOneDocument(program_, record, static_cast<int>(mode));
   };
   form.reload_();
   program_.platform.ui.ShowModal(form);
@@ -124,9 +126,12 @@ void MainWindow::DeleteRecord(const Command& command, int) {
     }
     table.RECORD_LOAD(record);
     for (const char* field : kEmptiedFields) table.FIELD(field, int32_t{0});
-    table.RECORD_SAVE(record);
+    if (!table.RECORD_SAVE(record)) {
+      program_.Message("msg.info.error", MessageKind::kError);
+      return;
+    }
   }
-  table.RECORD_DELETE(record);
+  if (!table.RECORD_DELETE(record)) program_.Message("msg.info.error", MessageKind::kError);
   refresh_tasks_();
 }
 
@@ -147,19 +152,24 @@ void MainWindow::PrintDocument(const Command& command, int) {
     program_.Message(command.detail, MessageKind::kInformation);
     return;
   }
-  if (ribbon.ButtonText(command.key) != program_.Text("mdi.print.topdf")) {
-    NotBuilt(command, -1);
-    return;
+  const std::string choice = ribbon.ButtonText(command.key);
+  const int mode = static_cast<int>(TickedPrintMode());
+  if (choice == program_.Text("mdi.print.topdf")) {
+    BuildDocumentJob(program_, record, mode, /*save_pdf=*/true);
+  } else if (choice == program_.Text("mdi.print.preview")) {
+    BuildDocumentJob(program_, record, mode, /*save_pdf=*/false);
+    PreviewJob(doc_print_title(program_, record) + " " + doc_number_text(program_, record));
+  } else {
+    PrintOneDocument(program_, record, mode);
   }
-  BuildDocumentJob(program_, record, static_cast<int>(TickedPrintMode()), /*save_pdf=*/true);
 }
 
-void MainWindow::PickDictionary(const Command& command, int) {
-  for (const Command& other : Commands()) {
-    if (other.run == &MainWindow::PickDictionary) ribbon.ButtonChecked(other.key, other.key == command.key);
-  }
-  DictionaryTable = command.table;
-  first_row_ = 1;
+// A job that came out empty has told why.
+void MainWindow::PreviewJob(const std::string& subject) {
+  frm_DocPreview preview(program_);
+  if (preview.Pages() == 0) return;
+  preview.subject = subject;
+  program_.platform.ui.ShowPreview(preview);
 }
 
 void MainWindow::CompanyData(const Command&, int) {
@@ -169,6 +179,12 @@ void MainWindow::CompanyData(const Command&, int) {
 }
 
 void MainWindow::DatabaseConnection(const Command&, int) { SET_QDB_(); }
+
+void MainWindow::InterfaceOptions(const Command&, int) {
+  OPT_ form(program_, ribbon);
+  form.reload_();
+  program_.platform.ui.ShowModal(form);
+}
 
 void MainWindow::About(const Command&, int) {
   frm_About form(program_);

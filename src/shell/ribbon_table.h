@@ -18,14 +18,14 @@ enum class RibbonKind : unsigned char {
   kFind,       // the find field @FIND and its button
   kAlphabet,   // row of letters
   kMainMenu,   // main-menu entry; no parent
-  kPopup,      // entry of a tab's popup menu; parent is the tab; key "-" separates
+  kPopup,      // entry of a tab's popup menu; parent is the tab
 };
 
 struct RibbonRow {
   RibbonKind kind;
   const char* key;
   const char* parent;
-  const char* text;  // catalogue key of the caption, beside which ".tip" and ".key" may stand; "": the last part of the key
+  const char* text;  // catalogue key of the caption, beside which ".tip" and ".key" may stand; "": the last part of the key, in a menu a separator
   const char* icon;  // family and number of the icon files: "qdb-01" is qdb.01.<state>.ico; "" for none
 };
 

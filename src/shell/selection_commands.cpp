@@ -56,6 +56,7 @@ std::string MainWindow::PeriodPrefix(const Command& command) const {
 }
 
 void MainWindow::TickPeriod(const Command& command) {
+  shown_order_[static_cast<size_t>(command.table)] = {};  // a period lists the records in their own order
   for (const char* tool : kPeriodTools) {
     const std::string key = PeriodPrefix(command) + tool;
     ribbon.ButtonChecked(key, key == command.key);
@@ -152,6 +153,7 @@ void MainWindow::SortRecords(const Command& command, int) {
   } else {
     sort = {command.detail, caption == program_.Text("mdi.sort.desc.name") ? ordDesc : ordAsc};
   }
+  shown_order_[static_cast<size_t>(command.table)] = sort;
   Table(program_, command.table).SELECTION("~", "~", sort.field, sort.order);
 }
 
@@ -160,7 +162,10 @@ void MainWindow::AlphabetRange(const Command& command, int) {
   const std::string own = std::string(command.key), parent = own.substr(0, own.rfind('.'));
   for (const RibbonRow* row : ribbon.Children(parent)) ribbon.ButtonChecked(row->key, own == row->key);
   ClassQDBASE& table = Table(program_, command.table);
+  SortState& shown = shown_order_[static_cast<size_t>(command.table)];
+  shown = {};
   if (bounds.empty()) {
+    shown = {"NAZWA", ordAsc};
     table.SELECTION("~", "*", "NAZWA", ordAsc);
     return;
   }
@@ -178,6 +183,7 @@ void MainWindow::AlphabetRange(const Command& command, int) {
 void MainWindow::FindRecords(const Command& command, int) {
   ClassQDBASE& table = Table(program_, command.table);
   const SortState& sort = sort_[static_cast<size_t>(command.table)];
+  shown_order_[static_cast<size_t>(command.table)] = sort;
   const bool all = ribbon.ButtonText(command.key) == program_.Text("mdi.records.showall");
   const std::string text = ReplaceAll(Trim(ribbon.FindText()), "\"", "");
   if (all || text.empty()) {

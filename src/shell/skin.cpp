@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/program.h"
 #include "base/bytes.h"
 #include "base/text.h"
 
@@ -98,6 +99,16 @@ std::optional<std::string> DataOf(File& file, const Entry& entry) {
 }
 
 }  // namespace
+
+int ChosenSkin(Program& program) {
+  const int32_t number = program.settings.Integer(kCommon, "GUI", "Skin", kBlackSkin);
+  return number == kBlackSkin || number == kSilverSkin ? number : kBlueSkin;
+}
+
+std::string SkinChoose(Program& program) {
+  const int skin = ChosenSkin(program);
+  return program.ApplicationFolder() + "skins/" + (skin == kBlackSkin ? "black" : skin == kSilverSkin ? "silver" : "blue") + ".skin";
+}
 
 Skin::Skin() {
   colours_[0] = 0;

@@ -13,6 +13,15 @@
 
 namespace ostrinka {
 
+class Program;
+
+// Numbers of the skins in the settings; any other number is the blue one.
+inline constexpr int kBlueSkin = 0, kSilverSkin = 1, kBlackSkin = 2;
+// The number that the settings hold.
+int ChosenSkin(Program& program);
+// The package of that skin below the application folder.
+std::string SkinChoose(Program& program);
+
 class Skin {
  public:
   static constexpr int kColours = 24;

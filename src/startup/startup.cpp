@@ -5,14 +5,11 @@
 #include "company/ost_engine.h"
 #include "masterdata/company_data.h"
 #include "masterdata/postal.h"
+#include "masterdata/wizard_form.h"
 #include "print/print.h"
+#include "shell/skin.h"
 
 namespace ostrinka {
-
-std::string Startup::SkinChoose(Program& program) {
-  const int32_t skin = program.settings.Integer(kCommon, "GUI", "Skin", 2);
-  return program.ApplicationFolder() + "skins/" + (skin == 2 ? "black" : skin == 1 ? "silver" : "blue") + ".skin";
-}
 
 void Startup::LoadCatalogues() {
   const std::string language = Trim(Lower(program_.settings.Text(kCommon, "prgSettings", "VDLanguage", "0")));
@@ -34,22 +31,15 @@ void Startup::Start(const std::string& command_line) {
   LoadCatalogues();
   program_.TempPageFiles.clear();
   program_.skin_path = SkinChoose(program_);
-  if (Contains(Lower(command_line), "+wiz")) {
-    CreateWindow();
-    ui.SetBusy(false);
-    ui.StartMainTimer(100);
-    ui.Beep();
-    window_->StatusText(program_.Text("common.notbuilt"));
-    return;
-  }
+  const bool wizard = Contains(Lower(command_line), "+wiz");
+  if (wizard && !RunWizard()) return;
   ui.SetBusy(true);
-  const bool splash = program_.settings.Integer(kCommon, "GUI", "WScreen", 1) == 1;
+  const bool splash = !wizard && program_.settings.Integer(kCommon, "GUI", "WScreen", 1) == 1;
   if (splash) {
     ui.ShowSplash(true);
     ui.TurnEvents();
   }
-  program_.postal = std::make_shared<PostalTable>();
-  program_.postal->LoadPostalCodes(program_.platform.files, program_.ApplicationFolder());
+  LoadPostalTable();
   CreateWindow();
   window_->ScrollShow_(false);
   if (!splash) {
@@ -58,7 +48,7 @@ void Startup::Start(const std::string& command_line) {
   }
   ui.SetBusy(true);
   ui.StartMainTimer(100);
-  OpenCompany();
+  if (!program_.database_open) OpenCompany();
   ui.SetBusy(false);
   if (program_.database_open) {
     window_->StatusText("    " + program_.Text("mdi.pleasewait"));
@@ -67,6 +57,25 @@ void Startup::Start(const std::string& command_line) {
   }
   program_.settings.SaveSettingValue(kCommon, "system", "fRun", false);
   ShowList();
+}
+
+bool Startup::RunWizard() {
+  UserInterface& ui = program_.platform.ui;
+  CreateWindow();
+  LoadPostalTable();
+  ui.SetBusy(false);
+  ui.StartMainTimer(100);
+  frm_Admin_bg_ wizard(program_);
+  wizard.reload_();
+  ui.ShowModal(wizard);
+  if (!wizard.finished()) Stop();
+  return wizard.finished();
+}
+
+void Startup::LoadPostalTable() {
+  if (program_.postal) return;
+  program_.postal = std::make_shared<PostalTable>();
+  program_.postal->LoadPostalCodes(program_.platform.files, program_.ApplicationFolder());
 }
 
 void Startup::OpenCompany() {
@@ -113,6 +122,7 @@ void Startup::ShowList() {
 void Startup::Stop() {
   if (!running()) return;
   UserInterface& ui = program_.platform.ui;
+  window_->dictionary.VSC_GOTO_END_();
   ui.StopMainTimer();
   window_->StatusText(program_.Text("msg.info.savesetting"));
   ui.TurnEvents();

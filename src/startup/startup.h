@@ -14,18 +14,18 @@ class Startup {
   explicit Startup(Program& program) : program_(program) {}
   ~Startup() { Stop(); }
 
-  // The start sequence. `command_line` may hold "+wiz", in any case and anywhere: then the first-run wizard is shown and nothing is opened.
+  // The start sequence. `command_line` may hold "+wiz", in any case and anywhere: then the first-run wizard comes first. It makes and opens the
+  // company; leaving it ends the program.
   void Start(const std::string& command_line);
   // The shutdown routine; once.
   void Stop();
   bool running() const { return window_ && !stopped_; }
   MainWindow* window() { return window_.get(); }  // null before the start; stands until this object goes
 
-  // The skin package that the settings choose, below the application folder.
-  static std::string SkinChoose(Program& program);
-
  private:
   void LoadCatalogues();
+  bool RunWizard();  // false when the person left it
+  void LoadPostalTable();
   void CreateWindow();
   void OpenCompany();
   void ReportNoCompany();

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QMenu>
+#include <QWheelEvent>
 
 #include "company/ost_engine.h"
 #include "company/tables.h"
@@ -264,6 +266,115 @@ TEST_F(MainWindowTest, AHeadSortsByAClickAndItsBorderWidensTheColumn) {
   Turn();
   EXPECT_GT(table.ColumnWidth(cell.field), before + 30);
   EXPECT_EQ(first(), "Odbiorca " + std::to_string(100 + kCustomers));  // a drag does not sort
+}
+
+TEST_F(MainWindowTest, TheColumnThatOrdersTheListBearsAMark) {
+  Key(Qt::Key_F7);
+  ClassQDBASE& table = *window->ViewTable();
+  EXPECT_EQ(window->ViewOrder().first, 0);
+  const TableCell cell = table.cells()[1];
+  const auto marks = [&] {  // dark pixels at the upper edge of each heading
+    const QImage image = view->list().grab().toImage();
+    const double scale = image.devicePixelRatio();
+    int dark = 0;
+    for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, static_cast<int>(4 * scale))) < 150;
+    return dark;
+  };
+  EXPECT_EQ(marks(), 0);
+  const QPoint head((cell.left + cell.right) / 2, 10);
+  ClickAt(view->list(), head);
+  Turn();
+  EXPECT_EQ(window->ViewOrder(), (std::pair<int, int>{cell.column, ordAsc}));
+  EXPECT_GT(marks(), 1);
+  ClickAt(view->list(), head);
+  EXPECT_EQ(window->ViewOrder(), (std::pair<int, int>{cell.column, ordDesc}));
+  window->UserTab("SPRZEDAŻ");
+  window->UserSortByColumn(2);
+  EXPECT_EQ(window->ViewOrder().first, 2);
+  window->UserCommand("SPRZEDAŻ.OKRES.WSZYSTKIE");  // lists the documents as they were entered
+  EXPECT_EQ(window->ViewOrder().first, 0);
+}
+
+TEST_F(MainWindowTest, TheWheelZoomsTheListAndAColumnKeepsItsWidthUntilTheNextStart) {
+  Key(Qt::Key_F7);
+  const int rows = window->ViewTable()->TABLE_ROWS();
+  const auto roll = [&](int notches) {
+    const QPointF at(200, 200);
+    QWheelEvent event(at, view->list().mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&view->list(), &event);
+    Turn();
+  };
+  roll(3);
+  EXPECT_NEAR(window->zoom(), 1.3, 1e-9);
+  EXPECT_LT(window->ViewTable()->TABLE_ROWS(), rows);
+  roll(-3);
+  EXPECT_EQ(window->ViewTable()->TABLE_ROWS(), rows);
+  const int field = window->ViewTable()->columns()[2];
+  window->ViewTable()->ColumnWidth(field, 173);
+  window->ribbon.Repaint = nullptr;
+  view.reset();
+  startup.Stop();
+  ui.ended = false;
+  Program again(company_->surroundings.platform);
+  Startup second(again);
+  second.Start("");
+  EXPECT_EQ(Table(again, kKontrahenci).ColumnWidth(field), 173);
+  Table(again, kKontrahenci).ColumnWidth(field, 100);
+  second.Stop();
+  view = nullptr;
+}
+
+TEST_F(MainWindowTest, TheListIsATableToThoseWhoCannotSeeIt) {
+  Key(Qt::Key_F7);
+  Key(Qt::Key_Down);
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&view->list());
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(list->role(), QAccessible::Table);
+  EXPECT_EQ(list->text(QAccessible::Name), "Kontrahenci");
+  QAccessibleTableInterface* table = list->tableInterface();
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->rowCount(), kCustomers);
+  int name = 0;
+  while (name < table->columnCount() && table->columnDescription(name) != "Nazwa") ++name;
+  ASSERT_LT(name, table->columnCount());
+  QAccessibleInterface* cell = table->cellAt(1, name);
+  ASSERT_NE(cell, nullptr);
+  EXPECT_EQ(cell->role(), QAccessible::Cell);
+  EXPECT_EQ(cell->text(QAccessible::Name), "Odbiorca 102");
+  EXPECT_TRUE(cell->state().selected);
+  EXPECT_EQ(table->selectedRows(), QList<int>{1});
+  EXPECT_EQ(list->focusChild(), table->cellAt(1, 0));
+  const QPoint middle = cell->rect().center();
+  EXPECT_EQ(list->childAt(middle.x(), middle.y()), cell) << "found again where it stands";
+  EXPECT_EQ(list->child(list->indexOfChild(cell)), cell);
+  EXPECT_TRUE(table->selectRow(4));
+  Turn();
+  EXPECT_EQ(view->list().CurrentRow(), 5);
+  Key(Qt::Key_End);
+  EXPECT_EQ(list->indexOfChild(cell), -1) << "scrolled away";
+  EXPECT_TRUE(cell->rect().isEmpty());
+  EXPECT_EQ(table->cellAt(kCustomers, 0), nullptr);
+}
+
+TEST_F(MainWindowTest, EveryToolHasANameARoleAndAVisibleFocus) {
+  for (const char* tab : {"SPRZEDAŻ", "ZAKUP", "KONTRAHENCI", "TOWARYUSŁUGI", "ZESTAWIENIA", "SŁOWNIKI"}) {
+    window->UserTab(tab);
+    Turn();
+    for (QAbstractButton* child : view->ribbon().findChildren<QAbstractButton*>()) {
+      auto* button = dynamic_cast<RibbonButton*>(child);
+      if (!button || !button->isVisible()) continue;
+      const std::string name = button->accessibleName().toStdString();
+      EXPECT_FALSE(name.empty()) << tab;
+      QAccessibleInterface* access = QAccessible::queryAccessibleInterface(button);
+      ASSERT_NE(access, nullptr);
+      EXPECT_TRUE(access->role() == QAccessible::Button || access->role() == QAccessible::CheckBox || access->role() == QAccessible::PushButton) << name;
+      EXPECT_NE(button->focusPolicy() & Qt::TabFocus, 0) << name;
+      if (!button->isEnabled()) continue;
+      const QImage before = button->grab().toImage();
+      button->setFocus(Qt::TabFocusReason);
+      EXPECT_NE(button->grab().toImage(), before) << name << " does not show its focus";
+    }
+  }
 }
 
 TEST_F(MainWindowTest, TheFindFieldRunsWithEnterAndItsTextStaysWithItsTab) {

@@ -40,12 +40,17 @@ class TestUserInterface : public UserInterface {
   std::vector<std::pair<std::string, MessageKind>> messages;
   std::deque<Answer> answers;                         // for questions, in order; kNo when none is left
   std::deque<std::optional<std::string>> file_answers;
+  std::vector<FileFilter> save_filters;               // of the last save dialog
+  size_t proposed_filter = 0;
+  std::optional<size_t> chosen_filter;                // what the person picks there; what is proposed when empty
   std::function<void(Form&)> on_modal;                // plays the person in front of a form
+  std::function<void(frm_DocPreview&)> on_preview;    // and of the print preview
   std::vector<std::string> status, opened;
   int beeps = 0, turns = 0, redraws = 0;
   bool ended = false, window_shown = false;
 
   void ShowModal(Form& form) override { if (on_modal) on_modal(form); }
+  void ShowPreview(frm_DocPreview& preview) override { if (on_preview) on_preview(preview); }
   Answer ShowMessage(const std::string& text, MessageKind kind) override {
     messages.emplace_back(text, kind);
     if (kind != MessageKind::kQuestion) return Answer::kOk;
@@ -61,10 +66,19 @@ class TestUserInterface : public UserInterface {
     return answer;
   }
   std::optional<std::string> AskOpenFile(const std::vector<FileFilter>&) override { return NextFile(); }
-  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>&, const std::string&) override { return NextFile(); }
+  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string&, size_t& filter) override {
+    save_filters = filters;
+    proposed_filter = filter;
+    filter = chosen_filter.value_or(filter);
+    return NextFile();
+  }
   std::optional<std::string> AskFolder(const std::string&) override { return NextFile(); }
   void ShowStatus(const std::string& text) override { status.push_back(text); }
-  void TurnEvents() override { ++turns; }
+  std::function<void()> on_turn;                      // what happens while a long work lets events run
+  void TurnEvents() override {
+    ++turns;
+    if (on_turn) on_turn();
+  }
   void Beep() override { ++beeps; }
   void SetBusy(bool) override {}
   void ShowSplash(bool) override {}
@@ -74,6 +88,8 @@ class TestUserInterface : public UserInterface {
   void StopMainTimer() override {}
   bool OpenWithSystem(const std::string& target) override { opened.push_back(target); return true; }
   void EndProgram() override { ended = true; }
+  std::function<void(bool skin)> on_appearance;
+  void AppearanceChanged(bool skin) override { if (on_appearance) on_appearance(skin); }
 };
 
 class TestClock : public Clock {
@@ -93,16 +109,6 @@ class TestRandom : public Random {
 class TestWaiter : public Waiter {
  public:
   void Wait(int) override {}
-};
-
-class NoPrinter : public Printer {
- public:
-  State Query() override { return State::kMissing; }
-  std::optional<PaperSize> Paper() override { return std::nullopt; }
-  bool StartDocument(const std::string&) override { return false; }
-  Canvas* StartPage(bool, double&) override { return nullptr; }
-  bool EndPage() override { return false; }
-  bool EndDocument() override { return false; }
 };
 
 class NoPictures : public PictureDecoder {

@@ -111,6 +111,7 @@ class frm_Dok_sprzed : public Form {
   void Refresh();
   void Recalculate();
   bool RecalculateCurrentLine();
+  bool ConfirmedAndWritten(class frm_Dok_add_TU& dialog, const std::function<bool()>& write);
   void AddLineByDialog();
   void EditLineByDialog();
   void RemoveLine();

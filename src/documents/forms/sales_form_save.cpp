@@ -172,6 +172,17 @@ void frm_Dok_sprzed::Recalculate() {
   documents.RECORD_SAVE(record_);
 }
 
+// Shows the dialog until its line is written or given up: a failure is told, and what was typed is still there.
+bool frm_Dok_sprzed::ConfirmedAndWritten(frm_Dok_add_TU& dialog, const std::function<bool()>& write) {
+  while (true) {
+    dialog.OK = false;
+    program_.platform.ui.ShowModal(dialog);
+    if (!dialog.OK) return false;
+    if (write()) return true;
+    program_.Message("msg.info.error", MessageKind::kError);
+  }
+}
+
 void frm_Dok_sprzed::AddLineByDialog() {
   if (!program_.database_open) return;
   program_.current_customer = txtKontrahent.Value();
@@ -180,13 +191,12 @@ void frm_Dok_sprzed::AddLineByDialog() {
   dialog.DocumentRate = rate_;
   dialog.DocumentCurrency = currency_;
   dialog.reload_();
-  program_.platform.ui.ShowModal(dialog);
-  if (!dialog.OK) return;
-  if (dialog.Article == frm_Dok_add_TU::kAdvance) {
+  const auto written = [&] {
+    if (dialog.Article != frm_Dok_add_TU::kAdvance) return AddLine(program_, id_, dialog.Entry(), rate_) > 0;
     SettleAdvance(program_, id_, currency_, program_.current_advance);
-  } else {
-    AddLine(program_, id_, dialog.Entry(), rate_);
-  }
+    return true;
+  };
+  if (!ConfirmedAndWritten(dialog, written)) return;
   SetDirty(true);
   Recalculate();
   GoSQL_();
@@ -205,11 +215,12 @@ void frm_Dok_sprzed::EditLineByDialog() {
   dialog.DocumentCurrency = currency_;
   dialog.reload_();
   dialog.ShowLine(line);
-  program_.platform.ui.ShowModal(dialog);
-  if (!dialog.OK) return;
-  LineEntry entry = dialog.Entry();
-  if (entry.article < 1 || !dialog.ArticleChanged()) entry.article = own_article;
-  RewriteLine(program_, line, entry);
+  const auto written = [&] {
+    LineEntry entry = dialog.Entry();
+    if (entry.article < 1 || !dialog.ArticleChanged()) entry.article = own_article;
+    return RewriteLine(program_, line, entry);
+  };
+  if (!ConfirmedAndWritten(dialog, written)) return;
   SetDirty(true);
   Recalculate();
   GoSQL_();

@@ -94,7 +94,7 @@ ButtonControl* Form::FindButton(std::string_view name_or_caption_key) const {
 
 GroupLayout& Form::Page(std::string key, std::string caption_key) {
   if (pages_.empty()) current_page_ = key;
-  pages_.push_back({std::move(key), std::move(caption_key), GroupLayout(), true});
+  pages_.push_back({std::move(key), std::move(caption_key), GroupLayout()});
   return pages_.back().content;
 }
 
@@ -122,6 +122,13 @@ bool Form::UserShowPage(std::string_view key) {
 void Form::SetPageVisible(std::string_view key, bool visible) {
   for (PageLayout& page : pages_) {
     if (page.key == key) page.visible = visible;
+  }
+  Repaint.Raise();
+}
+
+void Form::SetPageDone(std::string_view key, bool done) {
+  for (PageLayout& page : pages_) {
+    if (page.key == key) page.done = done;
   }
   Repaint.Raise();
 }

@@ -89,6 +89,7 @@ struct PageLayout {
   std::string caption_key;  // catalogue key of the tab
   GroupLayout content;
   bool visible = true;
+  bool done = false;        // of a form in steps: the step is finished
 };
 
 enum ButtonFlags : unsigned { kNoFlags = 0, kDefault = 1, kCancel = 2 };
@@ -97,6 +98,11 @@ struct FormButton {
   ButtonControl* button;
   unsigned flags;
   FormButton(std::string key, ButtonControl& control, unsigned bits = kNoFlags) : caption_key(std::move(key)), button(&control), flags(bits) {}
+};
+
+// The buttons that lead through a form whose pages are steps.
+struct StepButtons {
+  ButtonControl *previous, *next, *finish;
 };
 
 class Form {
@@ -127,6 +133,11 @@ class Form {
   Event PageChanged;  // raised by the person's choice of a page
   bool UserShowPage(std::string_view key);
 
+  // Whether the pages are steps that follow one another: the window lists them at its left with the current one marked and those that are done
+  // ticked; Enter goes on, or finishes where nothing follows. Null for a form whose pages stand side by side.
+  const StepButtons* steps() const { return steps_.next ? &steps_ : nullptr; }
+  void SetPageDone(std::string_view key, bool done);
+
   // Closes the form: ShowModal returns.
   void Close() { open_ = false; Closed.Raise(); }
   bool IsOpen() const { return open_; }
@@ -137,6 +148,7 @@ class Form {
   bool Dirty() const { return dirty_; }
   void SetDirty(bool dirty) { dirty_ = dirty; }
   virtual bool AsksBeforeClosing() const { return false; }
+  virtual std::string UnsavedKey() const { return "common.unsaved"; }  // of the question
 
   // The control that has the focus: the one a form asks to move to, later the one that the person entered.
   void SetFocus(Control& control);
@@ -160,6 +172,8 @@ class Form {
   GroupLayout& Page(std::string key, std::string caption_key);
   GroupLayout& Page(std::string caption_key) { return Page("STD", std::move(caption_key)); }
   void Buttons(std::vector<FormButton> buttons);
+  // Makes the pages steps; the three stand among the buttons.
+  void Steps(const StepButtons& buttons) { steps_ = buttons; }
 
  private:
   std::string form_name_, title_key_, title_, current_page_;
@@ -167,6 +181,7 @@ class Form {
   std::map<std::string, Control*, std::less<>> by_name_;
   std::vector<PageLayout> pages_;
   std::vector<FormButton> buttons_;
+  StepButtons steps_{};
   Control* focus_ = nullptr;
   bool open_ = false, dirty_ = false;
 };

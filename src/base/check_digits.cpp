@@ -1,4 +1,4 @@
-#include "masterdata/validators.h"
+#include "base/check_digits.h"
 
 #include <span>
 

@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "masterdata/validators.h"
+#include "base/check_digits.h"
 
 namespace ostrinka {
 namespace {
 
-TEST(Validators, TaxNumbersCheckByTheirTenthDigitWhateverStandsBetween) {
+TEST(CheckDigits, TaxNumbersCheckByTheirTenthDigitWhateverStandsBetween) {
   const struct {
     const char* text;
     bool valid;
@@ -19,12 +19,12 @@ TEST(Validators, TaxNumbersCheckByTheirTenthDigitWhateverStandsBetween) {
   for (const auto& row : rows) EXPECT_EQ(CheckNIP(row.text), row.valid) << row.text;
 }
 
-TEST(Validators, ATaxNumberWithRemainderTenIsInvalidWhateverItsLastDigit) {
+TEST(CheckDigits, ATaxNumberWithRemainderTenIsInvalidWhateverItsLastDigit) {
   // The weight 5 of the second place times 2 is 10.
   for (char last = '0'; last <= '9'; ++last) EXPECT_FALSE(CheckNIP(std::string("020000000") + last)) << last;
 }
 
-TEST(Validators, StatisticalNumbersHaveSevenNineOrFourteenDigits) {
+TEST(CheckDigits, StatisticalNumbersHaveSevenNineOrFourteenDigits) {
   const struct {
     const char* text;
     bool valid;
@@ -35,13 +35,13 @@ TEST(Validators, StatisticalNumbersHaveSevenNineOrFourteenDigits) {
   for (const auto& row : rows) EXPECT_EQ(CheckREGON(row.text), row.valid) << row.text;
 }
 
-TEST(Validators, AStatisticalNumberWithRemainderTenIsInvalidAlsoWithZero) {
+TEST(CheckDigits, AStatisticalNumberWithRemainderTenIsInvalidAlsoWithZero) {
   // The weight 5 times 2 again, in the sixth place of nine and the fourth of seven.
   for (char last = '0'; last <= '9'; ++last) EXPECT_FALSE(CheckREGON(std::string("00000200") + last)) << last;
   for (char last = '0'; last <= '9'; ++last) EXPECT_FALSE(CheckREGON(std::string("000200") + last)) << last;
 }
 
-TEST(Validators, AccountNumbersCheckWithAndWithoutTheirCountry) {
+TEST(CheckDigits, AccountNumbersCheckWithAndWithoutTheirCountry) {
   const struct {
     const char* text;
     const char* country;
@@ -64,13 +64,13 @@ TEST(Validators, AccountNumbersCheckWithAndWithoutTheirCountry) {
   for (const auto& row : rows) EXPECT_EQ(CheckIBAN(row.text, row.country), row.valid) << row.text << " " << row.country;
 }
 
-TEST(Validators, CleaningKeepsTheOrderAndDropsTheRest) {
+TEST(CheckDigits, CleaningKeepsTheOrderAndDropsTheRest) {
   EXPECT_EQ(DigitsOnly(" 12-3 a4ł5 "), "12345");
   EXPECT_EQ(AlnumOnly("pl 61-ź0Z"), "PL610Z");
   EXPECT_EQ(IbanDigits("A1Z-ó9"), "101359");
 }
 
-TEST(Validators, RemaindersOfLongNumbersDoNotOverflow) {
+TEST(CheckDigits, RemaindersOfLongNumbersDoNotOverflow) {
   EXPECT_EQ(ModOf("3214282912345698765432161182", 97), 1);
   EXPECT_EQ(ModOf(std::string(400, '9'), 2147483647), 854747203);
   EXPECT_EQ(ModOf("12 34", 100), 34);

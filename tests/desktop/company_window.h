@@ -1,0 +1,89 @@
+// A new company in the program's window, with the art that the build made, before a person at the keyboard.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "company/ost_engine.h"
+#include "desktop/main_window_view.h"
+#include "desktop/person.h"
+#include "startup/startup.h"
+#include "support/test_platform.h"
+
+namespace ostrinka {
+
+class CompanyWindow : public ::testing::Test {
+ protected:
+  CompanyWindow() {
+    namespace fs = std::filesystem;
+    for (const char* name : {"program.lang", "printdoc.lang"}) {
+      fs::copy_file(std::string(OSTRINKA_SOURCE "/resources/") + name, app + name);
+    }
+    for (const char* name : {"Icons", "skins"}) {
+      surroundings.files.MakeFolder(app + name);
+      std::error_code missing;
+      fs::copy(std::string(OSTRINKA_APP "/") + name, app + name, fs::copy_options::recursive, missing);
+    }
+    surroundings.files.MakeFolder(app + "data");
+  }
+  ~CompanyWindow() override { Shut(); }
+
+  // Starts the program on its company, which is made the first time.
+  void Open() {
+    program = std::make_unique<Program>(surroundings.platform);
+    bool ok = true;
+    if (!surroundings.files.FileExists(app + "data/db.info")) OSTEngine(*program).create_(app + "data/", "kreda", "kreda", true, ok);
+    ASSERT_TRUE(ok);
+    for (const char* key : {"username", "password"}) program->settings.SaveSettingValue(kCommon, "dbLogin", key, std::string("kreda"));
+    program->settings.SaveSettingValue(kCommon, "system", "fRun", false);
+    startup = std::make_unique<Startup>(*program);
+    startup->Start("");
+    window = startup->window();
+    look = std::make_unique<Look>(*program);
+    view = std::make_unique<MainWindowView>(*program, *window, *look);
+    window->ribbon.Repaint = [this] { view->Refresh(); };
+    ui.on_appearance = [this](bool skin) {
+      if (skin) look->Reload();
+      view->LookChanged();
+    };
+    view->setGeometry(0, 0, 1100, 640);
+    view->show();
+    view->activateWindow();
+    view->list().setFocus();
+    Turn();
+  }
+  void Shut() {
+    if (window) window->ribbon.Repaint = nullptr;
+    ui.on_appearance = nullptr;
+    view.reset();
+    look.reset();
+    if (startup) startup->Stop();
+    startup.reset();
+    program.reset();
+    window = nullptr;
+  }
+  // Lets the window paint, which is what fills the engine's list of cells.
+  QImage Turn() {
+    view->Refresh();
+    QCoreApplication::processEvents();
+    return view->grab().toImage();
+  }
+  void Key(int key, Qt::KeyboardModifiers with = {}, const QString& text = {}) {
+    QWidget* focus = view->focusWidget() ? view->focusWidget() : view.get();
+    TypeKey(*focus, key, with, text);
+    Turn();
+  }
+
+  TestPlatform surroundings;
+  const std::string app = surroundings.folder / "app/";
+  TestUserInterface& ui = surroundings.ui;
+  std::unique_ptr<Program> program;
+  std::unique_ptr<Startup> startup;
+  MainWindow* window = nullptr;
+  std::unique_ptr<Look> look;
+  std::unique_ptr<MainWindowView> view;
+};
+
+}  // namespace ostrinka
