@@ -98,7 +98,7 @@ void StatusBar::Refresh(int row, int count) {
                  .replace("{1}", QLocale(QLocale::Polish).toString(count));
   }
   tasks_->Refresh();
-  SetText(ToQt(window_.ribbon.StatusBarText()));
+  update();
 }
 
 void StatusBar::SetText(const QString& text) {

@@ -142,6 +142,7 @@ bool MainWindow::Run(std::string_view key, int argument) {
     Refuse("msg.info.dbnotopen");
     return true;
   }
+  StatusText("");  // what the last command said is over
   running_ = true;
   (this->*command->run)(*command, argument);
   running_ = false;

@@ -103,6 +103,7 @@ void MainWindow::ToggleGpp() {
 bool MainWindow::UserTab(std::string_view key) {
   dictionary.VSC_GOTO_END_();
   if (!ribbon.TabID(key)) return false;
+  StatusText("");
   CurrentTable = 0;
   for (const TabTable& row : kTabs) {
     if (row.tab == key) CurrentTable = row.table;

@@ -32,10 +32,11 @@ TEST_F(LongWorkTest, ASelectionOverALargeTableTellsItsPercentAndTakesNoCommandMe
   EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 10000);
   EXPECT_GE(refused, 2) << "events ran in between";
   EXPECT_EQ(forms, 0);
-  ASSERT_GE(platform.ui.status.size(), 3u);
+  EXPECT_EQ(platform.ui.status.back(), "") << "nothing of it stays";
+  std::erase(platform.ui.status, "");
+  ASSERT_EQ(platform.ui.status.size(), 2u);
   EXPECT_NE(platform.ui.status[0].find("40 %"), std::string::npos) << platform.ui.status[0];
   EXPECT_NE(platform.ui.status[1].find("81 %"), std::string::npos) << platform.ui.status[1];
-  EXPECT_EQ(platform.ui.status.back(), "") << "nothing of it stays";
   platform.ui.on_turn = nullptr;
   window->UserCommand("KONTRAHENT.DODAJ");
   EXPECT_EQ(forms, 1) << "afterwards commands are taken again";
@@ -62,6 +63,7 @@ TEST_F(LongWorkTest, ASmallTableIsSelectedWithoutAWord) {
   OpenWindow();
   platform.ui.status.clear();
   window->UserTab("KONTRAHENCI");
+  std::erase(platform.ui.status, "");
   EXPECT_TRUE(platform.ui.status.empty());
 }
 

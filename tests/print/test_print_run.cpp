@@ -114,6 +114,114 @@ TEST_F(PrintRunTest, ThePdfGetsItsExtensionAndTheStatusItsText) {
   EXPECT_EQ(surroundings.ui.messages.back().first, Text("msg.info.error"));
 }
 
+TEST_F(PrintRunTest, EverySheetGoesToThePrinterInItsOwnDirection) {
+  TestPrinter& printer = surroundings.printer;
+  printer.state = Printer::State::kReady;
+  EXPECT_TRUE(PrintOneDocument(*program, Document(25), 3));
+  EXPECT_EQ(printer.calls, (std::vector<std::string>{"Velmora.Ostrinka", "portrait", "portrait", "finished"}));
+  EXPECT_EQ(surroundings.ui.status.back(), program->Text("prntpv.printed", {"Biuro"}));
+  // A text stands where the element list has it, at 10 pixels a mm.
+  const PlacedText label = Find(Text("sdoc.info.sdate")).at(0);
+  int found = 0;
+  for (const RecordingCanvas::Call& call : printer.sheets[0]->calls()) {
+    if (TrimWhite(call.text) != label.text) continue;
+    ++found;
+    EXPECT_NEAR(call.area.top, label.top * 10, 25);
+  }
+  EXPECT_EQ(found, 1);
+
+  // A sheet that the printer refuses is passed over; the others come out.
+  program->CurrentPrintJob->BEGIN_PAGE(true);
+  program->CurrentPrintJob->TEXT_ADD(10, 10, "na szerokość");
+  program->CurrentPrintJob->END_PAGE();
+  printer.calls.clear();
+  printer.sheets.clear();
+  printer.failing = 2;
+  EXPECT_TRUE(RunPrinter(*program));
+  EXPECT_EQ(printer.calls, (std::vector<std::string>{"Velmora.Ostrinka", "portrait", "portrait", "landscape", "finished"}));
+  EXPECT_TRUE(printer.sheets[1]->calls().empty());
+  EXPECT_FALSE(printer.sheets[2]->calls().empty());
+  EXPECT_TRUE(surroundings.ui.messages.empty());
+}
+
+TEST_F(PrintRunTest, WithoutAPrinterTheJobSurvives) {
+  const int32_t document = Document(1);
+  const struct {
+    Printer::State state;
+    const char* key;
+  } rows[] = {{Printer::State::kMissing, "msg.info.printernotfound"}, {Printer::State::kBroken, "msg.info.printerror"}};
+  for (const auto& row : rows) {
+    surroundings.printer.state = row.state;
+    EXPECT_FALSE(PrintOneDocument(*program, document, 3));
+    EXPECT_EQ(surroundings.ui.messages.back(), std::make_pair(Text(row.key), MessageKind::kError));
+    EXPECT_TRUE(surroundings.printer.sheets.empty());
+    EXPECT_EQ(Job().Page(), 1);
+  }
+  surroundings.ui.file_answers.push_back(surroundings.folder / "saved.pdf");
+  SaveJobAsPdf(*program);
+  EXPECT_GT(surroundings.files.FileSize(surroundings.folder / "saved.pdf"), 0);
+}
+
+// Keeps the sheets that it is given.
+class TestEmbeddedPdf : public EmbeddedPdf {
+ public:
+  bool arial = false, works = true;
+  std::string path;
+  std::vector<std::pair<double, double>> sizes;
+  RecordingCanvas canvas{2100, 2970};
+
+  bool HasArial() override { return arial; }
+  bool Start(const std::string& file) override {
+    path = file;
+    sizes.clear();
+    return works;
+  }
+  Canvas* StartPage(double width, double height, double& pixels_per_mm) override {
+    pixels_per_mm = 10;
+    sizes.emplace_back(width, height);
+    return &canvas;
+  }
+  bool Finish() override { return works; }
+};
+
+TEST_F(PrintRunTest, TheSecondKindOfPdfIsOfferedWhereThereIsOneAndTheChoiceIsRemembered) {
+  TestUserInterface& ui = surroundings.ui;
+  const std::string path = surroundings.folder / "a.pdf";
+  const auto save = [&](std::optional<size_t> chosen, std::optional<std::string> answer) {
+    ui.chosen_filter = chosen;
+    ui.file_answers.push_back(answer);
+    BuildDocumentJob(*program, document_, 0, true);
+  };
+  Document(1);
+  save({}, path);
+  EXPECT_EQ(ui.save_filters.size(), 1u);
+  EXPECT_TRUE(ui.messages.empty());
+
+  TestEmbeddedPdf embedded;
+  surroundings.platform.embedded_pdf = &embedded;
+  save(0, path);
+  ASSERT_EQ(ui.save_filters.size(), 2u);
+  EXPECT_EQ(ui.save_filters[0].name, "Portable Document Format (*.pdf)");
+  EXPECT_EQ(ui.save_filters[1].name, "PDF z osadzonymi czcionkami (*.pdf)");
+  EXPECT_EQ(ui.messages, (std::vector{std::make_pair(Text("msg.info.pdffonts"), MessageKind::kInformation)}));
+  save(0, path);
+  EXPECT_EQ(ui.messages.size(), 1u);  // told once
+
+  save(1, surroundings.folder / "b");
+  EXPECT_EQ(embedded.path, surroundings.folder / "b.pdf");
+  EXPECT_EQ(embedded.sizes, (std::vector<std::pair<double, double>>{{210, 297}, {210, 297}}));
+  EXPECT_FALSE(embedded.canvas.calls().empty());
+  EXPECT_LT(surroundings.files.FileSize(surroundings.folder / "b.pdf"), 0);
+  save(0, std::nullopt);  // who cancels has chosen nothing
+  EXPECT_EQ(ui.proposed_filter, 1u);
+  save({}, path);
+  EXPECT_EQ(ui.proposed_filter, 1u);
+  EXPECT_EQ(ui.messages.size(), 1u);
+  embedded.works = false;
+  save({}, path);
+  EXPECT_EQ(ui.messages.back().first, Text("msg.info.error"));
+}
+
 TEST_F(PrintRunTest, TheLastFooterFlagOfDataIniWins) {
   const struct {
     const char* content;

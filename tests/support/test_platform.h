@@ -6,6 +6,8 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -13,6 +15,7 @@
 
 #include "platform/platform.h"
 #include "platform/posix/posix_files.h"
+#include "platform/recording_canvas.h"
 
 namespace ostrinka {
 
@@ -111,6 +114,32 @@ class TestWaiter : public Waiter {
   void Wait(int) override {}
 };
 
+// A printer that notes what it is asked and keeps its sheets; missing until `state` says otherwise. Sheet `failing` gets no surface.
+class TestPrinter : public NoPrinter {
+ public:
+  State state = State::kMissing;
+  int failing = 0;
+  std::vector<std::string> calls;
+  std::vector<std::unique_ptr<RecordingCanvas>> sheets;
+
+  State Query() override { return state; }
+  std::string Name() override { return "Biuro"; }
+  bool StartDocument(const std::string& name) override {
+    calls.push_back(name);
+    return state == State::kReady;
+  }
+  Canvas* StartPage(bool landscape, double& pixels_per_mm) override {
+    calls.push_back(landscape ? "landscape" : "portrait");
+    pixels_per_mm = 10;
+    sheets.push_back(std::make_unique<RecordingCanvas>(landscape ? 2970 : 2100, landscape ? 2100 : 2970));
+    return static_cast<int>(sheets.size()) == failing ? nullptr : sheets.back().get();
+  }
+  bool EndDocument() override {
+    calls.push_back("finished");
+    return true;
+  }
+};
+
 class NoPictures : public PictureDecoder {
  public:
   std::optional<Picture> Decode(const std::string&) override { return std::nullopt; }
@@ -137,7 +166,7 @@ struct TestPlatform {
   TestClock clock;
   TestRandom random;
   TestWaiter waiter;
-  NoPrinter printer;
+  TestPrinter printer;
   NoPictures pictures;
   NoDownload download;
   NoSerial serial;
