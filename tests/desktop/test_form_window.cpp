@@ -25,6 +25,7 @@
 #include "masterdata/customer_form.h"
 #include "masterdata/further_accounts_form.h"
 #include "masterdata/goods_form.h"
+#include "masterdata/wizard_form.h"
 
 namespace ostrinka {
 namespace {
@@ -388,8 +389,10 @@ TEST_F(FormWindowTest, EveryFormOpensWithNamesTextsAndRoomForAll) {
   connection.reload_();
   frm_Admin_qdbc_ creation(program);
   creation.reload_();
+  frm_Admin_bg_ wizard(program);
+  wizard.reload_();
   LoginForm login(program);
-  for (Form* form : std::initializer_list<Form*>{&customers, &goods, &sales, &line, &company, &accounts, &connection, &creation, &login}) {
+  for (Form* form : std::initializer_list<Form*>{&customers, &goods, &sales, &line, &company, &accounts, &connection, &creation, &wizard, &login}) {
     ExpectFinished(program, *look, *form);
   }
 }

@@ -17,6 +17,7 @@ struct OtherCompany {
   TestPlatform platform;
   Program program{platform.platform};
   OtherCompany() {
+    EXPECT_TRUE(program.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang"));
     for (const char* key : {"username", "password"})
       program.settings.SaveSettingValue(kCommon, "dbLogin", key, Value(std::string(*key == 'u' ? "ala" : "kot")));
     std::filesystem::copy(NewCompany(), program.DatabaseFolder());
@@ -55,7 +56,7 @@ class ImportTest : public CompanyTest {
                        {"KOD_POCZTOWY", std::string("24-120")},
                        {"WOJEWODZTWO", int32_t{3}},
                        {"PANSTWO", int32_t{1}},
-                       {"NIP", std::string("526-104-71-25")},
+                       {"NIP", std::string("123-456-32-18")},
                        {"KONTO_INDYW_OK", true},
                        {"KONTO_INDYW_RACH", std::string(1000, '7')},
                        {"D_FORMA_PLAT", int32_t{2}},
@@ -118,7 +119,7 @@ TEST_F(ImportTest, AnExportedFileReadsBackToTheSameExport) {
 TEST_F(ImportTest, PeoplesHeadingsInAnyOrderCaseAndEncoding) {
   const std::string text =
       "Telefon kom.;KOD POCZT.;Miejscowość;ulubiony kolor;E-mail;Województwo;nazwa firmy;Nr NIP;forma płatności;Konto indywidualne\r\n"
-      "601 555 010;24-120;Kazimierz Dolny;żółty;a@b.pl;LUBELSKIE;Łoś i S-ka;526-104-71-25;przelew 14 DNI;77 1020\r\n";
+      "601 555 010;24-120;Kazimierz Dolny;żółty;a@b.pl;LUBELSKIE;Łoś i S-ka;123-456-32-18;przelew 14 DNI;77 1020\r\n";
   int expected = 0;
   for (const std::string& bytes : {text, ToCp1250(text), "\xEF\xBB\xBF" + text}) {
     const ImportResult result = Customers(bytes);
@@ -130,7 +131,7 @@ TEST_F(ImportTest, PeoplesHeadingsInAnyOrderCaseAndEncoding) {
     ClassQDBASE& customer = At(kKontrahenci, ++expected);
     const std::pair<const char*, const char*> fields[] = {
         {"NAZWA", "Łoś i S-ka"},        {"TEL_KOM", "601 555 010"},    {"KOD_POCZTOWY", "24-120"}, {"MIEJSCOWOSC", "Kazimierz Dolny"},
-        {"ADRES_EMAIL", "a@b.pl"},      {"@WOJEWODZTWO", "lubelskie"}, {"NIP", "526-104-71-25"},   {"@D_FORMA_PLAT", "Przelew 14 dni"},
+        {"ADRES_EMAIL", "a@b.pl"},      {"@WOJEWODZTWO", "lubelskie"}, {"NIP", "123-456-32-18"},   {"@D_FORMA_PLAT", "Przelew 14 dni"},
         {"KONTO_INDYW_RACH", "77 1020"}};
     for (const auto& [field, value] : fields) EXPECT_EQ(customer.Text(field), value);
     EXPECT_TRUE(customer.Flag("KONTO_INDYW_OK"));
@@ -245,10 +246,10 @@ TEST_F(ImportTest, ARowThatDoesNotFitIsLeftOutWithASentenceNamingRowAndField) {
 }
 
 TEST_F(ImportTest, WhatIsThereAlreadyIsLeftOutSoThatAFileCanBeReadAgain) {
-  Add(kKontrahenci, {{"NAZWA", std::string("Stary")}, {"NIP", std::string("526-104-71-25")}, {"SYMBOL", std::string("ST")}});
+  Add(kKontrahenci, {{"NAZWA", std::string("Stary")}, {"NIP", std::string("123-456-32-18")}, {"SYMBOL", std::string("ST")}});
   const std::string file =
       "nazwa;nip;symbol;ulica\n"
-      "A;PL 5261047125;;\nB;;st;\nC;;;Długa\nC;;;długa \nC;;;Krótka\nD;brak;;\nE;brak;;\n";
+      "A;PL 1234563218;;\nB;;st;\nC;;;Długa\nC;;;długa \nC;;;Krótka\nD;brak;;\nE;brak;;\n";
   const ImportResult first = Customers(file);
   EXPECT_EQ(first.added, 4);
   EXPECT_THAT(first.left_out,
@@ -265,11 +266,11 @@ TEST_F(ImportTest, WhatIsThereAlreadyIsLeftOutSoThatAFileCanBeReadAgain) {
 }
 
 TEST_F(ImportTest, DoubtfulNumbersComeInAndAreTold) {
-  const ImportResult result = Customers("nazwa;NIP;regon;konto\nA;526-104-71-26;1;PL51 1020 3147 0000 8102 0065 4322\nB;5261047125;;\n");
+  const ImportResult result = Customers("nazwa;NIP;regon;konto\nA;123-456-32-19;1;PL51 1020 3147 0000 8102 0065 4322\nB;1234563218;;\n");
   EXPECT_EQ(result.added, 2);
   EXPECT_EQ(result.rows_doubtful, 1);
   ASSERT_EQ(result.doubtful.size(), 3u);
-  EXPECT_EQ(result.doubtful[0], program.Text("imp.row.named", {"2", "A", program.Text("imp.doubt.number", {"NIP", "526-104-71-26"})}));
+  EXPECT_EQ(result.doubtful[0], program.Text("imp.row.named", {"2", "A", program.Text("imp.doubt.number", {"NIP", "123-456-32-19"})}));
   EXPECT_THAT(result.doubtful[1], HasSubstr("regon"));
   EXPECT_THAT(result.doubtful[2], HasSubstr("konto"));
 }

@@ -66,9 +66,7 @@ class DocPreviewTest : public testing::Test {
     return papers;
   }
   std::string Stored(const char* key) { return program.settings.Text(kOstrinka, "Windows\\DocPreview", key, "none"); }
-  void Store(const char* key, const std::string& value) {
-    program.settings.SaveSettingValue(kOstrinka, "Windows\\DocPreview", key, value);
-  }
+  void Store(const char* key, const std::string& value) { program.settings.SaveSettingValue(kOstrinka, "Windows\\DocPreview", key, value); }
 
   TestPlatform surroundings;
   CountingPrinter printer;
@@ -160,8 +158,13 @@ TEST_F(DocPreviewTest, AStripDrawsWhatTheWholeDrawingHasThereAndNoSheetMore) {
     EXPECT_EQ(Papers(whole).size(), static_cast<size_t>(kPages));
     const double sheet_7 = preview.Sheet(7).top, end = preview.Height(), mm = preview.Scale();
     // Across sheets, within one, where only a shadow reaches in, in the gap alone, at both ends, and beyond.
-    const std::pair<double, double> strips[] = {{sheet_7 - 100, sheet_7 + 500}, {sheet_7 + 20, sheet_7 + 60}, {sheet_7 - 4 * mm, sheet_7 - mm},
-                                                {sheet_7 - 2 * mm, sheet_7 - mm}, {-50, 300}, {end - 200, end + 400}, {end + 100, end + 400}};
+    const std::pair<double, double> strips[] = {{sheet_7 - 100, sheet_7 + 500},
+                                                {sheet_7 + 20, sheet_7 + 60},
+                                                {sheet_7 - 4 * mm, sheet_7 - mm},
+                                                {sheet_7 - 2 * mm, sheet_7 - mm},
+                                                {-50, 300},
+                                                {end - 200, end + 400},
+                                                {end + 100, end + 400}};
     for (const auto& [top, bottom] : strips) {
       const std::vector<Call> strip = Drawn(preview, top, bottom);
       const auto at = std::search(whole.begin(), whole.end(), strip.begin(), strip.end(), same);
@@ -203,7 +206,8 @@ TEST_F(DocPreviewTest, TheWindowsPlaceIsWrittenAtClosingAndReadAtLoading) {
 }
 
 TEST_F(DocPreviewTest, ADamagedPlaceCountsAsNone) {
-  const std::pair<const char*, const char*> whole[] = {{"Left", "10"}, {"Top", "20"}, {"Width", "900"}, {"Height", "700"}, {"WinState", "0"}};
+  const std::pair<const char*, const char*> whole[] = {
+      {"Left", "10"}, {"Top", "20"}, {"Width", "900"}, {"Height", "700"}, {"WinState", "0"}};
   const std::pair<const char*, const char*> damages[] = {{"Left", "abc"}, {"Top", "1e30"}, {"Width", "0"}, {"Height", "-5"}, {"Width", ""}};
   for (const auto& [key, value] : damages) {
     for (const auto& [good_key, good_value] : whole) Store(good_key, good_value);
