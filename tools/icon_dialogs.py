@@ -38,16 +38,6 @@ def message_warning(pen):
     exclamation(pen, INK, 10)
 
 
-def message_question(pen):
-    pen.circle(16, 16, 14, TEAL)
-    pen.curve(16, 12.5, 4.6, 180, 405, PAPER, 3.6)
-    pen.context.new_path()
-    pen.context.move_to(19.25 * pen.unit, 15.75 * pen.unit)
-    pen.context.line_to(16 * pen.unit, 19 * pen.unit)
-    pen.ink(PAPER, 3.6 * pen.unit, 1)
-    pen.bar(14, 22, 4, 4, PAPER)
-
-
 def plus(pen):
     pen.cross_shape(16, 16, 11, 6, GREEN, "+")
 
@@ -129,7 +119,7 @@ def program_icon(pen):
 
 SINGLE = {
     "ostrinka": program_icon, "error": field_warning,
-    "msg.error": message_error, "msg.warning": message_warning, "msg.question": message_question, "msg.info": ribbon.information,
+    "msg.error": message_error, "msg.warning": message_warning, "msg.info": ribbon.information,
     "btnsave": accept, "btncancel": cancel, "btnclose": close, "btnadd": plus, "btnedit": pencil, "btnremove": minus,
     "btnfind": ribbon.find, "btnbrowse": browse, "btnweb": web, "btnmail": mail,
     "btnattadd": attachment_add, "btnattdel": attachment_delete, "btnattopen": attachment_open, "btnaccounts": accounts, "btnlogo": logo,

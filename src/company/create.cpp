@@ -3,6 +3,7 @@
 #include "company/ost_engine.h"
 #include "company/seed_rows.h"
 #include "company/table_definitions.h"
+#include "company/version_file.h"
 
 namespace ostrinka {
 namespace {
@@ -37,8 +38,26 @@ bool AddRows(ClassQDBASE& table, int number) {
   return true;
 }
 
+// Names of what a broken-off structure change left of a table, one a line.
+std::string Companions(FileSystem& files, const std::string& folder, const std::string& table) {
+  std::string names;
+  for (const char* suffix : {".new", ".temp", ".try"}) {
+    if (files.FileExists(folder + table + suffix)) names += (names.empty() ? "" : "\r\n") + table + suffix;
+  }
+  return names;
+}
+
+// Attachments that a lost table left would become those of the new one's records.
+bool PutAttachmentsAside(FileSystem& files, const std::string& path) {
+  if (files.FileSize(path + ".memo") < 1) return true;
+  std::string aside = path + kAsideSuffix;
+  for (int n = 2; files.FileExists(aside); ++n) aside = path + kAsideSuffix + std::to_string(n);
+  return files.Rename(path + ".memo", aside);
+}
+
 bool CreateTable(Platform& platform, const TableDefinition& definition, const std::string& path, const std::string& user,
                  const std::string& password) {
+  if (!PutAttachmentsAside(platform.files, path)) return false;
   ClassQDBASE table(platform);
   if (!table.DATABASE_OPEN(path, user, password, true, false, false)) return false;
   const bool complete = AddFields(table, definition) && AddRows(table, definition.number);
@@ -54,15 +73,23 @@ void OSTEngine::create_(const std::string& path, const std::string& user, const 
   ok = false;
   steps_ = 0;
   const std::string folder = Folder(path);
+  FileSystem& files = program_.platform.files;
   std::string existing;
   for (const TableDefinition& definition : TableDefinitions()) {
     step(definition.progress, silent);
     const std::string file = folder + definition.file;
-    if (program_.platform.files.FileExists(file)) {
+    if (files.FileExists(file)) {
       existing += std::string(definition.file) + "\r\n";
-    } else if (!CreateTable(program_.platform, definition, file, user, password)) {
+      continue;
+    }
+    // Opening names them itself.
+    if (const std::string left = Companions(files, folder, definition.file); !left.empty()) {
+      if (!silent) program_.Message("msg.info.dbleftover", MessageKind::kWarning, {left});
       return;
     }
+    // A table made anew has the shape of creation, so the folder has to be brought up to date again.
+    if (HasFolderVersion(files, folder)) WriteFolderVersion(files, folder, kUnfinished);
+    if (!CreateTable(program_.platform, definition, file, user, password)) return;
   }
   step(100, silent);
   ok = true;

@@ -9,16 +9,16 @@ struct FormatField {
   const char* fallback;
 };
 constexpr FormatField kFormatFields[] = {
-    {"FORMAT_DATA_EKR", "Date", "dd mmmm yyyy"},
+    {nullptr, "Date", "dd mmmm yyyy"},  // the field of the screen's dates
     {"FORMAT_DATA_WYD", "Date_P_", "dd-mm-yy"},
     {"FORMAT_PROCENTY", "Percentage", "0\\%"},
 };
 
 }  // namespace
 
-void FillFormats(Program& program, ClassQDBASE& firma) {
+void FillFormats(Program& program, ClassQDBASE& firma, const char* screen_date) {
   for (const FormatField& format : kFormatFields) {
-    firma.FIELD(format.field, program.settings.Text(kCommon, "strFormat", format.setting, format.fallback));
+    firma.FIELD(format.field ? format.field : screen_date, program.settings.Text(kCommon, "strFormat", format.setting, format.fallback));
   }
 }
 

@@ -27,11 +27,12 @@ LoginResult AskLogin(Program& program) {
   return program.login;
 }
 
-// Names of what a broken-off structure change left beside the tables, one a line.
+// Names of what a broken-off structure change left beside the tables, and of attachments without their table, one a line.
 std::string LeftOvers(Program& program, const std::string& folder) {
   std::string names;
   for (const std::string& name : program.platform.files.ListFiles(folder)) {
-    if (!EndsWith(name, ".temp") && !EndsWith(name, ".new") && !EndsWith(name, ".try")) continue;
+    const bool aside = name.find(kAsideSuffix) != std::string::npos;
+    if (!aside && !EndsWith(name, ".temp") && !EndsWith(name, ".new") && !EndsWith(name, ".try")) continue;
     for (const TableDefinition& table : TableDefinitions()) {
       if (StartsWith(name, std::string(table.file) + ".")) names += (names.empty() ? "" : "\r\n") + name;
     }
@@ -128,22 +129,28 @@ void OSTEngine::test_(const std::string& path, const std::string& user, const st
   ok = true;
 }
 
-void OSTEngine::BringUpToDate(const std::string& folder, const LoginResult& login) {
+bool OSTEngine::BringUpToDate(const std::string& folder, const LoginResult& login) {
   FileSystem& files = program_.platform.files;
-  if (!files.FileExists(folder + TableFile(kFirma))) return;
+  if (IsBeingUpgraded(files, folder)) return false;
+  for (const TableDefinition& table : TableDefinitions()) ClassQDBASE::PutBack(files, folder + table.file);
+  if (!files.FileExists(folder + TableFile(kFirma))) return true;
   {
     // A login that is refused changes nothing, or the folder would be marked as brought up to date when it was not.
     ClassQDBASE company(program_.platform);
-    if (!company.DATABASE_OPEN(folder + TableFile(kFirma), login.user, login.password, false, false, false)) return;
+    if (!company.DATABASE_OPEN(folder + TableFile(kFirma), login.user, login.password, false, false, false)) return true;
   }
-  const ProgramVersion found = ReadFolderVersion(files, folder);
-  WriteFolderVersion(files, folder, kProgramVersion);
-  if (SameVersion(found, kProgramVersion)) return;
+  if (SameVersion(ReadFolderVersion(files, folder), kProgramVersion)) return true;
+  const UpgradeLock lock(files, folder);
+  if (lock.refused()) return false;
+  if (SameVersion(ReadFolderVersion(files, folder), kProgramVersion)) return true;  // another program has done it in between
+  // The program's own numbers come last: whatever stops this run, the next opening does it again. So it does what could not be changed now,
+  // for a table in use elsewhere.
+  WriteFolderVersion(files, folder, kUnfinished);
   bool created = false, upgraded = false;
   create_(folder, login.user, login.password, true, created);
   tdb_DataBaseDebug(folder, login.user, login.password, upgraded);
-  // What could not be changed now, for a table in use elsewhere, is tried again at the next opening.
-  if (!created || !upgraded) WriteFolderVersion(files, folder, found);
+  if (created && upgraded) WriteFolderVersion(files, folder, kProgramVersion);
+  return true;
 }
 
 void OSTEngine::open_(bool silent, bool& ok) {
@@ -157,10 +164,18 @@ void OSTEngine::open_(bool silent, bool& ok) {
   }
   const LoginResult login = AskLogin(program_);
   const std::string folder = program_.DatabaseFolder();
+  bool ready = false;
+  {
+    const Hourglass hourglass(silent ? nullptr : &program_.platform.ui);
+    ready = BringUpToDate(folder, login);
+  }
+  if (!ready) {
+    program_.Message("msg.info.dbupdating", MessageKind::kWarning);
+    return;
+  }
   const std::string left_overs = LeftOvers(program_, folder);
   if (!left_overs.empty()) program_.Message("msg.info.dbleftover", MessageKind::kWarning, {left_overs});
   const Hourglass hourglass(silent ? nullptr : &program_.platform.ui);
-  BringUpToDate(folder, login);
   steps_ = 0;
   size_t opened = 0;
   for (int number : OpeningOrder()) {

@@ -22,7 +22,8 @@ class OSTEngine {
   void reopen_(bool& ok);
   // With `compress`, free room in the attachment files is given back.
   void close_(bool compress);
-  // Creates what is missing in `path`, with its seed rows; a file that exists is left as it stands.
+  // Creates what is missing in `path`, with its seed rows; a file that exists is left as it stands. Fails at a table of which a broken-off
+  // change left something: its records may be there.
   void create_(const std::string& path, const std::string& user, const std::string& password, bool silent, bool& ok);
   // The upgrade of a folder to the present fields. False when a table could not be opened or changed; the rest is done all the same.
   void tdb_DataBaseDebug(const std::string& path, const std::string& user, const std::string& password, bool& ok);
@@ -30,8 +31,8 @@ class OSTEngine {
  private:
   // `path` with its markers resolved and a closing slash.
   std::string Folder(const std::string& path) const;
-  // The version test of a folder, with what it leads to.
-  void BringUpToDate(const std::string& folder, const LoginResult& login);
+  // The version test of a folder, with what it leads to. False when another program is bringing the folder up to date.
+  bool BringUpToDate(const std::string& folder, const LoginResult& login);
   // Shows the percent in the status line and lets the window catch up; nothing when `silent`.
   void step(double percent, bool silent);
 

@@ -26,6 +26,8 @@ struct TableDefinition {
 };
 
 inline constexpr size_t kTableCount = 28;
+// Behind a table's file name: the attachments of a lost table, put aside when the table is made anew; a number follows from the second on.
+inline constexpr char kAsideSuffix[] = ".memo.old";
 
 // In the order in which they are created.
 const std::array<TableDefinition, kTableCount>& TableDefinitions();

@@ -9,18 +9,6 @@ namespace {
 // Slot of the closed object that stands in for a table which is not open.
 constexpr size_t kStandIn = 0;
 
-// A text of a record, read past whatever the caller holds in the table's buffer.
-std::string PeekText(ClassQDBASE& table, int32_t record, const char* field) {
-  std::vector<std::pair<int, Value>> held;
-  for (int i = 1; i <= table.FIELD_COUNT(); ++i) {
-    if (Value value = table.FieldRaw(i); !IsEmpty(value)) held.emplace_back(i, std::move(value));
-  }
-  if (!table.RECORD_LOAD(record)) return "";
-  std::string text = table.Text(field);
-  for (const auto& [number, value] : held) table.FIELD(number, value);
-  return text;
-}
-
 bool IsLetter(char32_t letter) {
   constexpr std::u32string_view kPolish = U"ąćęłńóśźż";
   return (letter >= U'a' && letter <= U'z') || kPolish.find(letter) != std::u32string_view::npos;
@@ -38,15 +26,16 @@ std::string CurrencyPattern(Program& program, int32_t currency, bool with_sign, 
                             const char* fallback) {
   ClassQDBASE& currencies = Table(program, kWaluty);
   const bool known = currency >= 1 && currencies.IsOpen() && currency <= currencies.RECORD_COUNT();
-  const std::string pattern =
-      known ? PeekText(currencies, currency, field) : program.settings.Text(kCommon, "strFormat", setting, fallback);
+  std::string pattern = known ? currencies.TextOf(currency, field) : "";
+  // A currency just added has no pattern yet.
+  if (Trim(pattern).empty()) pattern = program.settings.Text(kCommon, "strFormat", setting, fallback);
   return with_sign ? pattern : WithoutLetters(pattern);
 }
 
 std::string DatePattern(Program& program, const char* field, const char* fallback) {
   ClassQDBASE& company = Table(program, kFirma);
   if (!company.IsOpen()) return fallback;
-  std::string pattern = PeekText(company, 1, field);
+  std::string pattern = company.TextOf(1, field);
   return pattern.empty() ? fallback : pattern;
 }
 
@@ -69,7 +58,9 @@ bool TableIsOpen(const Program& program, int number) {
 bool OpenPrivate(Program& program, int number, ClassQDBASE& table, bool links) {
   ClassQDBASE& shared = Table(program, number);
   if (!shared.IsOpen()) return false;
-  return table.DATABASE_OPEN(shared.DATABASE_PATH(), shared.USER_NAME(0), shared.USER_PASS(0), false, false, links);
+  if (!table.DATABASE_OPEN(shared.DATABASE_PATH(), shared.USER_NAME(0), shared.USER_PASS(0), false, false, links)) return false;
+  table.ForgetPosition();
+  return true;
 }
 
 KeepPositions::KeepPositions(Program& program, std::initializer_list<int> numbers) : program_(program) {

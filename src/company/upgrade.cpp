@@ -3,6 +3,8 @@
 // Each step works on private tables opened without links, so that a structure change finds itself the only user of its file. A step can be
 // repeated: what is in place already is left alone, and a change that stopped halfway goes on where it stopped.
 
+#include <optional>
+
 #include "base/text.h"
 #include "company/firma_record.h"
 #include "company/ost_engine.h"
@@ -48,10 +50,12 @@ void AddMissing(Upgrade& upgrade, ClassQDBASE& table, int number, std::initializ
   }
 }
 
-// Every record by number, deleted ones too; `change` tells whether the loaded record is to be saved.
+// Every record by number, deleted ones too; `change` tells whether the loaded record is to be saved. From the first one on that is, the
+// table is kept for this object alone: what another workstation saved in between would be lost.
 template <typename Change>
 bool ChangeRecords(Upgrade& upgrade, ClassQDBASE& table, Change change) {
   bool saved = true;
+  std::optional<SoleUse> alone;
   const int32_t count = table.RECORD_COUNT();
   constexpr int32_t kTold = 4096;  // records between two words on how far it is
   for (int32_t n = 1; n <= count; ++n) {
@@ -62,6 +66,12 @@ bool ChangeRecords(Upgrade& upgrade, ClassQDBASE& table, Change change) {
     if (!table.RECORD_LOAD(n)) {
       saved = false;
     } else if (change(n)) {
+      if (!alone) {
+        alone.emplace(table);
+        saved = alone->held() && saved;
+        if (!alone->held()) break;
+        if (!table.RECORD_LOAD(n) || !change(n)) continue;
+      }
       saved = table.RECORD_SAVE(n) && saved;
     }
   }
@@ -83,6 +93,11 @@ void FinishRenames(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
 }
 
 void Rebuild(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
+  const SoleUse alone(table);
+  if (!alone.held()) {
+    upgrade.complete = false;
+    return;
+  }
   for (const NewShape& shape : shapes) {
     if (!AddField(upgrade, table, shape.interim, shape.type, shape.length)) return;
   }
@@ -122,14 +137,18 @@ void Widen(Upgrade& upgrade, ClassQDBASE& table, const char* name, const char* i
 void UpgradeCompanyRecord(Upgrade& upgrade) {
   ClassQDBASE table(upgrade.program.platform);
   if (!upgrade.Open(kFirma, table)) return;
+  // The field that tells that the formats are filled gets its name when they are.
   const bool had_formats = table.FIELD_EXISTS("FORMAT_DATA_EKR");
+  const FieldDefinition& screen = *FindField(*FindTable(kFirma), "FORMAT_DATA_EKR");
+  if (!had_formats && !AddField(upgrade, table, "FORMAT_EKR_2", screen.type, screen.length)) return;
   AddMissing(upgrade, table, kFirma,
-             {"FORMAT_DATA_EKR", "FORMAT_DATA_WYD", "FORMAT_PROCENTY", "B_SWIFT", "S_KRAJS", "K_STWWW", "B_KONTO_D1", "B_KONTO_D2",
-              "B_KONTO_D3", "B_KONTO_D4", "B_KONTO_OPIS_1", "B_KONTO_OPIS_2", "B_KONTO_OPIS_3", "B_KONTO_OPIS_4", "F_NRKRS", "F_NIPEU"});
+             {"FORMAT_DATA_WYD", "FORMAT_PROCENTY", "B_SWIFT", "S_KRAJS", "K_STWWW", "B_KONTO_D1", "B_KONTO_D2", "B_KONTO_D3", "B_KONTO_D4",
+              "B_KONTO_OPIS_1", "B_KONTO_OPIS_2", "B_KONTO_OPIS_3", "B_KONTO_OPIS_4", "F_NRKRS", "F_NIPEU"});
   if (!EnsureCompanyRecord(upgrade.program, table)) upgrade.complete = false;
-  if (had_formats || !table.FIELD_EXISTS("FORMAT_DATA_EKR") || !table.RECORD_LOAD(1)) return;
-  FillFormats(upgrade.program, table);
+  if (had_formats || !table.RECORD_LOAD(1)) return;
+  FillFormats(upgrade.program, table, "FORMAT_EKR_2");
   if (!table.RECORD_SAVE(1)) upgrade.complete = false;
+  FinishRenames(upgrade, table, {{"FORMAT_DATA_EKR", "FORMAT_EKR_2", screen.type, screen.length}});
   upgrade.program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", std::string("0.00##"));
 }
 
@@ -250,6 +269,11 @@ double RateOfArticle(ClassQDBASE& articles, ClassQDBASE& rates, int32_t article)
 void UpgradeSinglePrice(Upgrade& upgrade) {
   ClassQDBASE table(upgrade.program.platform), articles(upgrade.program.platform), rates(upgrade.program.platform);
   if (!upgrade.Open(kSprzedane, table) || !table.FIELD_EXISTS("CENA")) return;
+  const SoleUse alone(table);
+  if (!alone.held()) {
+    upgrade.complete = false;
+    return;
+  }
   if (!upgrade.Open(kTowaryUslugi, articles) || !upgrade.Open(kStawkiVat, rates)) return;
   if (!table.FIELD_EXISTS("CENA_NETTO") || !table.FIELD_EXISTS("CENA_BRUTTO")) return;
   const bool copied = ChangeRecords(upgrade, table, [&](int32_t) {
@@ -265,9 +289,11 @@ void UpgradeSinglePrice(Upgrade& upgrade) {
 void UpgradeRegions(Upgrade& upgrade) {
   ClassQDBASE table(upgrade.program.platform);
   if (!upgrade.Open(kRegiony, table) || table.FIELD_EXISTS("KOD")) return;
-  AddMissing(upgrade, table, kRegiony, {"KOD"});
-  if (!table.FIELD_EXISTS("KOD")) return;
-  ChangeRecords(upgrade, table, [&](int32_t n) { return table.FIELD("KOD", 2 * n); });
+  // Under its name only when it is filled: one that is there already is taken for filled.
+  const FieldDefinition& code = *FindField(*FindTable(kRegiony), "KOD");
+  if (!AddField(upgrade, table, "KOD_2", code.type, code.length)) return;
+  if (!ChangeRecords(upgrade, table, [&](int32_t n) { return table.FIELD("KOD_2", 2 * n); })) return;
+  FinishRenames(upgrade, table, {{"KOD", "KOD_2", code.type, code.length}});
 }
 
 void UpgradeCurrencies(Upgrade& upgrade) {

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "desktop/form_window.h"
 #include "desktop/message_window.h"
+#include "desktop/preview_window.h"
 
 namespace ostrinka {
 namespace {
@@ -43,13 +44,24 @@ std::optional<std::string> Chosen(Program& program, const QString& file) {
   return FromQt(file);
 }
 
-// A box that opened in the middle of a press leaves the button down.
-void Release(QWidget* window) {
-  if (!window) return;
-  for (QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
-    if (button->isDown()) button->setDown(false);
+// The window that a new one stands before. When that one is gone, it is active again, also where no window manager sees to it, and a button
+// in the middle of whose press the new one opened is no longer down.
+class Behind {
+ public:
+  explicit Behind(QWidget* window) : window_(window) {}
+  ~Behind() {
+    if (!window_ || !window_->isVisible()) return;
+    for (QAbstractButton* button : window_->findChildren<QAbstractButton*>()) {
+      if (button->isDown()) button->setDown(false);
+    }
+    window_->activateWindow();
   }
-}
+  Behind(const Behind&) = delete;
+  operator QWidget*() const { return window_; }
+
+ private:
+  const QPointer<QWidget> window_;
+};
 
 // While a person is asked, the pointer is no hourglass.
 class PointerFree {
@@ -90,45 +102,43 @@ QWidget* DesktopUi::Front() const {
 void DesktopUi::ShowModal(Form& form) {
   if (!program_ || !look_) return;
   const PointerFree pointer;
-  const QPointer<QWidget> behind = Front();
+  const Behind behind(Front());
   FormWindow window(*program_, *look_, form, behind);
   window.Run();
-  Release(behind);
 }
 
 void DesktopUi::ShowPreview(frm_DocPreview& preview) {
   if (!look_) return;
   const PointerFree pointer;
-  const QPointer<QWidget> behind = Front();
+  const Behind behind(Front());
   PreviewWindow window(*look_, preview, behind);
   preview_ = &window;
   window.Run();
-  Release(behind);
 }
 
 Answer DesktopUi::ShowMessage(const std::string& text, MessageKind kind) {
   if (!look_) return kind == MessageKind::kQuestion ? Answer::kNo : Answer::kOk;
   const PointerFree pointer;
-  const QPointer<QWidget> behind = Front();
+  const Behind behind(Front());
   MessageWindow box(*look_, ToQt(text).replace("\r\n", "\n"), kind, behind);
-  const Answer answer = box.Run();
-  Release(behind);
-  return answer;
+  return box.Run();
 }
 
 std::optional<std::string> DesktopUi::AskOpenFile(const std::vector<FileFilter>& filters) {
   const PointerFree pointer;
-  return Chosen(*program_, QFileDialog::getOpenFileName(Front(), QString(), RememberedFolder(*program_), FilterList(filters).join(";;")));
+  const Behind behind(Front());
+  return Chosen(*program_, QFileDialog::getOpenFileName(behind, QString(), RememberedFolder(*program_), FilterList(filters).join(";;")));
 }
 
 std::optional<std::string> DesktopUi::AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) {
   const PointerFree pointer;
+  const Behind behind(Front());
   const QString folder = RememberedFolder(*program_);
   QString start = ToQt(proposal);
   if (!folder.isEmpty() && !start.contains('/')) start = folder + "/" + start;
   const QStringList list = FilterList(filters);
   QString chosen = list.value(static_cast<int>(filter));
-  QString file = QFileDialog::getSaveFileName(Front(), QString(), start, list.join(";;"), &chosen);
+  QString file = QFileDialog::getSaveFileName(behind, QString(), start, list.join(";;"), &chosen);
   filter = static_cast<size_t>(std::max<qsizetype>(0, list.indexOf(chosen)));
   // A name typed without an ending gets that of the filter.
   if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty() && filter < filters.size() && !filters[filter].patterns.empty()) {
@@ -140,7 +150,8 @@ std::optional<std::string> DesktopUi::AskSaveFile(const std::vector<FileFilter>&
 
 std::optional<std::string> DesktopUi::AskFolder(const std::string& title) {
   const PointerFree pointer;
-  const QString folder = QFileDialog::getExistingDirectory(Front(), ToQt(title), RememberedFolder(*program_));
+  const Behind behind(Front());
+  const QString folder = QFileDialog::getExistingDirectory(behind, ToQt(title), RememberedFolder(*program_));
   if (folder.isEmpty()) return std::nullopt;
   return FromQt(folder);
 }

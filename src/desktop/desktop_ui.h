@@ -5,12 +5,13 @@
 #include <functional>
 
 #include "desktop/look.h"
-#include "desktop/preview_window.h"
 #include "platform/user_interface.h"
 
 class QWidget;
 
 namespace ostrinka {
+
+class PreviewWindow;
 
 class DesktopUi : public UserInterface {
  public:

@@ -6,13 +6,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/program.h"
 #include "desktop/dialog_style.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr int kColumns = 12;
-constexpr int kGap = 8, kGroupGap = 12, kCaptionGap = 3, kRowSpacing = 8, kCardMargin = 12, kPageMargin = 14;
+constexpr int kGap = 8, kGroupGap = 12, kCaptionGap = 3, kRowSpacing = 8, kCardMargin = 12, kPageMargin = 14, kUsualWidth = 640;
 constexpr double kMatrixCaption = 2;
 
 // A framed group with its caption.
@@ -43,9 +44,25 @@ bool Fills(const QWidget* widget) {
   return widget && widget->sizePolicy().verticalPolicy() == QSizePolicy::Expanding;
 }
 
-int HeightOf(const QWidget& widget) {
+// A paragraph is as high as its width makes it.
+int HeightOf(const QWidget& widget, int width) {
+  if (width >= 0 && widget.hasHeightForWidth()) return widget.heightForWidth(width);
   return std::max(widget.sizeHint().height(), widget.minimumSizeHint().height());
 }
+
+// Text in lines as long as there is room; it asks for no width of its own.
+class Paragraph : public QLabel {
+ public:
+  Paragraph(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+  }
+  QSize sizeHint() const override { return {kUsualWidth, heightForWidth(kUsualWidth)}; }
+  QSize minimumSizeHint() const override { return {kNarrowest, fontMetrics().height()}; }
+
+ private:
+  static constexpr int kNarrowest = 160;
+};
 
 // Whether something on it takes the free height of the page.
 bool Stretches(const LayoutItem& item) {
@@ -87,12 +104,23 @@ int RowLayout::CaptionHeight() const {
   return height;
 }
 
-int RowLayout::FieldsHeight() const {
+int RowLayout::FieldsHeight(int width) const {
+  const double unit = (width - gap_ * (kColumns - 1)) / static_cast<double>(kColumns);
   int height = 0;
   for (const Cell& cell : cells_) {
-    if (cell.field) height = std::max(height, HeightOf(*cell.field));
+    const int wide = width < 0 ? -1 : static_cast<int>(std::lround(cell.span * (unit + gap_) - gap_));
+    if (cell.field) height = std::max(height, HeightOf(*cell.field, wide));
   }
   return height;
+}
+
+bool RowLayout::hasHeightForWidth() const {
+  return std::any_of(cells_.begin(), cells_.end(), [](const Cell& cell) { return cell.field && cell.field->hasHeightForWidth(); });
+}
+
+int RowLayout::heightForWidth(int width) const {
+  const QMargins around = contentsMargins();
+  return CaptionHeight() + FieldsHeight(width - around.left() - around.right()) + around.top() + around.bottom();
 }
 
 Qt::Orientations RowLayout::expandingDirections() const {
@@ -100,7 +128,15 @@ Qt::Orientations RowLayout::expandingDirections() const {
   return fills ? Qt::Horizontal | Qt::Vertical : Qt::Orientations(Qt::Horizontal);
 }
 
+// Paragraphs show their height at a width that is usual for them.
 QSize RowLayout::sizeHint() const {
+  const QSize least = minimumSize();
+  if (!hasHeightForWidth()) return least;
+  const int width = std::max(least.width(), kUsualWidth);
+  return {width, heightForWidth(width)};
+}
+
+QSize RowLayout::minimumSize() const {
   double unit = 1;
   for (const Cell& cell : cells_) {
     int wanted = cell.field ? cell.field->minimumSizeHint().width() : 0;
@@ -110,7 +146,7 @@ QSize RowLayout::sizeHint() const {
   }
   const QMargins around = contentsMargins();
   return {static_cast<int>(std::ceil(unit * kColumns + gap_ * (kColumns - 1))) + around.left() + around.right(),
-          CaptionHeight() + FieldsHeight() + around.top() + around.bottom()};
+          CaptionHeight() + FieldsHeight(-1) + around.top() + around.bottom()};
 }
 
 void RowLayout::setGeometry(const QRect& outer) {
@@ -118,7 +154,7 @@ void RowLayout::setGeometry(const QRect& outer) {
   const QRect area = outer.marginsRemoved(contentsMargins());
   const double unit = (area.width() - gap_ * (kColumns - 1)) / static_cast<double>(kColumns);
   const int top = area.top() + CaptionHeight();
-  const int room = std::max(area.bottom() + 1 - top, FieldsHeight());
+  const int room = std::max(area.bottom() + 1 - top, FieldsHeight(area.width()));
   double place = 0;
   for (const Cell& cell : cells_) {
     const int left = area.left() + static_cast<int>(std::lround(place * (unit + gap_)));
@@ -140,7 +176,7 @@ void RowLayout::setGeometry(const QRect& outer) {
     }
     if (!cell.field) continue;
     // A check box among fields stands in the middle of their line.
-    int height = HeightOf(*cell.field);
+    int height = HeightOf(*cell.field, right - from);
     const int line = std::min(FieldHeight(*cell.field), room);
     if (Fills(cell.field)) {
       height = room;
@@ -237,9 +273,7 @@ QWidget* FormBuilder::BuildItem(const LayoutItem& item, QWidget* parent) {
     case LayoutItem::Kind::kInfo: {
       auto* layout = new QVBoxLayout(box);
       layout->setContentsMargins(0, 0, 0, 0);
-      auto* text = new QLabel(host_.look.Text(item.text_key), box);
-      text->setWordWrap(true);
-      layout->addWidget(text);
+      layout->addWidget(new Paragraph(host_.look.Text(item.text_key), box));
       break;
     }
   }
@@ -323,6 +357,13 @@ void FormBuilder::BuildFiles(const LayoutItem& item, QWidget* box) {
   column->addLayout(row);
   row->setSpacing(kGap);
   row->addWidget(Field(*item.cells.front().control, kPlain, host_.look.Text(item.text_key), caption, box), 1);
+  const auto& list = static_cast<const MemoControl&>(*item.cells.front().control);
+  const auto& remove = static_cast<const ButtonControl&>(*item.cells[2].control);
+  host_.confirm[&remove] = [&host = host_, &list] {
+    if (list.selected() < 0) return true;
+    const std::string& name = list.items()[static_cast<size_t>(list.selected())].name;
+    return host.program.Message("common.delattachment", MessageKind::kQuestion, {name}) == Answer::kYes;
+  };
   auto* buttons = new QVBoxLayout;
   buttons->setSpacing(kCaptionGap * 2);
   for (size_t i = 1; i < item.cells.size(); ++i) {

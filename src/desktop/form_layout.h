@@ -31,12 +31,14 @@ class RowLayout : public QLayout {
   QLayoutItem* takeAt(int index) override { return index >= 0 && index < items_.size() ? items_.takeAt(index) : nullptr; }
   Qt::Orientations expandingDirections() const override;
   QSize sizeHint() const override;
-  QSize minimumSize() const override { return sizeHint(); }
+  QSize minimumSize() const override;
+  bool hasHeightForWidth() const override;
+  int heightForWidth(int width) const override;
   void setGeometry(const QRect& area) override;
 
  private:
   int CaptionHeight() const;
-  int FieldsHeight() const;
+  int FieldsHeight(int width) const;  // of a row so wide; below 0: not known yet
   QList<QLayoutItem*> items_;
   std::vector<Cell> cells_;
   int gap_;

@@ -58,7 +58,7 @@ class StepMark : public QAbstractButton {
       const QPointF middle = circle.center();
       painter.drawPolyline(QPolygonF({middle + QPointF(-5, 0.5), middle + QPointF(-1.5, 4), middle + QPointF(5, -4)}));
     } else {
-      painter.setPen(current ? c.strip_bottom : c.strip_text_off);
+      painter.setPen(current ? c.strip_bottom.darker(170) : c.strip_text_off);
       painter.drawText(circle, Qt::AlignCenter, QString::number(number_));
     }
     if (!current) painter.setFont(look_.WindowFont());

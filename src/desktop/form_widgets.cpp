@@ -7,13 +7,13 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
 
 #include "app/program.h"
 #include "desktop/dialog_style.h"
+#include "desktop/file_pictures.h"
 
 namespace ostrinka {
 namespace {
@@ -54,6 +54,7 @@ QWidget* MakeButton(FieldHost& host, ButtonControl& control, QWidget* parent) {
   button->setIconSize({kIconSize, kIconSize});
   QObject::connect(button, &QPushButton::clicked, button, [&host, &control] {
     host.settle();
+    if (const auto asks = host.confirm.find(&control); asks != host.confirm.end() && !asks->second()) return;
     control.UserPress();
   });
   Follow(control, button, [&host, &control, button] {
@@ -95,24 +96,11 @@ QWidget* MakeLabel(FieldHost& host, LabelControl& control, unsigned flags, QWidg
   return label;
 }
 
-QPixmap PaperPicture(const DialogColours& colours, double ratio) {
-  QPixmap picture(QSize(kIconSize, kIconSize) * ratio);
-  picture.setDevicePixelRatio(ratio);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(colours.faint, 1.2));
-  painter.setBrush(Qt::white);
-  painter.drawPolygon(QPolygonF({{3.5, 1.5}, {9.5, 1.5}, {12.5, 4.5}, {12.5, 14.5}, {3.5, 14.5}}));
-  painter.drawPolyline(QPolygonF({{9.5, 1.5}, {9.5, 4.5}, {12.5, 4.5}}));
-  for (const double y : {7.5, 9.5, 11.5}) painter.drawLine(QPointF(5.5, y), QPointF(10.5, y));
-  return picture;
-}
-
 class FileList : public QListWidget {
  public:
   FileList(FieldHost& host, MemoControl& control, QWidget* parent) : QListWidget(parent), host_(host), control_(control) {
     setUniformItemSizes(true);
+    setIconSize({kFilePictureSize, kFilePictureSize});
     setPalette(DialogStyle::Of(host.look).ListPalette());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideMiddle);
@@ -124,14 +112,15 @@ class FileList : public QListWidget {
   void Show() {
     showing_ = true;
     const auto& items = control_.items();
-    const bool same = count() == static_cast<int>(items.size()) &&
-                      std::equal(items.begin(), items.end(), shown_.begin(), shown_.end(),
-                                 [](const auto& a, const auto& b) { return a.name == b.name && a.file_id == b.file_id; });
-    if (!same) {
+    if (items != shown_) {
       clear();
       shown_ = items;
-      const QIcon icon(PaperPicture(DialogStyle::Of(host_.look).colours(), devicePixelRatioF()));
-      for (const MemoControl::Item& item : items) addItem(new QListWidgetItem(icon, ToQt(item.name)));
+      for (const MemoControl::Item& item : items) {
+        const QPixmap picture = FilePicture(KindOfFile(item.name), devicePixelRatioF());
+        QIcon icon(picture);
+        icon.addPixmap(picture, QIcon::Selected);  // untinted
+        addItem(new QListWidgetItem(icon, ToQt(item.name)));
+      }
     }
     setCurrentRow(control_.selected());
     showing_ = false;

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <map>
 
 #include "desktop/look.h"
 #include "shell/controls/form.h"
@@ -20,6 +21,8 @@ struct FieldHost {
   Form& form;
   // Raises what is still due of the field that was left; called before anything that a person does takes effect.
   std::function<void()> settle = [] {};
+  // What the person is asked before a button does its work, by the button; a no leaves it undone.
+  std::map<const ButtonControl*, std::function<bool()>> confirm = {};
   void Beep() const;
 };
 

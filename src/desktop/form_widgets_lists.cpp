@@ -1,10 +1,13 @@
 // Lists to choose from. The entries stay in the model: a list of 20,000 customers opens as fast as one of five.
 #include <QAbstractListModel>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QListView>
 #include <QScreen>
+#include <algorithm>
+#include <iterator>
 
 #include "base/text.h"
 #include "desktop/dialog_style.h"
@@ -14,6 +17,7 @@ namespace ostrinka {
 namespace {
 
 constexpr int kSearchPause = 1200;  // ms after which typing starts a new word
+constexpr int kMoves[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
 constexpr int kShownRows = 14, kWidestPopup = 640, kMeasuredRows = 400;
 
 class Entries : public QAbstractListModel {
@@ -132,6 +136,8 @@ class ListField : public QComboBox {
         !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) || event->modifiers().testFlag(Qt::GroupSwitchModifier);
     if (event->key() == Qt::Key_Space && !search_.Running()) {
       showPopup();
+    } else if (plain && control_.Changed.IsHeard() && std::find(std::begin(kMoves), std::end(kMoves), event->key()) != std::end(kMoves)) {
+      MoveInPopup(event->key());
     } else if (event->key() == Qt::Key_Backspace) {
       Choose(search_.Shorten(control_));
     } else if (plain && !letters.isEmpty() && letters[0].isPrint()) {
@@ -143,6 +149,12 @@ class ListField : public QComboBox {
   }
 
  private:
+  // A choice that moves other fields is made in the open list and confirmed there: walking past an entry must not count as choosing it.
+  void MoveInPopup(int key) {
+    showPopup();
+    QKeyEvent move(QEvent::KeyPress, key, Qt::NoModifier);
+    if (view()->isVisible()) QCoreApplication::sendEvent(view(), &move);
+  }
   void Choose(int row) {
     if (row < 0 || row == control_.ListIndex()) return;
     host_.settle();

@@ -11,7 +11,7 @@
 #include "desktop/dialog_style.h"
 #include "desktop/form_widgets.h"
 #include "desktop/list_canvas.h"
-#include "documents/forms/table_source.h"
+#include "engine/table_source.h"
 
 namespace ostrinka {
 namespace {

@@ -48,6 +48,11 @@ void ShowGround(const FieldHost& host, const TextBoxControl& control, QWidget* f
   field->repaint();  // before the form goes on
 }
 
+// Whether the focus comes by the person's will, not back from a menu or another program.
+bool EntersToType(const QFocusEvent& event) {
+  return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
+}
+
 class LineField : public QLineEdit {
  public:
   LineField(FieldHost& host, TextBoxControl& control, QWidget* parent) : QLineEdit(parent), host_(host), control_(control) {
@@ -91,7 +96,7 @@ class LineField : public QLineEdit {
   }
   void focusInEvent(QFocusEvent* event) override {
     QLineEdit::focusInEvent(event);
-    if (control_.SelectAllOnEntry && event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) selectAll();
+    if (control_.SelectAllOnEntry && EntersToType(*event)) selectAll();
   }
 
  private:
@@ -123,7 +128,10 @@ class TextField : public QPlainTextEdit {
   }
   void Show() {
     const QString shown = FromLines(control_.Text());
-    if (toPlainText() != shown) setPlainText(shown);
+    if (toPlainText() != shown) {
+      setPlainText(shown);
+      if (hasFocus() && control_.SelectAllOnEntry) selectAll();
+    }
     ShowGround(host_, control_, this);
   }
   QSize minimumSizeHint() const override { return {60, Height(lines_)}; }
@@ -144,6 +152,10 @@ class TextField : public QPlainTextEdit {
     } else {
       QPlainTextEdit::keyPressEvent(event);
     }
+  }
+  void focusInEvent(QFocusEvent* event) override {
+    QPlainTextEdit::focusInEvent(event);
+    if (control_.SelectAllOnEntry && EntersToType(*event)) selectAll();
   }
   // Letters put together from several keys.
   void inputMethodEvent(QInputMethodEvent* event) override {

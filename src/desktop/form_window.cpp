@@ -120,7 +120,9 @@ void FormWindow::Parts::ShowPage() {
 void FormWindow::Parts::ShowSteps() {
   steps->Refresh();
   const int at = pages->currentIndex() + 1, count = pages->count();
-  page_title->setText(host.look.Text(form.pages()[static_cast<size_t>(at - 1)].caption_key));
+  const QString caption = host.look.Text(form.pages()[static_cast<size_t>(at - 1)].caption_key);
+  window.setWindowTitle(window.windowTitle() + ": " + caption);
+  page_title->setText(caption);
   page_place->setText(ToQt(program.Text("common.step", {std::to_string(at), std::to_string(count)})));
   for (ButtonControl* button : {form.steps()->next, form.steps()->finish}) {
     QWidget* field = window.WidgetOf(*button);

@@ -147,7 +147,9 @@ void FormWindow::Parts::BuildButtons(QVBoxLayout& column) {
       stretched = true;
     }
     QWidget* button = builder.BuildButton(*entry->button, &window);
-    const bool first = main == buttons.end() ? !marked && entry->button != Marked(kCancel) : entry == main;
+    const bool first = form.steps()            ? entry->button == Marked(kDefault)
+                       : main == buttons.end() ? !marked && entry->button != Marked(kCancel)
+                                               : entry == main;
     button->setProperty(kPrimaryButton, first);
     marked = marked || first;
     bar->addWidget(button);

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "desktop/look.h"
-#include "desktop/qcanvas.h"
 
 namespace ostrinka {
 namespace {
@@ -13,29 +12,6 @@ constexpr double kCellOfType = 1.207;  // height of a line of "Tahoma" by the si
 constexpr double kBearing = 2;         // room on either side of a text
 constexpr double kLeading = 0.34;      // room between lines, by the height of a line
 
-QColor ColourOf(Colour colour) {
-  return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
-}
-QRectF RectOf(const RectF& area) {
-  return {area.left, area.top, area.width(), area.height()};
-}
-QPolygonF PolygonOf(const std::vector<PointF>& points) {
-  QPolygonF polygon;
-  for (const PointF& point : points) polygon << QPointF(point.x, point.y);
-  return polygon;
-}
-
-}  // namespace
-
-ListCanvas::ListCanvas(QPainter& painter, double width, double height, double inset)
-    : painter_(painter),
-      width_(width),
-      height_(height),
-      inset_(inset),
-      ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {}
-
-namespace {
-
 // Height of a line of the list's type.
 double CellHeight(double zoom) {
   constexpr double kPoints = 8, kPixelsOfPoint = 20 / 15.0;
@@ -43,6 +19,11 @@ double CellHeight(double zoom) {
 }
 
 }  // namespace
+
+ListCanvas::ListCanvas(QPainter& painter, double width, double height, double inset)
+    : QCanvas(painter, width, height), inset_(inset), ratio_(painter.device() ? painter.device()->devicePixelRatioF() : 1) {
+  painter_.setRenderHint(QPainter::Antialiasing, false);  // edges fall on pixels
+}
 
 int ListCanvas::RowHeight(double zoom) {
   return static_cast<int>(std::ceil(CellHeight(zoom) * (1 + kLeading))) + 3;
@@ -79,23 +60,6 @@ void ListCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
   }
 }
 
-void ListCanvas::DrawPolyline(const std::vector<PointF>& points, const Pen& pen) {
-  painter_.setPen(QPen(ColourOf(pen.colour), std::max(pen.width, 1.0)));
-  painter_.drawPolyline(PolygonOf(points));
-}
-
-void ListCanvas::FillPolygon(const std::vector<PointF>& points, Colour colour) {
-  painter_.setPen(Qt::NoPen);
-  painter_.setBrush(ColourOf(colour));
-  painter_.drawPolygon(PolygonOf(points));
-}
-
-void ListCanvas::DrawEllipse(const RectF& frame, const Pen& pen, const Colour* fill) {
-  painter_.setPen(ColourOf(pen.colour));
-  painter_.setBrush(fill ? QBrush(ColourOf(*fill)) : QBrush(Qt::NoBrush));
-  painter_.drawEllipse(RectOf(frame));
-}
-
 const ListCanvas::Fitted& ListCanvas::FontOf(const FontSpec& spec) {
   const QString key = ToQt(spec.face) + QString::number(spec.height) + (spec.bold ? "b" : "") + (spec.italic ? "i" : "");
   const auto found = fonts_.find(key);
@@ -126,22 +90,6 @@ void ListCanvas::DrawText(PointF at, std::string_view text, const FontSpec& font
   painter_.setFont(fitted.font);
   painter_.setPen(ColourOf(colour));
   painter_.drawText(QPointF(std::round(x), at.y + std::round((room + capital) / 2)), line);
-}
-
-void ListCanvas::DrawPicture(const RectF& area, const Picture& picture) {
-  if (picture.width <= 0 || picture.height <= 0) return;
-  const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width, picture.height, picture.width * 4,
-                     QImage::Format_ARGB32);
-  painter_.drawImage(RectOf(area), image);
-}
-
-void ListCanvas::PushClip(const RectF& area) {
-  painter_.save();
-  painter_.setClipRect(RectOf(area), Qt::IntersectClip);
-}
-
-void ListCanvas::PopClip() {
-  painter_.restore();
 }
 
 }  // namespace ostrinka

@@ -5,13 +5,12 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QHash>
-#include <QPainter>
 
-#include "platform/canvas.h"
+#include "desktop/qcanvas.h"
 
 namespace ostrinka {
 
-class ListCanvas : public Canvas {
+class ListCanvas : public QCanvas {
  public:
   // The surface begins `inset` pixels right of the painter's edge; grounds and lines that begin at its edge reach out to that of the
   // painter.
@@ -21,22 +20,14 @@ class ListCanvas : public Canvas {
   static int RowHeight(double zoom);
   static QFont Font(double zoom);
 
-  double Width() const override { return width_; }
-  double Height() const override { return height_; }
   void FillRect(const RectF& area, Colour colour) override;
   void DrawRect(const RectF& area, const Pen& pen) override;
   void DrawLine(PointF from, PointF to, const Pen& pen) override;
-  void DrawPolyline(const std::vector<PointF>& points, const Pen& pen) override;
-  void FillPolygon(const std::vector<PointF>& points, Colour colour) override;
-  void DrawEllipse(const RectF& frame, const Pen& pen, const Colour* fill) override;
   void DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double advance) override;
   // With the room that keeps texts off the lines beside them.
   double TextWidth(std::string_view text, const FontSpec& font) override;
   // Of a line with the room above and below it that makes a list easy to read.
   double TextHeight(const FontSpec& font) override;
-  void DrawPicture(const RectF& area, const Picture& picture) override;
-  void PushClip(const RectF& area) override;
-  void PopClip() override;
 
  private:
   struct Fitted {
@@ -45,8 +36,7 @@ class ListCanvas : public Canvas {
   };
   const Fitted& FontOf(const FontSpec& spec);
 
-  QPainter& painter_;
-  double width_, height_, inset_, ratio_;
+  double inset_, ratio_;
   QHash<QString, Fitted> fonts_;
 };
 

@@ -56,7 +56,7 @@ struct KeyCode {
 };
 constexpr KeyCode kKeys[] = {{Qt::Key_Space, 32},  {Qt::Key_Escape, 27}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
                              {Qt::Key_End, 35},    {Qt::Key_Home, 36},  {Qt::Key_Left, 37},   {Qt::Key_Up, 38},
-                             {Qt::Key_Right, 39},  {Qt::Key_Down, 40},  {Qt::Key_Delete, 46}};
+                             {Qt::Key_Right, 39},  {Qt::Key_Down, 40},  {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46}};
 
 }  // namespace
 
@@ -250,7 +250,8 @@ void ListView::paintEvent(QPaintEvent*) {
     return;
   }
   PaintTable(painter, *table);
-  if (table->MAX_ROWS() == 0) PaintHint(painter, look_.Text("mdi.list.empty"), Surface().adjusted(0, 0, 0, -height() / 4));
+  if (table->MAX_ROWS() > 0) return;
+  PaintHint(painter, look_.Text(window_.ViewFiltered() ? "mdi.list.none" : "mdi.list.empty"), Surface().adjusted(0, 0, 0, -height() / 4));
 }
 
 void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {

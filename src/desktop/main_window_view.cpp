@@ -4,10 +4,8 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QVBoxLayout>
-#include <QWindow>
 #include <algorithm>
 
 #include "app/program.h"
@@ -27,6 +25,7 @@ MainWindowView::MainWindowView(Program& program, MainWindow& window, const Look&
       program_(program),
       window_(window),
       look_(look),
+      edges_(*this, kFrame),
       title_(new WindowStrip(look, this)),
       ribbon_(new RibbonView(program, window, look, this)),
       list_(new ListView(program, window, look, this)),
@@ -64,7 +63,7 @@ void MainWindowView::ShowInPlace() {
   frame.setSize(frame.size().expandedTo(minimumSize()).boundedTo(area.size().expandedTo(minimumSize())));
   const QScreen* under = QGuiApplication::screenAt(frame.center());
   if (place.state == kNeverPlaced || !under) frame.moveCenter(area.center());
-  if (frame.top() < area.top() && !under) frame.moveTop(area.top());
+  if (frame.top() < area.top()) frame.moveTop(area.top());
   setGeometry(frame);
   look_.WindowTransparency(*this);
   if (place.state == kMaximised) {
@@ -274,50 +273,6 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
     return true;
   }
   return alt;
-}
-
-Qt::Edges MainWindowView::EdgesAt(const QPoint& at) const {
-  constexpr int kCorner = 14;
-  if (isMaximized() || rect().adjusted(kFrame, kFrame, -kFrame, -kFrame).contains(at)) return {};
-  Qt::Edges edges;
-  if (at.x() < kCorner) edges |= Qt::LeftEdge;
-  if (at.x() >= width() - kCorner) edges |= Qt::RightEdge;
-  if (at.y() < kCorner) edges |= Qt::TopEdge;
-  if (at.y() >= height() - kCorner) edges |= Qt::BottomEdge;
-  return edges;
-}
-
-void MainWindowView::mousePressEvent(QMouseEvent* event) {
-  const Qt::Edges edges = EdgesAt(event->position().toPoint());
-  if (event->button() != Qt::LeftButton || !edges) return;
-  if (windowHandle() && windowHandle()->startSystemResize(edges)) return;
-  sizing_ = edges;
-  grip_ = event->globalPosition().toPoint();
-  grip_area_ = geometry();
-}
-
-void MainWindowView::mouseMoveEvent(QMouseEvent* event) {
-  if (sizing_) {
-    const QPoint by = event->globalPosition().toPoint() - grip_;
-    QRect area = grip_area_;
-    if (sizing_ & Qt::LeftEdge) area.setLeft(std::min(area.left() + by.x(), area.right() - kLeastWidth + 1));
-    if (sizing_ & Qt::RightEdge) area.setRight(std::max(area.right() + by.x(), area.left() + kLeastWidth - 1));
-    if (sizing_ & Qt::TopEdge) area.setTop(std::min(area.top() + by.y(), area.bottom() - kLeastHeight + 1));
-    if (sizing_ & Qt::BottomEdge) area.setBottom(std::max(area.bottom() + by.y(), area.top() + kLeastHeight - 1));
-    setGeometry(area);
-    return;
-  }
-  const Qt::Edges edges = EdgesAt(event->position().toPoint());
-  const bool left = edges & Qt::LeftEdge, right = edges & Qt::RightEdge, top = edges & Qt::TopEdge, bottom = edges & Qt::BottomEdge;
-  setCursor((left && top) || (right && bottom)   ? Qt::SizeFDiagCursor
-            : (right && top) || (left && bottom) ? Qt::SizeBDiagCursor
-            : left || right                      ? Qt::SizeHorCursor
-            : top || bottom                      ? Qt::SizeVerCursor
-                                                 : Qt::ArrowCursor);
-}
-
-void MainWindowView::mouseReleaseEvent(QMouseEvent*) {
-  sizing_ = {};
 }
 
 }  // namespace ostrinka

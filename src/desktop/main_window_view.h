@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include "desktop/frame_edges.h"
 #include "desktop/key_tips.h"
 #include "desktop/list_view.h"
 #include "desktop/ribbon_view.h"
@@ -38,9 +39,9 @@ class MainWindowView : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override { edges_.Press(*event); }
+  void mouseMoveEvent(QMouseEvent* event) override { edges_.Move(*event); }
+  void mouseReleaseEvent(QMouseEvent*) override { edges_.Release(); }
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
@@ -48,11 +49,11 @@ class MainWindowView : public QWidget {
   bool WindowKey(const QKeyEvent& event);
   void AltKey(const QKeyEvent& event);
   void KeepPlace();
-  Qt::Edges EdgesAt(const QPoint& at) const;
 
   Program& program_;
   MainWindow& window_;
   const Look& look_;
+  FrameEdges edges_;
   WindowStrip* title_;
   RibbonView* ribbon_;
   ListView* list_;
@@ -60,9 +61,6 @@ class MainWindowView : public QWidget {
   KeyTipLayer* tips_;
   bool alt_pressed_ = false;  // Alt went down and nothing came between
   QString alt_letters_;
-  Qt::Edges sizing_;
-  QPoint grip_;
-  QRect grip_area_;
 };
 
 }  // namespace ostrinka

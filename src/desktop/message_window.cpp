@@ -28,7 +28,7 @@ constexpr Kind kKinds[] = {
     {MessageKind::kPlain, "common.title", "", 0},
     {MessageKind::kError, "common.title.error", "msg.error.ico", 0xFFC0281E},
     {MessageKind::kWarning, "common.title.warning", "msg.warning.ico", 0xFFD98A00},
-    {MessageKind::kQuestion, "common.title.question", "msg.question.ico", 0xFF1F6FD0},
+    {MessageKind::kQuestion, "common.title.question", "msg.warning.ico", 0xFFD98A00},
     {MessageKind::kInformation, "common.title.info", "msg.info.ico", 0xFF1F6FD0},
 };
 
@@ -67,7 +67,7 @@ QPixmap MessagePicture(const Look& look, MessageKind kind, int size, double rati
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(row.colour));
   const QPen stroke(Qt::white, 3.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-  if (kind == MessageKind::kWarning) {
+  if (kind == MessageKind::kWarning || kind == MessageKind::kQuestion) {
     QPainterPath sign;
     sign.moveTo(18, 3);
     sign.lineTo(34, 32);
@@ -86,16 +86,9 @@ QPixmap MessagePicture(const Look& look, MessageKind kind, int size, double rati
   if (kind == MessageKind::kError) {
     painter.drawLine(QPointF(12, 12), QPointF(24, 24));
     painter.drawLine(QPointF(24, 12), QPointF(12, 24));
-  } else if (kind == MessageKind::kInformation) {
+  } else {
     painter.drawPoint(QPointF(18, 10.5));
     painter.drawLine(QPointF(18, 17), QPointF(18, 26));
-  } else {
-    QPainterPath mark;
-    mark.moveTo(12.8, 13.5);
-    mark.cubicTo(13, 6.5, 23.4, 6.5, 23.2, 13.5);
-    mark.cubicTo(23.1, 17, 18, 17, 18, 21.3);
-    painter.drawPath(mark);
-    painter.drawPoint(QPointF(18, 27));
   }
   return picture;
 }

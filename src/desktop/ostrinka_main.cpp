@@ -6,6 +6,7 @@
 #include "app/program.h"
 #include "desktop/desktop_ui.h"
 #include "desktop/dialog_style.h"
+#include "desktop/end_signals.h"
 #include "desktop/main_window_view.h"
 #include "desktop/qt_platform.h"
 #include "desktop/splash.h"
@@ -42,16 +43,19 @@ class Desktop {
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
       if (view_) view_->Tick();
     });
-    // What tables' scans keep mapped is given back twice a minute; the next scan takes it again.
+    // What tables' scans keep mapped is given back every five seconds; the next scan takes it again.
     QObject::connect(&upkeep_, &QTimer::timeout, &upkeep_, [this] { platform_.platform.files.DropViews(); });
-    upkeep_.start(30000);
+    upkeep_.start(5000);
   }
 
   int Run(const std::string& command_line) {
     startup_.Start(command_line);
     // The wizard's path shows nothing by itself.
     if (!ended_ && !view_) ShowWindow();
+    // Every open dialog ends with the loop, as if it had been cancelled.
+    const EndSignals end_signals([] { QApplication::exit(); });
     const int status = ended_ ? 0 : QApplication::exec();
+    if (!ended_ && startup_.window()) startup_.window()->save_window_();
     startup_.Stop();
     return status;
   }

@@ -24,7 +24,7 @@ struct KeyRow {
   int key;
   const char* command;
 };
-constexpr KeyRow kCtrlKeys[] = {{Qt::Key_P, "PRINT"},     {Qt::Key_S, "MAKEPDF"},      {Qt::Key_0, "ZOOM.100"},
+constexpr KeyRow kCtrlKeys[] = {{Qt::Key_P, "PRINT"},      {Qt::Key_S, "MAKEPDF"},   {Qt::Key_0, "ZOOM.100"},
                                 {Qt::Key_Minus, "ZOOM.-"}, {Qt::Key_Plus, "ZOOM.+"}, {Qt::Key_Equal, "ZOOM.+"}};
 
 // The ground of the toolbar, as the ribbon's.
@@ -102,6 +102,8 @@ PreviewWindow::PreviewWindow(const Look& look, frm_DocPreview& preview, QWidget*
   column->addWidget(MakeToolbar());
   column->addWidget(sheets_, 1);
   column->addWidget(MakeFoot());
+  // The pointer of the edges is theirs alone.
+  for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) part->setCursor(Qt::ArrowCursor);
   sheets_->moved = [this] { Refresh(); };
   sheets_->zoom_asked = [this](int steps) {
     for (; steps > 0; --steps) Command("ZOOM.+");
@@ -182,7 +184,7 @@ void PreviewWindow::Refresh() {
 }
 
 void PreviewWindow::ShowStatus(const QString& text) {
-  status_->setText(text.trimmed());
+  status_->setText(status_->fontMetrics().elidedText(text.trimmed(), Qt::ElideRight, status_->width()));
   status_->repaint();
 }
 
@@ -239,7 +241,9 @@ void PreviewWindow::keyPressEvent(QKeyEvent* event) {
     }
     if (key == Qt::Key_PageDown || key == Qt::Key_PageUp) return sheets_->StepPage(key == Qt::Key_PageDown ? 1 : -1);
   }
-  if (!(event->modifiers() & Qt::AltModifier) && sheets_->ScrollByKey(key)) return;
+  if (event->modifiers() & Qt::AltModifier) return QDialog::keyPressEvent(event);
+  const bool shift = event->modifiers() & Qt::ShiftModifier;
+  if (sheets_->ScrollByKey(key != Qt::Key_Space ? key : shift ? Qt::Key_PageUp : Qt::Key_PageDown)) return;
   QDialog::keyPressEvent(event);
 }
 

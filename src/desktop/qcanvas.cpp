@@ -18,12 +18,6 @@ struct Replacement {
 constexpr Replacement kReplacements[] = {
     {"Arial", "Liberation Sans"}, {"Courier New", "Liberation Mono"}, {"Tahoma", "DejaVu Sans Condensed"}, {"Tahoma", "DejaVu Sans"}};
 
-QColor ColourOf(Colour colour) {
-  return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
-}
-QRectF RectOf(const RectF& area) {
-  return {area.left, area.top, area.width(), area.height()};
-}
 QString TextOf(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

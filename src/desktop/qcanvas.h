@@ -29,6 +29,12 @@ class QCanvas : public Canvas {
   void PushClip(const RectF& area) override;
   void PopClip() override;
 
+ protected:
+  static QColor ColourOf(Colour colour) { return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
+  static QRectF RectOf(const RectF& area) { return {area.left, area.top, area.width(), area.height()}; }
+
+  QPainter& painter_;
+
  private:
   // A font of a fixed design size, and what brings it to the cell height asked for.
   struct Fitted {
@@ -38,7 +44,6 @@ class QCanvas : public Canvas {
   const Fitted& FontOf(const FontSpec& spec);
   QPen PenOf(const Pen& pen) const;
 
-  QPainter& painter_;
   double width_, height_, hairline_;
   QHash<QString, Fitted> fonts_;
 };

@@ -26,6 +26,7 @@
 #include "desktop/form_window.h"
 #include "desktop/main_window_view.h"
 #include "desktop/message_window.h"
+#include "desktop/preview_window.h"
 #include "desktop/qt_platform.h"
 #include "desktop/screen_check.h"
 #include "documents/forms/line_form.h"
@@ -36,11 +37,15 @@
 #include "masterdata/customer_form.h"
 #include "masterdata/further_accounts_form.h"
 #include "masterdata/goods_form.h"
+#include "masterdata/individual_accounts_form.h"
 #include "masterdata/postal.h"
+#include "masterdata/wizard_form.h"
 #include "startup/startup.h"
 
 namespace ostrinka {
 namespace {
+
+constexpr const char* kSkins[] = {"blue", "silver", "black"};  // by the value of the setting
 
 class FixedClock : public Clock {
  public:
@@ -54,6 +59,10 @@ class PlayedUi : public DesktopUi {
   void ShowModal(Form& form) override {
     form.Open();
     if (play) play(form);
+  }
+  std::function<void(frm_DocPreview&)> play_preview;
+  void ShowPreview(frm_DocPreview& preview) override {
+    if (play_preview) play_preview(preview);
   }
   // Questions are answered with no: nothing is deleted or replaced for a picture.
   Answer ShowMessage(const std::string& text, MessageKind kind) override {
@@ -144,6 +153,7 @@ class Screens {
   bool OpenCompany();
   void Windows();
   void Dialogs();
+  void Wizard();
   void Commands();
   void Boxes();
   int failures() const { return failures_; }
@@ -153,8 +163,10 @@ class Screens {
   int32_t AddCustomer(Entries entries);
   int32_t AddArticle(Entries entries);
   void Tabs(MainWindow& window, MainWindowView& view, const std::string& skin);
+  void Preview(MainWindow& window, const std::string& skin);
   void Fault(const std::string& name, const QString& fault);
   void SalesScreens();
+  void WearSkin(int32_t skin);
   void Save(QWidget& window, const std::string& name);
   void Shot(Form& form, const std::string& name);
   void Opened(Form& form, const Control& control, const std::string& name);
@@ -271,13 +283,16 @@ void Screens::Fault(const std::string& name, const QString& fault) {
   ++failures_;
 }
 
+void Screens::WearSkin(int32_t skin) {
+  program_.settings.SaveSettingValue(kCommon, "GUI", "Skin", Value(skin));
+  look_->Reload();
+  DialogStyle::Install(*look_);
+}
+
 // The main window on each of its tabs, in each skin.
 void Screens::Windows() {
-  constexpr const char* kSkins[] = {"blue", "silver", "black"};
   for (int skin = 2; skin >= 0; --skin) {
-    program_.settings.SaveSettingValue(kCommon, "GUI", "Skin", Value(int32_t{skin}));
-    look_->Reload();
-    DialogStyle::Install(*look_);
+    WearSkin(skin);
     Startup startup(program_);
     ui_.hooks = {};
     startup.Start("");
@@ -288,6 +303,7 @@ void Screens::Windows() {
     view.setGeometry(QRect(QPoint(), wishes_.size));
     view.show();
     Tabs(window, view, kSkins[skin]);
+    Preview(window, kSkins[skin]);
     ui_.hooks = {};
     window.on_exit = nullptr;
     startup.Stop();
@@ -327,6 +343,22 @@ void Screens::Tabs(MainWindow& window, MainWindowView& view, const std::string& 
       menu->close();
     }
   }
+}
+
+// The preview of a sales document, at its plain size and with several sheets in sight.
+void Screens::Preview(MainWindow& window, const std::string& skin) {
+  window.UserTab("SPRZEDAŻ");
+  if (!window.UserRow(1)) return;
+  ui_.play_preview = [&](frm_DocPreview& preview) {
+    PreviewWindow shown(*look_, preview, nullptr);
+    shown.resize(QSize(900, 728).boundedTo(wishes_.size));
+    Save(shown, "preview-" + skin);
+    for (int i = 0; i < 3; ++i) preview.UserCommand("ZOOM.-");
+    Save(shown, "preview-small-" + skin);
+  };
+  window.UserItem("SPRZEDAŻ.DRUKUJ", "SPRZEDAŻ.TRYBDRUKU_O2C");
+  window.UserItem("SPRZEDAŻ.DRUKUJ", "SPRZEDAŻ.PODGLĄD");
+  ui_.play_preview = nullptr;
 }
 
 // Every form that a command opens on its own.
@@ -425,6 +457,14 @@ void Screens::Dialogs() {
   frm_Admin_usr_kdod_ accounts(program_);
   accounts.reload_(program_.company);
   Shot(accounts, "further-accounts");
+  frm_Admin_usr_konta_ individual(program_);
+  individual.reload_();
+  individual.Open();
+  Fill(individual, {{"txtKontoIndywidualne", "PL83 1020 3147 0000 8102 1234 0001"}});
+  for (const int skin : {1, 2, 0}) {
+    WearSkin(skin);
+    Shot(individual, "individual-accounts-" + std::string(kSkins[skin]));
+  }
   frm_Admin_qdb_ connection(program_);
   connection.reload_();
   Shot(connection, "connection");
@@ -433,6 +473,23 @@ void Screens::Dialogs() {
   Shot(creation, "create-database");
   LoginForm login(program_);
   Shot(login, "login");
+}
+
+// The steps of the wizard as a person goes through them, in each skin.
+void Screens::Wizard() {
+  for (const int skin : {0, 1, 2}) {
+    WearSkin(skin);
+    frm_Admin_bg_ form(program_);
+    form.reload_();
+    FormWindow window(program_, *look_, form, nullptr);
+    form.Open();
+    window.show();
+    for (size_t step = 1; step <= form.pages().size(); ++step) {
+      if (QWidget* field = form.focus() ? window.WidgetOf(*form.focus()) : nullptr) field->setFocus(Qt::TabFocusReason);
+      Save(window, "wizard-" + std::to_string(step) + "-" + kSkins[skin]);
+      form.btnNext.UserPress();
+    }
+  }
 }
 
 void Screens::Boxes() {
@@ -473,6 +530,7 @@ int main(int argc, char** argv) {
   }
   if (wishes.dialogs) {
     screens.Dialogs();
+    screens.Wizard();
     screens.Boxes();
     screens.Commands();
   }

@@ -7,14 +7,26 @@
 
 namespace ostrinka {
 
-SheetCanvas::SheetCanvas(QPainter& painter, double width, double height)
-    : QCanvas(painter, width, height, HairlineWidth(painter)),
+namespace {
+
+double PixelOf(const QPainter& painter) {
+  return 1 / std::max(painter.deviceTransform().m11(), 0.01);
+}
+double WholePixels(double width, double pixel) {
+  return std::max(1.0, std::floor(width / pixel + 0.01)) * pixel;
+}
+
+}  // namespace
+
+SheetCanvas::SheetCanvas(QPainter& painter, double width, double height, double hairline)
+    : QCanvas(painter, width, height, WholePixels(hairline, PixelOf(painter))),
       sheet_(painter),
-      pixel_(1 / std::max(painter.deviceTransform().m11(), 0.01)) {}
+      pixel_(PixelOf(painter)),
+      hairline_(WholePixels(hairline, pixel_)) {}
 
 Pen SheetCanvas::OnDevice(Pen pen) const {
   // A pen of one unit stands for the thinnest that there is.
-  pen.width = pen.width <= 1 ? HairlineWidth(sheet_) : std::max(1.0, std::round(pen.width / pixel_)) * pixel_;
+  pen.width = pen.width <= 1 ? hairline_ : std::max(hairline_, std::round(pen.width / pixel_) * pixel_);
   return pen;
 }
 
@@ -28,19 +40,32 @@ void SheetCanvas::FillRect(const RectF& area, Colour colour) {
   QRectF grid = OnGrid(sheet_, QRectF(area.left, area.top, area.width(), area.height()));
   if (area.width() > 0) grid.setWidth(std::max(grid.width(), pixel_));
   if (area.height() > 0) grid.setHeight(std::max(grid.height(), pixel_));
+  // On the grid there is nothing to smooth, and the last bits of its coordinates are no shade of the colour.
+  sheet_.setRenderHint(QPainter::Antialiasing, false);
   QCanvas::FillRect({grid.left(), grid.top(), grid.right(), grid.bottom()}, colour);
+  sheet_.setRenderHint(QPainter::Antialiasing);
 }
 
 void SheetCanvas::DrawRect(const RectF& area, const Pen& pen) {
   const Pen drawn = OnDevice(pen);
   const PointF first = OnDevice({area.left, area.top}, drawn.width), last = OnDevice({area.right, area.bottom}, drawn.width);
-  QCanvas::DrawRect({first.x, first.y, last.x, last.y}, drawn);
+  if (drawn.style != PenStyle::kSolid) return QCanvas::DrawRect({first.x, first.y, last.x, last.y}, drawn);
+  for (const double y : {first.y, last.y}) Bar({first.x, y}, {last.x, y}, drawn);
+  for (const double x : {first.x, last.x}) Bar({x, first.y}, {x, last.y}, drawn);
+}
+
+// A whole level or upright line on the grid, with its ends.
+void SheetCanvas::Bar(PointF from, PointF to, const Pen& pen) {
+  const double half = pen.width / 2;
+  FillRect({std::min(from.x, to.x) - half, std::min(from.y, to.y) - half, std::max(from.x, to.x) + half, std::max(from.y, to.y) + half},
+           pen.colour);
 }
 
 void SheetCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
   if (from.x != to.x && from.y != to.y) return QCanvas::DrawLine(from, to, pen);
   const Pen drawn = OnDevice(pen);
-  QCanvas::DrawLine(OnDevice(from, drawn.width), OnDevice(to, drawn.width), drawn);
+  const PointF first = OnDevice(from, drawn.width), last = OnDevice(to, drawn.width);
+  drawn.style == PenStyle::kSolid ? Bar(first, last, drawn) : QCanvas::DrawLine(first, last, drawn);
 }
 
 }  // namespace ostrinka

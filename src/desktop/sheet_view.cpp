@@ -1,6 +1,7 @@
 #include "desktop/sheet_view.h"
 
 #include <QAccessibleWidget>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -16,10 +17,10 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kMargin = 20, kLine = 40, kWheelNotch = 120;
+constexpr int kMargin = 20, kLeastMargin = 8, kLine = 40, kWheelNotch = 120;
 constexpr double kShadowMm = 2;
 constexpr int kPictureMemory = 96 * 1024;  // kilobytes
-constexpr int kOutline = 2;  // pixels of the device about a sheet, which its outline may take
+constexpr int kOutline = 2;                // pixels of the device about a sheet, which its outline may take
 
 // What holds written pages, to assistive technology.
 class SheetAccess : public QAccessibleWidget {
@@ -56,21 +57,24 @@ SheetView::SheetView(frm_DocPreview& preview, const Look& look, QWidget* parent)
 
 // --- the stack in the view
 
+// A stack that the view can hold stands in its middle; the bar serves a wider one.
 QPointF SheetView::Origin(double scale) const {
   const int room = viewport()->width() - static_cast<int>(std::ceil(preview_.Width() / preview_.Scale() * scale));
-  const double left = room >= 2 * kMargin ? room / 2 : kMargin - horizontalScrollBar()->value();
+  const double left = room >= 2 * kLeastMargin ? room / 2 : kMargin - horizontalScrollBar()->value();
   return {left, static_cast<double>(kMargin - verticalScrollBar()->value())};
 }
 
 void SheetView::SetRanges() {
   const double shadow = kShadowMm * preview_.Scale();
   const QSize view = viewport()->size();
-  const int width = static_cast<int>(std::ceil(preview_.Width())) + 2 * kMargin;
+  const int sheets = static_cast<int>(std::ceil(preview_.Width())),
+            width = view.width() - sheets >= 2 * kLeastMargin ? 0 : sheets + 2 * kMargin;
   const int height = static_cast<int>(std::ceil(preview_.Height() + shadow)) + 2 * kMargin;
   horizontalScrollBar()->setPageStep(view.width());
   verticalScrollBar()->setPageStep(view.height());
   horizontalScrollBar()->setRange(0, std::max(0, width - view.width()));
   verticalScrollBar()->setRange(0, std::max(0, height - view.height()));
+  ShowPointer();
 }
 
 void SheetView::ZoomChanged() {
@@ -88,8 +92,10 @@ void SheetView::ZoomChanged() {
 
 int SheetView::CurrentPage() const {
   const QScrollBar& bar = *verticalScrollBar();
+  // The line that a page must reach goes down the view as the view goes down the stack.
   const double share = bar.maximum() > 0 ? static_cast<double>(bar.value()) / bar.maximum() : 0;
-  return preview_.PageAt(bar.value() - kMargin + share * viewport()->height());
+  const double inset = kMargin + 1, line = inset + share * (viewport()->height() - 2 * inset);
+  return preview_.PageAt(bar.value() - kMargin + line);
 }
 
 void SheetView::TellPlace() {
@@ -117,10 +123,14 @@ bool SheetView::ScrollByKey(int key) {
     int key;
     QScrollBar* bar;
     int to;
-  } rows[] = {{Qt::Key_Up, &down, down.value() - kLine},      {Qt::Key_Down, &down, down.value() + kLine},
-              {Qt::Key_PageUp, &down, down.value() - view},   {Qt::Key_PageDown, &down, down.value() + view},
-              {Qt::Key_Home, &down, 0},                       {Qt::Key_End, &down, down.maximum()},
-              {Qt::Key_Left, &across, across.value() - kLine}, {Qt::Key_Right, &across, across.value() + kLine}};
+  } rows[] = {{Qt::Key_Up, &down, down.value() - kLine},
+              {Qt::Key_Down, &down, down.value() + kLine},
+              {Qt::Key_PageUp, &down, down.value() - view},
+              {Qt::Key_PageDown, &down, down.value() + view},
+              {Qt::Key_Home, &down, 0},
+              {Qt::Key_End, &down, down.maximum()},
+              {Qt::Key_Left, &across, across.value() - kLine},
+              {Qt::Key_Right, &across, across.value() + kLine}};
   for (const auto& row : rows) {
     if (row.key != key) continue;
     row.bar->setValue(row.to);
@@ -135,7 +145,7 @@ bool SheetView::ScrollByKey(int key) {
 void SheetView::DrawSheet(QPainter& painter, int page) const {
   const RectF sheet = preview_.Sheet(page);
   const double shadow = kShadowMm * preview_.Scale();
-  SheetCanvas canvas(painter, sheet.right + shadow, sheet.bottom + shadow);
+  SheetCanvas canvas(painter, sheet.right + shadow, sheet.bottom + shadow, std::min(1.0, preview_.zoom()));
   const Colour tone = ColourOf(MixOf(FrameColours(look_).panel_edge, Qt::black, 0.15));
   preview_.ref_(canvas, tone, sheet.top, sheet.top + 1);
 }
@@ -194,7 +204,12 @@ void SheetView::scrollContentsBy(int, int) {
   TellPlace();
 }
 
-// --- wheel and pointer
+// --- what the person does
+
+// The window's keys act from anywhere in it.
+void SheetView::keyPressEvent(QKeyEvent* event) {
+  event->ignore();
+}
 
 void SheetView::wheelEvent(QWheelEvent* event) {
   event->accept();
@@ -209,11 +224,17 @@ void SheetView::wheelEvent(QWheelEvent* event) {
   if (steps != 0 && zoom_asked) zoom_asked(steps);
 }
 
+// A hand where there is something to drag.
+void SheetView::ShowPointer() {
+  const bool moves = verticalScrollBar()->maximum() > 0 || horizontalScrollBar()->maximum() > 0;
+  viewport()->setCursor(!moves ? Qt::ArrowCursor : dragging_ ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+}
+
 void SheetView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   dragging_ = true;
   grip_ = event->position().toPoint() + QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value());
-  viewport()->setCursor(Qt::ClosedHandCursor);
+  ShowPointer();
 }
 
 void SheetView::mouseMoveEvent(QMouseEvent* event) {
@@ -225,7 +246,7 @@ void SheetView::mouseMoveEvent(QMouseEvent* event) {
 
 void SheetView::mouseReleaseEvent(QMouseEvent*) {
   dragging_ = false;
-  viewport()->unsetCursor();
+  ShowPointer();
 }
 
 }  // namespace ostrinka

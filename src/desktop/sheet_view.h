@@ -19,12 +19,12 @@ class SheetView : public QAbstractScrollArea {
   void ZoomChanged();
   // The page in sight: the first one at the top of the range, the last one at its end. 0 for an empty job.
   int CurrentPage() const;
-  // To the top of the page after (or before) the one whose top is in sight.
+  // To the top of the next page, or of the one before; back within a page leads to its own top first.
   void StepPage(int step);
   // By lines or by what is in sight, to the ends. False: the key means nothing here.
   bool ScrollByKey(int key);
 
-  std::function<void()> moved;         // the page in sight may be another one
+  std::function<void()> moved;          // the page in sight may be another one
   std::function<void(int)> zoom_asked;  // Ctrl and the wheel: steps, above 0 to enlarge
 
  protected:
@@ -32,7 +32,7 @@ class SheetView : public QAbstractScrollArea {
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void wheelEvent(QWheelEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override { event->ignore(); }  // the window's keys act from anywhere
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -41,6 +41,7 @@ class SheetView : public QAbstractScrollArea {
   QPointF Origin(double scale) const;  // of the stack at that scale, in the viewport
   void SetRanges();
   void TellPlace();
+  void ShowPointer();
   void DrawSheet(QPainter& painter, int page) const;
   const QPixmap* Picture(int page);
 

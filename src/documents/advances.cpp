@@ -39,7 +39,7 @@ std::vector<RateSum> SumByRate(Program& program, int32_t document_id) {
 bool AddSettlementLine(Program& program, int32_t document_id, int32_t article, Currency net, Currency gross) {
   ClassQDBASE& lines = Table(program, kSprzedane);
   if (!lines.RECORD_ADD()) return false;
-  const int32_t line = lines.RECORD_COUNT();
+  const int32_t line = lines.RECORD_ADDED();
   if (!lines.RECORD_LOAD(line)) return false;
   lines.FIELD("ID_DOK", document_id);
   lines.FIELD("NAZWA_T_U", article);

@@ -27,7 +27,7 @@ std::optional<Currency> LineValue(Currency quantity, Currency price, Currency fa
 // Adds an empty record and loads it; its number, 0 on failure.
 int32_t AddEmpty(ClassQDBASE& table) {
   if (!table.RECORD_ADD()) return 0;
-  const int32_t record = table.RECORD_COUNT();
+  const int32_t record = table.RECORD_ADDED();
   return table.RECORD_LOAD(record) ? record : 0;
 }
 

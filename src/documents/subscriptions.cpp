@@ -33,7 +33,7 @@ int32_t make_follow_up(Program& program, int32_t source, int32_t type, bool& pai
   const int32_t number = next_number(program, kDokSprzed, today, type, 0);
   const int32_t id = new_document_id(program);
   if (!documents.RECORD_ADD()) return refuse();
-  const int32_t record = documents.RECORD_COUNT();
+  const int32_t record = documents.RECORD_ADDED();
   if (!documents.RECORD_LOAD(source)) return refuse();
   const double period = documents.Day("ABN_KONIEC_DATA").days() - documents.Day("DATA_SPRZEDAZY").days();
   const int32_t source_id = documents.Int("ID_DOK");

@@ -32,9 +32,8 @@ bool ClassQDBASE::MEMO_ADD(const FieldId& field, const std::string& file) {
 bool ClassQDBASE::MEMO_DEL(const FieldId& field, int index) {
   State& s = *state_;
   if (!s.MayWrite()) return s.Fail(28, kDenied);
-  MemoEntry entry;
   const int n = s.MemoField(field);
-  return n != 0 && s.memo->Find(index, s.layout.field(n).name, s.current, entry) && s.memo->Remove(entry);
+  return n != 0 && s.memo->Remove(index, s.layout.field(n).name, s.current);
 }
 
 bool ClassQDBASE::MEMO_EXEC(const FieldId& field, int index) {
@@ -60,7 +59,9 @@ bool ClassQDBASE::MEMO_FILE_COMPRESS_(const std::string& memo_file) {
   if (memo_file.empty() && !s.file.IsOpen()) return false;
   const std::string path = memo_file.empty() ? s.path + ".memo" : memo_file;
   if (s.platform.files.FileSize(path) < 1) return false;
-  const std::unique_ptr<MemoFile> memo = MemoFile::Open(s.platform.files, path);
+  // Through the companion that this table has open itself, which would be in its own way.
+  if (s.memo && s.memo->path() == path) return s.memo->Compress();
+  const std::unique_ptr<MemoFile> memo = MemoFile::Open(s.platform, path);
   return memo && memo->Compress();
 }
 

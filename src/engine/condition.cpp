@@ -199,8 +199,8 @@ Condition::Condition(const std::vector<ConditionTerm>& terms, const FieldLayout&
 Condition::Term Condition::Bind(const ConditionTerm& from) {
   const bool raw = !from.field.empty() && from.field[0] == '.', linked = !from.field.empty() && from.field[0] == '@';
   const std::string name = FromCp1250(raw || linked ? from.field.substr(1) : from.field);
-  Term term{from.joiner, from.operation, Kind::kGeneral, nullptr, layout_.Resolve(FieldId(name)), 0, 0, LowerBytes(from.value), {}, false,
-            {}, 0, false};
+  const int number = raw ? layout_.Find(name) : layout_.Resolve(FieldId(name));
+  Term term{from.joiner, from.operation, Kind::kGeneral, nullptr, number, 0, 0, LowerBytes(from.value), {}, false, {}, 0, false};
   const int32_t type = term.number == 0 ? 0 : layout_.field(term.number).type;
   term.value = Converted(type, FromCp1250(from.value));
   if (term.number == 0 || (linked && type != kLink)) {
@@ -248,7 +248,9 @@ bool Condition::Holds(Term& term, const char* record) {
     case Kind::kFixed:
       return term.fixed;
     default: {
-      Value value = ShownValue(DecodeField(*term.field, record));
+      // A value of its type, so that what the term could not be converted to comes behind it; a search looks at what is shown.
+      Value value = DecodeField(*term.field, record);
+      if (term.field->type == kLink || IsSearch(term.operation)) value = ShownValue(std::move(value));
       if (term.field->type == kLink) value = Lower(ToText(value));
       return HoldsForValues(term.operation, value, term.value);
     }

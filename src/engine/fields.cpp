@@ -27,6 +27,12 @@ int ClassQDBASE::State::FieldNumber(const FieldId& id) {
   return n;
 }
 
+int ClassQDBASE::State::FieldNamed(const FieldId& id) {
+  const int n = layout.Find(WithoutPrefix(id));
+  if (n == 0) Fail(25, kBadName);
+  return n;
+}
+
 Value ClassQDBASE::State::LinkValue(int n, int32_t target) {
   if (target < 1 || static_cast<size_t>(n) > links.size()) return {};
   const LinkedTable& link = links[static_cast<size_t>(n - 1)];
@@ -52,7 +58,7 @@ Value ClassQDBASE::State::ReadShown(int32_t record, int n) {
 
 Value ClassQDBASE::State::RawValue(const FieldId& id) {
   const char prefix = PrefixOf(id);
-  const int n = prefix == 0 ? FieldNumber(id) : FieldNumber(WithoutPrefix(id));
+  const int n = prefix == 0 ? FieldNumber(id) : prefix == '.' ? FieldNamed(id) : FieldNumber(WithoutPrefix(id));
   if (n == 0) return {};
   if (prefix != '@') return Stored(n);
   return layout.field(n).type == kLink ? LinkValue(n, Int32Or0(Stored(n))) : Value();
@@ -95,6 +101,12 @@ Date ClassQDBASE::Day(const FieldId& id) {
   return DateOr0(FieldRaw(id));
 }
 
+std::string ClassQDBASE::TextOf(int32_t record, const FieldId& id) {
+  State& s = *state_;
+  const int n = s.FieldNumber(id);
+  return n == 0 ? std::string() : ToText(s.ReadShown(record, n));
+}
+
 int ClassQDBASE::FIELD_COUNT() const {
   return state_->layout.count();
 }
@@ -121,12 +133,12 @@ std::string ClassQDBASE::FIELD_LFIELD(int n) {
 }
 
 int32_t ClassQDBASE::FIELD_TYPE(const FieldId& id) {
-  const int field = state_->FieldNumber(PrefixOf(id) == '.' ? FieldId(WithoutPrefix(id)) : id);
+  const int field = PrefixOf(id) == '.' ? state_->FieldNamed(id) : state_->FieldNumber(id);
   return field == 0 ? 0 : state_->layout.field(field).type;
 }
 
 int32_t ClassQDBASE::FIELD_LEN(const FieldId& id) {
-  const int field = state_->FieldNumber(PrefixOf(id) == '.' ? FieldId(WithoutPrefix(id)) : id);
+  const int field = PrefixOf(id) == '.' ? state_->FieldNamed(id) : state_->FieldNumber(id);
   return field == 0 ? 0 : state_->layout.field(field).length;
 }
 

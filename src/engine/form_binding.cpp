@@ -111,16 +111,16 @@ void ClassQDBASE::State::FillControl(const BoundControl& bound) {
 
 void ClassQDBASE::State::FillMemoList(const BoundControl& bound) {
   if (bound.control->kind() != ControlKind::kMemo) return SetControl(*bound.control, kMemoMark, {});
-  auto& list = static_cast<MemoControl&>(*bound.control);
-  list.Clear();
+  std::vector<MemoControl::Item> entries;
   OpenMemo();
-  if (!memo) return;
   const std::string name = Lower(layout.field(bound.field).name);
-  memo->Walk([&](const MemoEntry& entry) {
-    if (entry.live && entry.record == current && Lower(entry.field) == name) list.AddMemoItem(entry.name, entry.index);
-    return true;
-  });
-  list.Repaint.Raise();
+  if (memo) {
+    memo->Walk([&](const MemoEntry& entry) {
+      if (entry.live && entry.record == current && Lower(entry.field) == name) entries.push_back({entry.name, entry.index});
+      return true;
+    });
+  }
+  static_cast<MemoControl&>(*bound.control).Refill(std::move(entries));
 }
 
 void ClassQDBASE::FORM_SAVE() {

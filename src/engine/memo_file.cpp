@@ -10,6 +10,8 @@ namespace ostrinka {
 namespace {
 
 constexpr size_t kNameSize = 256, kFieldSize = 16, kCopyBlock = size_t{1} << 20;
+constexpr int64_t kShareByte = int64_t{1} << 62, kChangeByte = kShareByte + 1;
+constexpr int kLockAttempts = 200, kLockPause = 10;  // milliseconds
 constexpr size_t kSizeAt = 256, kLiveAt = 260, kFieldAt = 262, kRecordAt = 278, kNextAt = 282;
 
 std::string Padded(const std::string& utf8, size_t size) {
@@ -53,17 +55,36 @@ bool IsWhole(const MemoEntry& entry, int64_t length) {
 
 }  // namespace
 
-std::unique_ptr<MemoFile> MemoFile::Open(FileSystem& files, const std::string& path) {
-  std::unique_ptr<File> file = files.Open(path, OpenMode::kCreate);
-  return file ? std::unique_ptr<MemoFile>(new MemoFile(files, path, std::move(file))) : nullptr;
+std::unique_ptr<MemoFile> MemoFile::Open(Platform& platform, const std::string& path) {
+  std::unique_ptr<MemoFile> memo(new MemoFile(platform, path));
+  return memo->Reopen() ? std::move(memo) : nullptr;
+}
+
+bool MemoFile::Reopen() {
+  std::unique_ptr<File> other = files_.Open(path_, OpenMode::kCreate);
+  if (!other || !other->Lock(kShareByte, 1, false)) return false;
+  file_ = std::move(other);
+  return true;
 }
 
 bool MemoFile::EnsureNamed() {
-  if (file_->StillNamed()) return true;
-  std::unique_ptr<File> other = files_.Open(path_, OpenMode::kCreate);
-  if (!other) return false;
-  file_ = std::move(other);
-  return true;
+  return file_->StillNamed() || Reopen();
+}
+
+bool MemoFile::StartChange() {
+  for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
+    if (EnsureNamed() && file_->Lock(kChangeByte, 1, true)) {
+      if (file_->StillNamed()) return true;
+      EndChange();
+    } else {
+      waiter_.Wait(kLockPause);
+    }
+  }
+  return false;
+}
+
+void MemoFile::EndChange() {
+  file_->Unlock(kChangeByte, 1);
 }
 
 void MemoFile::Walk(const std::function<bool(const MemoEntry&)>& visit) {
@@ -96,7 +117,13 @@ bool MemoFile::WriteHeader(const MemoEntry& entry) {
 }
 
 bool MemoFile::Add(const std::string& name, const std::string& field, int32_t record, const std::string& content) {
-  if (content.empty() || content.size() > static_cast<size_t>(kMaxAttachment) || !EnsureNamed()) return false;
+  if (content.empty() || content.size() > static_cast<size_t>(kMaxAttachment) || !StartChange()) return false;
+  const bool added = AddEntry(name, field, record, content);
+  EndChange();
+  return added;
+}
+
+bool MemoFile::AddEntry(const std::string& name, const std::string& field, int32_t record, const std::string& content) {
   const int64_t length = file_->Size();
   MemoEntry entry{0, length, name, static_cast<int32_t>(content.size()), true, field, record, 0}, last;
   bool reused = false;
@@ -123,14 +150,20 @@ bool MemoFile::Add(const std::string& name, const std::string& field, int32_t re
   return true;
 }
 
-bool MemoFile::Remove(const MemoEntry& entry) {
-  MemoEntry freed = entry;
-  freed.live = false;
-  return EnsureNamed() && WriteHeader(freed);
+bool MemoFile::Remove(int index, const std::string& field, int32_t record) {
+  if (!StartChange()) return false;
+  MemoEntry entry;
+  bool removed = Find(index, field, record, entry);
+  if (removed) {
+    entry.live = false;
+    removed = WriteHeader(entry);
+  }
+  EndChange();
+  return removed;
 }
 
 bool MemoFile::Read(const MemoEntry& entry, std::string& content) {
-  if (!IsWhole(entry, file_->Size())) return false;
+  if (entry.size > kMaxAttachment || !IsWhole(entry, file_->Size())) return false;
   content.resize(static_cast<size_t>(entry.size));
   return file_->ReadAt(entry.offset + kMemoEntrySize, content.data(), content.size()) == static_cast<int64_t>(content.size());
 }
@@ -159,6 +192,13 @@ bool MemoFile::CopyLive(File& to, int64_t length) {
 }
 
 bool MemoFile::Compress() {
+  if (!EnsureNamed() || !file_->Lock(kShareByte, 1, true)) return true;
+  const bool done = CompressAlone();
+  file_->Lock(kShareByte, 1, false);
+  return done;
+}
+
+bool MemoFile::CompressAlone() {
   bool any_free = false;
   Walk([&](const MemoEntry& seen) {
     any_free |= !seen.live;
@@ -168,16 +208,14 @@ bool MemoFile::Compress() {
   const std::string temporary = path_ + ".temp";
   std::unique_ptr<File> to = files_.Open(temporary, OpenMode::kCreate);
   if (!to) return false;
-  if (!CopyLive(*to, file_->Size())) {
+  if (!CopyLive(*to, file_->Size()) || !to->Flush()) {
     to.reset();
     files_.Remove(temporary);
     return false;
   }
   to.reset();
   if (!files_.Rename(temporary, path_)) return false;
-  std::unique_ptr<File> renamed = files_.Open(path_, OpenMode::kCreate);
-  if (renamed) file_ = std::move(renamed);
-  return renamed != nullptr || file_->StillNamed();
+  return Reopen();
 }
 
 }  // namespace ostrinka

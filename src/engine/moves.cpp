@@ -40,6 +40,8 @@ bool ClassQDBASE::RECORD_POSITION(int32_t n) {
   return s.Ok();
 }
 
+void ClassQDBASE::ForgetPosition() { state_->current = 0; }
+
 bool ClassQDBASE::State::MoveToEnd(bool forward) {
   const std::vector<int32_t>& entries = selection.entries();
   for (size_t i = 0; i < entries.size(); ++i) {

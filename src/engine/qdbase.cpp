@@ -175,6 +175,7 @@ void ClassQDBASE::State::CloseFile() {
   login_slot = 0;
   current = 0;
   count = 0;
+  settled = false;
   header.Clear();
   layout.Clear();
   buffer.Reset();
@@ -186,6 +187,10 @@ void ClassQDBASE::DATABASE_CLOSE() {
   state_->Debug("DATABASE_CLOSE");
   state_->CloseFile();
   state_->Ok();
+}
+
+void ClassQDBASE::PutBack(FileSystem& files, const std::string& path) {
+  TableFile::PutBack(files, path);
 }
 
 bool ClassQDBASE::IsOpen() const {
@@ -202,12 +207,22 @@ bool ClassQDBASE::UPDATE(bool reload) {
   State& s = *state_;
   if (!s.file.IsOpen()) return false;
   std::string error;
-  if (!s.file.Open(s.path, OpenMode::kReadWrite, &error)) {
+  if (!s.file.IsHeld() && !s.file.Open(s.path, OpenMode::kReadWrite, &error)) {
     s.FailPlatform(error);
     s.CloseFile();
     return false;
   }
+  s.settled = false;
   return !reload || s.ReadHeaderAgain();
+}
+
+bool ClassQDBASE::HoldAlone() {
+  State& s = *state_;
+  return s.file.IsOpen() && s.ReadyToWrite() && s.file.Hold();
+}
+
+void ClassQDBASE::LetGo() {
+  state_->file.LetGo();
 }
 
 bool ClassQDBASE::State::BuildLayout() {
@@ -219,6 +234,7 @@ bool ClassQDBASE::State::BuildLayout() {
 // The layout is replaced only when it differs: a scan that is under way keeps pointing into it.
 bool ClassQDBASE::State::ReadHeaderAgain() {
   TableHeader read;
+  const int64_t size = file.Size();  // before the header: records that come behind it are of its shape or a later one's
   if (!file.ReadHeader(read) || !read.IsValid()) return false;
   if (!read.SameFields(header) || layout.count() != read.field_count()) {
     FieldLayout fresh;
@@ -232,6 +248,7 @@ bool ClassQDBASE::State::ReadHeaderAgain() {
   header = read;
   for (int n = 1; n <= layout.count(); ++n) header.SetFieldPosition(n, layout.field(n).offset - 1);
   links.resize(static_cast<size_t>(layout.count()));
+  settled = layout.count() > 0 && size >= kRecordsOffset + layout.record_length();
   return true;
 }
 
@@ -284,7 +301,7 @@ void ClassQDBASE::State::OpenLink(int n) {
 void ClassQDBASE::State::OpenMemo() {
   bool has_memo = false;
   for (int n = 1; n <= layout.count(); ++n) has_memo |= layout.field(n).type == kMemo;
-  if (has_memo && !memo) memo = MemoFile::Open(platform.files, path + ".memo");
+  if (has_memo && !memo) memo = MemoFile::Open(platform, path + ".memo");
 }
 
 }  // namespace ostrinka

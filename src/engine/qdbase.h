@@ -40,17 +40,18 @@ enum ExportFormat { kSeparatedValues = 64, kXml = 128 };
 // A field by name (".NAME" raw, "@NAME" through the link) or by number from 1.
 class FieldId {
  public:
-  FieldId(int number) : number_(number) {}
+  FieldId(int number) : number_(number), by_number_(true) {}
   FieldId(const char* name) : name_(name) {}
   FieldId(std::string_view name) : name_(name) {}
   FieldId(const std::string& name) : name_(name) {}
-  bool by_number() const { return number_ >= 0; }
+  bool by_number() const { return by_number_; }
   int number() const { return number_; }
   const std::string& name() const { return name_; }
 
  private:
   std::string name_;
   int number_ = -1;
+  bool by_number_ = false;
 };
 
 // Colours and texts of a table view.
@@ -86,10 +87,16 @@ class ClassQDBASE {
   // --- table file and users
   bool DATABASE_OPEN(const std::string& file, std::string_view user, std::string_view password, bool create, bool select, bool links);
   void DATABASE_CLOSE();
+  // Gives a table that a crash amid the test for sole use left under the name ".try" its name back, unless a file has that name.
+  static void PutBack(FileSystem& files, const std::string& path);
   bool IsOpen() const;
   std::string DATABASE_PATH() const;
   int64_t DATABASE_SIZE();
   bool UPDATE(bool reload);
+  // Keeps the file from every other object, over as many operations as are made until LetGo() has been called as often: structure changes
+  // in between find themselves alone, UPDATE keeps the file open. False when another object has it open. SoleUse does both.
+  bool HoldAlone();
+  void LetGo();
   int USER_COUNT();
   std::string USER_NAME(int n);
   std::string USER_PASS(int n);
@@ -115,6 +122,8 @@ class ClassQDBASE {
 
   // --- records
   bool RECORD_ADD(const std::vector<Value>& values = {});
+  // Number of the record that RECORD_ADD of this object wrote last, 0 before; another workstation may have added more since.
+  int32_t RECORD_ADDED() const;
   bool RECORD_LOAD(int32_t n);
   bool RECORD_SAVE(int32_t n, bool revive = false);
   bool RECORD_DELETE(int32_t n);
@@ -127,6 +136,7 @@ class ClassQDBASE {
   int32_t RECORD_COUNT();  // -1 when closed
   int32_t RECORD_POSITION() const;
   bool RECORD_POSITION(int32_t n);
+  void ForgetPosition();  // no record is current until the next is chosen
   bool MOVE_FIRST();
   bool MOVE_PREV();
   bool MOVE_NEXT();
@@ -143,6 +153,8 @@ class ClassQDBASE {
   Currency Money(const FieldId& id);
   bool Flag(const FieldId& id);
   Date Day(const FieldId& id);
+  // The shown text of a field of any record, read past the buffer, which stays as it is; "" where there is no such record.
+  std::string TextOf(int32_t record, const FieldId& id);
 
   // --- selection
   // Called now and then during a long scan with 0 to 100; may be empty.
@@ -196,6 +208,22 @@ class ClassQDBASE {
  private:
   struct State;
   std::unique_ptr<State> state_;
+};
+
+// Sole use of an open table for as long as it lives.
+class SoleUse {
+ public:
+  explicit SoleUse(ClassQDBASE& table) : table_(table), held_(table.HoldAlone()) {}
+  ~SoleUse() {
+    if (held_) table_.LetGo();
+  }
+  SoleUse(const SoleUse&) = delete;
+  SoleUse& operator=(const SoleUse&) = delete;
+  bool held() const { return held_; }
+
+ private:
+  ClassQDBASE& table_;
+  bool held_;
 };
 
 }  // namespace ostrinka

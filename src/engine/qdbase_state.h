@@ -59,7 +59,9 @@ struct ClassQDBASE::State {
   int login_slot = 0;
   int32_t current = 0;   // record
   int32_t count = 0;     // of records, as last computed
+  int32_t added = 0;     // record written by the last RECORD_ADD
   bool recount = false;  // the count is due to be read again before a record is called missing
+  bool settled = false;  // the table had records when its header was read: no other object can change its shape from then on
   RecordBuffer buffer;
   RecordList selection;
   std::vector<int> columns;
@@ -101,6 +103,9 @@ struct ClassQDBASE::State {
   bool BuildLayout();
   // Before a write: the path still names the open file, or the file that it names now has been opened.
   bool ReadyToWrite();
+  // Before a record is changed. The fields of a table without records can be changed although this object has it open, so its header is read
+  // again until there are records.
+  bool ReadyToChange() { return ReadyToWrite() && (settled || ReadHeaderAgain()); }
   bool WriteHeader();
   void OpenLinks();
   void OpenLink(int n);
@@ -122,6 +127,8 @@ struct ClassQDBASE::State {
   // --- fields (fields.cpp)
   // Number of the field that `id` names, a leading "." or "@" allowed as given; fails with code 25.
   int FieldNumber(const FieldId& id);
+  // The same for a name behind its ".", where a number is none.
+  int FieldNamed(const FieldId& id);
   Value Stored(int n) { return buffer.Get(n, layout); }
   // What "@" shows of link field `n` for the target record.
   Value LinkValue(int n, int32_t target);
@@ -142,6 +149,8 @@ struct ClassQDBASE::State {
   // Parts of the old record, offset and length, that make the new one.
   using Reshaping = std::vector<std::pair<size_t, size_t>>;
   bool TakeSoleUse(int code);
+  // Before the change of a table without whole records: cuts off what stands behind its header, under sole use.
+  bool DropFragment(int code);
   bool AddField(const FieldSlot& slot);
   bool BuildCompanions(const TableHeader& new_header, const Reshaping& pieces, std::string& error);
   bool ReplaceFile(const TableHeader& new_header, int code, const Reshaping& pieces);

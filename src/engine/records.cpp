@@ -42,8 +42,8 @@ bool ClassQDBASE::RECORD_ADD(const std::vector<Value>& values) {
   State& s = *state_;
   s.Debug("RECORD_ADD");
   if (!s.MayWrite()) return s.Fail(20, kDenied);
+  if (s.file.IsOpen() && !s.ReadyToChange()) return s.Fail(20);
   if (s.layout.count() == 0) return s.Fail(20, "Invalid field number");
-  if (!s.ReadyToWrite()) return s.Fail(20);
   if (values.size() > static_cast<size_t>(s.layout.count())) return s.Fail(20, "Too many arguments");
   std::string bytes(static_cast<size_t>(s.layout.record_length()), '\0');
   for (size_t i = 0; i < values.size(); ++i) {
@@ -60,9 +60,11 @@ bool ClassQDBASE::RECORD_ADD(const std::vector<Value>& values) {
     s.file.Resize(length);
     return s.FailPlatform(error);
   }
-  s.count = n;
+  s.count = s.added = n;
   return s.Ok();
 }
+
+int32_t ClassQDBASE::RECORD_ADDED() const { return state_->added; }
 
 bool ClassQDBASE::RECORD_LOAD(int32_t n) {
   State& s = *state_;
@@ -79,7 +81,7 @@ bool ClassQDBASE::RECORD_SAVE(int32_t n, bool revive) {
   s.Debug("RECORD_SAVE");
   if (!s.MayWrite()) return s.Fail(27, kDenied);
   std::string bytes;
-  if (!s.file.IsOpen() || !s.ReadyToWrite() || !s.InRange(n) || !s.ReadRecord(n, bytes)) return s.Fail(25);
+  if (!s.file.IsOpen() || !s.ReadyToChange() || !s.InRange(n) || !s.ReadRecord(n, bytes)) return s.Fail(25);
   const std::string before = bytes;
   for (int field = 1; field <= s.layout.count(); ++field) {
     if (!s.buffer.Has(field)) continue;
@@ -99,7 +101,7 @@ bool ClassQDBASE::RECORD_DELETE(int32_t n) {
   s.Debug("RECORD_DELETE");
   if (!s.MayWrite()) return s.Fail(22, kDenied);
   std::string bytes;
-  if (!s.file.IsOpen() || !s.ReadyToWrite() || !s.InRange(n) || !s.ReadRecord(n, bytes)) {
+  if (!s.file.IsOpen() || !s.ReadyToChange() || !s.InRange(n) || !s.ReadRecord(n, bytes)) {
     s.buffer.Reset();
     return s.Fail(25);
   }

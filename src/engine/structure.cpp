@@ -14,28 +14,7 @@ namespace {
 
 constexpr char kDenied[] = "Permission denied";
 constexpr char kBadName[] = "Invalid field name";
-constexpr int64_t kWholeFileLimit = 10 * 1024 * 1024;
 constexpr int64_t kBlock = 1024 * 1024;
-
-// Copies `length` bytes; a small file in one block, a large one in blocks of 1 MiB.
-bool CopyBytes(File& from, File& to, int64_t length, std::string& error) {
-  std::string block(static_cast<size_t>(length > kWholeFileLimit ? kBlock : std::max<int64_t>(length, 1)), '\0');
-  for (int64_t done = 0; done < length;) {
-    const size_t part = static_cast<size_t>(std::min(length - done, static_cast<int64_t>(block.size())));
-    if (from.ReadAt(done, block.data(), part) != static_cast<int64_t>(part)) {
-      error = from.LastError();
-      return false;
-    }
-    if (!to.WriteAt(done, block.data(), part)) {
-      error = to.LastError();
-      return false;
-    }
-    done += static_cast<int64_t>(part);
-  }
-  if (to.Resize(length)) return true;
-  error = to.LastError();
-  return false;
-}
 
 // How the records of the old shape become those of the new one.
 struct Reshape {
@@ -100,7 +79,11 @@ bool ClassQDBASE::State::BuildCompanions(const TableHeader& new_header, const Re
     error = made->LastError();
     return false;
   }
-  return ReshapeRecords(*temp, *made, new_count, {layout.record_length(), new_layout.record_length(), pieces}, error);
+  if (!ReshapeRecords(*temp, *made, new_count, {layout.record_length(), new_layout.record_length(), pieces}, error)) return false;
+  // On the disk before the table goes.
+  if (made->Flush()) return true;
+  error = made->LastError();
+  return false;
 }
 
 bool ClassQDBASE::State::ReplaceFile(const TableHeader& new_header, int code, const Reshaping& pieces) {
@@ -111,17 +94,26 @@ bool ClassQDBASE::State::ReplaceFile(const TableHeader& new_header, int code, co
   if (done) done = file.Recreate(&error);
   if (done) {
     const std::unique_ptr<File> made = platform.files.Open(path + ".new", OpenMode::kRead, &error);
-    done = made && CopyBytes(*made, *file.raw(), made->Size(), error);
+    done = made && file.Fill(*made, error);
   }
   if (!done) {
     file.LeaveSoleUse();
     if (!file.IsOpen() || !ReadHeaderAgain()) CloseFile();
     return FailPlatform(error);
   }
-  file.LeaveSoleUse();
   platform.files.Remove(path + ".temp");
   platform.files.Remove(path + ".new");
+  file.LeaveSoleUse();
   return true;
+}
+
+// A torn record behind the header of a table without a whole one would be records of a shorter shape, or of the first field.
+bool ClassQDBASE::State::DropFragment(int code) {
+  if (file.Size() <= kRecordsOffset) return true;
+  if (!TakeSoleUse(code)) return false;
+  const bool cut = CountRecords() == 0 && file.Resize(kRecordsOffset);
+  file.LeaveSoleUse();
+  return cut || Fail(code);
 }
 
 bool ClassQDBASE::State::AddField(const FieldSlot& slot) {
@@ -130,6 +122,7 @@ bool ClassQDBASE::State::AddField(const FieldSlot& slot) {
   changed.SetFieldCount(n);
   changed.SetField(n, slot);
   if (CountRecords() == 0) {
+    if (!DropFragment(29)) return false;
     header = changed;
     FieldLayout check;
     check.Build(header);
@@ -171,6 +164,7 @@ bool ClassQDBASE::FIELD_DELETE(const FieldId& id) {
   TableHeader changed = s.header;
   changed.RemoveField(n);
   if (s.CountRecords() == 0) {
+    if (!s.DropFragment(30)) return false;
     s.header = changed;
     if (!s.WriteHeader()) return s.FailPlatform(s.file.LastError());
   } else {
@@ -207,7 +201,7 @@ bool ClassQDBASE::FIELD_RENAME(const FieldId& id, std::string_view new_name, boo
   slot.name = name;
   s.header.SetField(n, slot);
   s.BuildLayout();
-  return s.WriteHeader() || s.FailPlatform(s.file.LastError());
+  return (s.WriteHeader() && s.file.Flush()) || s.FailPlatform(s.file.LastError());
 }
 
 bool ClassQDBASE::FIELD_SET(int n, std::string_view name, int32_t type, int32_t length) {
@@ -216,6 +210,7 @@ bool ClassQDBASE::FIELD_SET(int n, std::string_view name, int32_t type, int32_t 
   if (!s.file.IsOpen() || !s.ReadyToWrite() || !s.ReadHeaderAgain() || !s.layout.Has(n)) return false;
   if (s.CountRecords() != 0) return true;
   if (type == kText && (length <= 0 || length > kMaxTextLength)) return false;
+  if (!s.DropFragment(28)) return false;
   FieldSlot slot = s.header.Field(n);
   slot.name = Upper(Trim(name));
   slot.type = type;

@@ -6,8 +6,34 @@ namespace ostrinka {
 namespace {
 
 constexpr int64_t kShareByte = int64_t{1} << 62;
+constexpr char kAside[] = ".try";
+constexpr int kLockAttempts = 1000;
+constexpr size_t kMagicSize = 3;
+constexpr int64_t kWholeFileLimit = 10 * 1024 * 1024;
+constexpr int64_t kBlock = 1024 * 1024;
 
 }  // namespace
+
+// A small file in one block, a large one in blocks of 1 MiB.
+bool CopyBytes(File& from, File& to, int64_t length, std::string& error, size_t blanked) {
+  std::string block(static_cast<size_t>(length > kWholeFileLimit ? kBlock : std::max<int64_t>(length, 1)), '\0');
+  for (int64_t done = 0; done < length;) {
+    const size_t part = static_cast<size_t>(std::min(length - done, static_cast<int64_t>(block.size())));
+    if (from.ReadAt(done, block.data(), part) != static_cast<int64_t>(part)) {
+      error = from.LastError();
+      return false;
+    }
+    if (done == 0) std::fill_n(block.begin(), std::min(blanked, part), '\0');
+    if (!to.WriteAt(done, block.data(), part)) {
+      error = to.LastError();
+      return false;
+    }
+    done += static_cast<int64_t>(part);
+  }
+  if (to.Resize(length)) return true;
+  error = to.LastError();
+  return false;
+}
 
 bool TableFile::Open(const std::string& path, OpenMode mode, std::string* error) {
   Close();
@@ -24,7 +50,7 @@ TableFile::Named TableFile::EnsureNamed() {
   if (!file_) return Named::kLost;
   if (file_->StillNamed()) return Named::kYes;
   std::unique_ptr<File> other = files_.Open(path_, OpenMode::kReadWrite);
-  if (!other || !other->Lock(kShareByte, 1, false)) return Named::kLost;
+  if (!other || !other->Lock(kShareByte, 1, IsHeld())) return Named::kLost;
   file_ = std::move(other);
   return Named::kReopened;
 }
@@ -71,11 +97,21 @@ bool TableFile::LockAlone() {
   return file_ && file_->Lock(kShareByte, 1, true);
 }
 
+bool TableFile::Hold() {
+  if (held_ == 0 && !LockAlone()) return false;
+  ++held_;
+  return true;
+}
+
+void TableFile::LetGo() {
+  if (held_ > 0 && --held_ == 0) LeaveSoleUse();
+}
+
 bool TableFile::TakeSoleUse(bool& lost) {
   lost = false;
   if (!LockAlone()) return false;
-  const std::string aside = path_ + ".try";
-  if (!files_.Rename(path_, aside)) {
+  const std::string aside = path_ + kAside;
+  if (files_.FileExists(aside) || !files_.Rename(path_, aside)) {
     LeaveSoleUse();
     return false;
   }
@@ -85,7 +121,7 @@ bool TableFile::TakeSoleUse(bool& lost) {
 }
 
 void TableFile::LeaveSoleUse() {
-  if (file_) file_->Lock(kShareByte, 1, false);
+  if (file_ && !IsHeld()) file_->Lock(kShareByte, 1, false);
 }
 
 bool TableFile::Recreate(std::string* error) {
@@ -95,9 +131,29 @@ bool TableFile::Recreate(std::string* error) {
   }
   file_ = files_.Open(path_, OpenMode::kCreate, error);
   if (!file_) return false;
-  // Whoever opened the new name in this very moment saw an empty file and gave up.
   LockAlone();
   return true;
+}
+
+bool TableFile::Fill(File& from, std::string& error) {
+  char magic[kMagicSize];
+  if (from.ReadAt(0, magic, sizeof magic) != static_cast<int64_t>(sizeof magic)) {
+    error = from.LastError();
+    return false;
+  }
+  if (!CopyBytes(from, *file_, from.Size(), error, sizeof magic)) return false;
+  // Whoever opened the new name meanwhile saw no table and is about to give it up.
+  for (int attempt = 0; attempt < kLockAttempts && !LockAlone(); ++attempt) continue;
+  if (WriteBytes(0, magic, sizeof magic) && Flush()) return true;
+  error = LastError();
+  return false;
+}
+
+void TableFile::PutBack(FileSystem& files, const std::string& path) {
+  if (files.FileExists(path)) return;
+  const std::unique_ptr<File> aside = files.Open(path + kAside, OpenMode::kReadWrite);
+  if (!aside || !aside->Lock(kShareByte, 1, true) || !aside->StillNamed() || files.FileExists(path)) return;
+  files.Rename(path + kAside, path);
 }
 
 }  // namespace ostrinka

@@ -11,13 +11,19 @@
 
 namespace ostrinka {
 
+// Makes `to` a copy of the first `length` bytes of `from`; of those the first `blanked` become zeros. `error` says why it failed.
+bool CopyBytes(File& from, File& to, int64_t length, std::string& error, size_t blanked = 0);
+
 class TableFile {
  public:
   explicit TableFile(FileSystem& files) : files_(files) {}
 
   // Opens and takes the shared lock. False, with the platform's text in `error`, when either fails.
   bool Open(const std::string& path, OpenMode mode, std::string* error);
-  void Close() { file_.reset(); }
+  void Close() {
+    file_.reset();
+    held_ = 0;
+  }
   bool IsOpen() const { return file_ != nullptr; }
   FileSystem& files() { return files_; }
   File* raw() { return file_.get(); }
@@ -44,24 +50,37 @@ class TableFile {
   std::shared_ptr<const char> View(int64_t position, size_t length) { return file_ ? file_->View(position, length) : nullptr; }
   bool WriteBytes(int64_t position, const void* from, size_t length);
   bool Resize(int64_t length) { return file_ && file_->Resize(length); }
+  bool Flush() { return file_ && file_->Flush(); }
 
   bool LockRecord(int32_t n, int32_t record_length);
   bool UnlockRecord(int32_t n, int32_t record_length);
 
   // The lock alone, without the renames: false when another object has the file open.
   bool LockAlone();
+  // Keeps the lock over several changes: until as many LetGo as Hold, LeaveSoleUse leaves it in place.
+  bool Hold();
+  void LetGo();
+  bool IsHeld() const { return held_ > 0; }
   // Sole use: takes the lock exclusively, then renames the file to ".try" and back. A false result leaves the shared lock in place, unless
-  // the file could not get its name back: then `lost` is set.
+  // the file could not get its name back: then `lost` is set. Refused while a file of the name ".try" stands there: it may be all that a
+  // crash between the two renames left.
   bool TakeSoleUse(bool& lost);
   void LeaveSoleUse();
   // Deletes the file and makes it anew, empty and still for this object alone. A file that cannot be deleted stays open as it is; one that
   // cannot be made anew leaves nothing open.
   bool Recreate(std::string* error);
+  // Fills the file made anew with the whole of `from`, the magic last: until everything stands on the disk nobody can open it as a table.
+  bool Fill(File& from, std::string& error);
+
+  // Gives a table that a crash left under the name ".try" its own name back. Does nothing when a file has that name, or when another object
+  // has the file open, for it is that one's test of sole use.
+  static void PutBack(FileSystem& files, const std::string& path);
 
  private:
   FileSystem& files_;
   std::unique_ptr<File> file_;
   std::string path_;
+  int held_ = 0;
 };
 
 }  // namespace ostrinka

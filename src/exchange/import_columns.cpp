@@ -36,6 +36,7 @@ constexpr ColumnAlias kCustomerAliases[] = {
     {"Numer telefonu", "TELEFON"},
     {"Telefon stacjonarny", "TELEFON"},
     {"Komórka", "TEL_KOM"},
+    {"Telefon kom.", "TEL_KOM"},
     {"Telefon komórkowy", "TEL_KOM"},
     {"Fax", "FAKS"},
     {"Nr KRS", "KRS"},
@@ -132,6 +133,13 @@ std::span<const ColumnAlias> CustomerAliases() {
 
 std::span<const ColumnAlias> ArticleAliases() {
   return kArticleAliases;
+}
+
+bool HeadingNames(std::string_view heading, std::string_view field, std::span<const ColumnAlias> aliases) {
+  const std::string key = HeadingKey(heading);
+  return key == HeadingKey(field) || std::any_of(aliases.begin(), aliases.end(), [&](const ColumnAlias& alias) {
+           return field == alias.field && key == HeadingKey(alias.heading);
+         });
 }
 
 std::vector<ImportColumn> MatchColumns(ClassQDBASE& table, std::span<const ColumnAlias> aliases, const std::vector<std::string>& headings,

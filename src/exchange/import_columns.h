@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/qdbase.h"
@@ -17,6 +18,9 @@ struct ColumnAlias {
 
 std::span<const ColumnAlias> CustomerAliases();
 std::span<const ColumnAlias> ArticleAliases();
+
+// Whether a heading names the field, by its name or by an alias.
+bool HeadingNames(std::string_view heading, std::string_view field, std::span<const ColumnAlias> aliases);
 
 struct ImportColumn {
   size_t cell = 0;      // of the row, from 0

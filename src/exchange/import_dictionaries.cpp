@@ -118,7 +118,7 @@ int32_t ImportDictionaries::Add(int table, const std::string& text) {
     if (unit && field == "FORMAT") values[static_cast<size_t>(n) - 1] = std::string(kNewUnitFormat);
   }
   if (!dictionary.RECORD_ADD(values)) return 0;
-  const int32_t added = dictionary.RECORD_COUNT();
+  const int32_t added = dictionary.RECORD_ADDED();
   dictionary.RECORD_SHOW(added);
   Remember(Of(table), added, text);
   return added;

@@ -104,17 +104,16 @@ void SeparatedFile::FindQuote() {
   quote_ = QuotedFields('\'') > QuotedFields('"') ? '\'' : '"';
 }
 
-// How many fields of the sample stand whole between two such quotes.
+// How many fields of the sample stand whole, and on one line, between two such quotes.
 int SeparatedFile::QuotedFields(char quote) const {
   int found = 0;
   const size_t end = std::min(text_.size(), kSample);
   for (size_t at = 0; at < end; ++at) {
     if (text_[at] != quote || (at > 0 && !AtFieldEnd(at - 1))) continue;
-    size_t close = text_.find(quote, at + 1);
-    while (close < end && !AtFieldEnd(close + 1)) close = text_.find(quote, text_[close + 1] == quote ? close + 2 : close + 1);
-    if (close >= end) continue;
-    ++found;
-    at = close;
+    size_t close = at + 1;
+    while (close < end && !IsLineEnd(text_[close]) && (text_[close] != quote || !AtFieldEnd(close + 1))) ++close;
+    if (close < end && text_[close] == quote) ++found;
+    at = close;  // where the line ends first, no later quote on it has its end either
   }
   return found;
 }

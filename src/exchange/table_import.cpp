@@ -7,12 +7,14 @@
 #include "base/text.h"
 #include "company/table_definitions.h"
 #include "company/tables.h"
+#include "exchange/import_check.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr char kName[] = "NAZWA";
-constexpr size_t kShownName = 40;  // characters
+constexpr size_t kShownName = 40;        // characters
+constexpr size_t kMostNewEntries = 300;  // a wrong column must not fill a dictionary
 
 // Fields whose boxes take line ends.
 constexpr std::string_view kLongTexts[] = {"NAZWA", "OPIS", "UWAGI", "KONTO_INDYW_RACH", "KONTO_INDYW_OPIS"};
@@ -79,23 +81,7 @@ ImportResult TableImport::Run(const std::string& path) {
     return std::move(result_);
   }
   SeparatedFile file;
-  using Opened = SeparatedFile::OpenResult;
-  switch (file.Open(program_.platform.files, path)) {
-    case Opened::kOpened:
-      break;
-    case Opened::kUnreadable:
-      result_.error = program_.Text("imp.err.unreadable", {path});
-      break;
-    case Opened::kTooLarge:
-      result_.error = program_.Text("imp.err.toolarge", {std::to_string(kSeparatedFileLimit >> 20)});
-      break;
-    case Opened::kNotText:
-      result_.error = program_.Text("imp.err.nottext");
-      break;
-    case Opened::kEmpty:
-      result_.error = program_.Text("imp.err.empty");
-      break;
-  }
+  result_.error = OpenFault(program_, file.Open(program_.platform.files, path), path);
   if (!result_.error.empty() || !ReadHeadings(file)) return std::move(result_);
   NoteExisting();
   SeparatedRow row;
@@ -228,6 +214,8 @@ std::string TableImport::ReadLink(const ImportColumn& column, const std::string&
     return "";
   }
   if (!dictionaries_.Grows(dictionary)) return program_.Text("imp.cell.unknown", {column.heading, LeftCharacters(text, kShownName)});
+  if (result_.new_entries.size() + new_entries_.size() >= kMostNewEntries)
+    return program_.Text("imp.cell.entries", {column.heading, std::to_string(kMostNewEntries), LeftCharacters(text, kShownName)});
   std::string fault = TextFault(column.heading, text, dictionaries_.NameLength(dictionary));
   if (fault.empty()) new_entries_[index] = text;
   return fault;
@@ -267,7 +255,7 @@ bool TableImport::Write() {
     values_[index] = record;
   }
   if (!table_.RECORD_ADD(values_)) return false;
-  table_.RECORD_SHOW(table_.RECORD_COUNT());
+  table_.RECORD_SHOW(table_.RECORD_ADDED());
   ++result_.added;
   for (const RecordIdentity& identity : RowIdentities()) known_.emplace(identity.key, Trim(ToText(At(kName))));
   return true;

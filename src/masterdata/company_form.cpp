@@ -4,6 +4,7 @@
 #include "company/tables.h"
 #include "masterdata/company_data.h"
 #include "masterdata/further_accounts_form.h"
+#include "masterdata/individual_accounts_form.h"
 
 namespace ostrinka {
 frm_Admin_usr_::frm_Admin_usr_(Program& program) : Form("frm_Admin_usr_", "usr.title"), program_(program) {
@@ -13,6 +14,7 @@ frm_Admin_usr_::frm_Admin_usr_(Program& program) : Form("frm_Admin_usr_", "usr.t
   btnSave.Clicked += [this] { save_(); };
   btnCancel.Clicked += [this] { Close(); };
   btnKdod_.Clicked += [this] { EditFurtherAccounts(); };
+  btnKonta.Clicked += [this] { EditIndividualAccounts(); };
   btnLogo.Clicked += [this] { SelectLogo(); };
   btnClrLogo.Clicked += [this] { ClearLogo(); };
 }
@@ -66,8 +68,6 @@ void frm_Admin_usr_::reload_() {
   }
   CheckNumbers();
   ShowLogoState();
-  btnKonta.SetEnabled(false);  // its dialog is not built yet
-  btnKonta.SetToolTip(program_.Text("common.notbuilt"));
   SetFocus(txtNazwaFirmy);
   SetDirty(false);
 }
@@ -104,6 +104,16 @@ void frm_Admin_usr_::EditFurtherAccounts() {
   txtKonto.SetText(edited_.B_KONTO);
   CheckNumbers();
   SetDirty(true);
+}
+
+void frm_Admin_usr_::EditIndividualAccounts() {
+  if (!TableIsOpen(program_, kKontrahenci)) {
+    program_.Message("msg.info.dbnotopen", MessageKind::kWarning);
+    return;
+  }
+  frm_Admin_usr_konta_ dialog(program_);
+  dialog.reload_();
+  program_.platform.ui.ShowModal(dialog);
 }
 
 void frm_Admin_usr_::SelectLogo() {

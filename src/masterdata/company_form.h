@@ -24,6 +24,7 @@ class frm_Admin_usr_ : public Form, public CompanyBoxes {
   void LayOut();
   void CheckNumbers();
   void EditFurtherAccounts();
+  void EditIndividualAccounts();
   void SelectLogo();
   void ClearLogo();
   void ShowLogoState();

@@ -6,6 +6,7 @@
 #include "company/ost_engine.h"
 #include "masterdata/company_data.h"
 #include "masterdata/create_database_form.h"
+#include "masterdata/wizard_form.h"
 
 namespace ostrinka {
 
@@ -21,6 +22,7 @@ frm_Admin_qdb_::frm_Admin_qdb_(Program& program)
   Register("btnCancel", btnCancel);
   Register("btnCreate", btnCreate);
   Register("btnConnectionTest", btnConnectionTest);
+  Register("btnWizard", btnWizard);
   dbLocal[0].caption_key = "qdb.defdataloc";
   dbLocal[1].caption_key = "qdb.remotedataloc";
   dbLogin.caption_key = "qdb.reqpass";
@@ -37,7 +39,8 @@ frm_Admin_qdb_::frm_Admin_qdb_(Program& program)
       .Side({GroupLayout("qdb.grp.login")
                  .Row({{"qdb.lbl.user", userName, 6}, {"qdb.lbl.password", userPassword, 6}})
                  .Row({{"", dbLogin, 12}})});
-  Buttons({{"qdb.btn.create", btnCreate},
+  Buttons({{"qdb.btn.wizard", btnWizard},
+           {"qdb.btn.create", btnCreate},
            {"qdb.btn.test", btnConnectionTest},
            {"qdb.btn.ok", btnSave, kDefault},
            {"qdb.btn.cancel", btnCancel, kCancel}});
@@ -45,6 +48,7 @@ frm_Admin_qdb_::frm_Admin_qdb_(Program& program)
   btnCancel.Clicked += [this] { Close(); };
   btnCreate.Clicked += [this] { CreateDatabase(); };
   btnConnectionTest.Clicked += [this] { TestConnection(); };
+  btnWizard.Clicked += [this] { RunWizard(); };
 }
 
 void frm_Admin_qdb_::reload_() {
@@ -52,6 +56,7 @@ void frm_Admin_qdb_::reload_() {
   userName.SetText(program_.settings.Text(kCommon, "dbLogin", "username"));
   userPassword.SetText(program_.settings.Text(kCommon, "dbLogin", "password"));
   dbLogin.SetChecked(program_.settings.Boolean(kCommon, "dbLogin", "login", false));
+  btnWizard.SetVisible(program_.settings.Boolean(kCommon, "system", "fRun", true));
   SetDirty(false);
 }
 
@@ -74,6 +79,10 @@ void frm_Admin_qdb_::save_() {
     return;
   }
   CompanyLoad(program_);
+  ShowCompany();
+}
+
+void frm_Admin_qdb_::ShowCompany() {
   if (program_.main_view) {
     program_.main_view->ScrollShow_(true);
     program_.main_view->ref_();
@@ -113,6 +122,13 @@ void frm_Admin_qdb_::CreateDatabase() {
   dialog.reload_();
   program_.platform.ui.ShowModal(dialog);
   if (dialog.created()) reload_();
+}
+
+void frm_Admin_qdb_::RunWizard() {
+  frm_Admin_bg_ wizard(program_);
+  wizard.reload_();
+  program_.platform.ui.ShowModal(wizard);
+  if (wizard.finished()) ShowCompany();
 }
 
 }  // namespace ostrinka

@@ -11,6 +11,7 @@ class frm_Admin_qdb_ : public Form {
   TextBoxControl txtDbPath, userName, userPassword;
   CheckBoxControl dbLogin;  // ask for the login at start
   ButtonControl btnBrowse, btnSave, btnCancel, btnCreate, btnConnectionTest;
+  ButtonControl btnWizard;  // only before the first company
 
   explicit frm_Admin_qdb_(Program& program);
 
@@ -22,6 +23,8 @@ class frm_Admin_qdb_ : public Form {
   bool OpenDatabase();
   void TestConnection();
   void CreateDatabase();
+  void RunWizard();
+  void ShowCompany();
 
   Program& program_;
   DatabasePlaceFields place_;

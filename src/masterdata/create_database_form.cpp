@@ -58,6 +58,7 @@ void frm_Admin_qdbc_::Create() {
   bool done = false;
   if (!folder.empty() && program_.platform.files.MakeFolders(program_.ResolveFolder(folder))) {
     OSTEngine(program_).create_(folder, user, password, false, done);
+    program_.Status("");
   }
   if (!done) {
     program_.Message("msg.info.dbcreateerror", MessageKind::kError);

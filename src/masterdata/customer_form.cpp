@@ -177,8 +177,8 @@ void frm_Kontrahenci_::FindCity() {
   if (last == 0) return;
   if (program_.postal) {
     const bool by_town = last == 2;
-    const std::string found =
-        by_town ? program_.postal->CodeOfTown(Trim(txtMiejscowość.Text())) : program_.postal->TownOfCode(Trim(txtKodPocztowy.Text()));
+    const std::string town = Trim(txtMiejscowość.Text()), code = Trim(txtKodPocztowy.Text());
+    const std::string found = by_town ? program_.postal->CodeOfTown(town, code) : program_.postal->TownOfCode(code);
     if (!found.empty()) (by_town ? txtKodPocztowy : txtMiejscowość).SetText(found);
   }
   ShowRegionOf(Trim(txtKodPocztowy.Text()));

@@ -47,6 +47,10 @@ DatabasePlace DatabasePlaceFields::Read() const {
 void DatabasePlaceFields::Browse() {
   const std::optional<std::string> folder = program_.platform.ui.AskFolder(program_.Text(title_key_));
   if (!folder || folder->empty()) return;
+  if (FromCp1250(ToCp1250(*folder)) != *folder) {
+    program_.Message("msg.info.dbpathletters", MessageKind::kWarning);  // the settings could not name it
+    return;
+  }
   path.SetText(*folder);
   options[1].SetValue(true);
 }

@@ -36,13 +36,20 @@ void FillFromTable(Program& program, int number, ComboControl& list, std::string
   });
 }
 
+void SelectOrAdd(ComboControl& list, int32_t record, std::string text) {
+  if (list.SelectValue(record) || record < 1) return;
+  list.AddItem(std::move(text), record);
+  list.SelectValue(record);
+}
+
 void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list) {
   const std::string text = Trim(table.Text("@" + field));
-  const int index = list.FindIdByValue(table.Int("." + field));
+  const int32_t record = table.Int("." + field);
+  const int index = list.FindIdByValue(record);
   if (index >= 0 && list.List(index) == text) {
     list.SetListIndex(index);
-  } else {
-    list.SelectText(text);
+  } else if (text.empty() || !list.SelectText(text)) {
+    SelectOrAdd(list, record, text);
   }
 }
 

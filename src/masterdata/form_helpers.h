@@ -21,10 +21,12 @@ void FillFromTable(Program& program, int number, ComboControl& list, std::string
 void FillFromTable(Program& program, int number, ComboControl& list, const std::function<std::string(ClassQDBASE&)>& text_of,
                    bool blank_first);
 
-// Shows the link field of the loaded record by its text; among entries of equal text the one that is linked. A link to a deleted record
-// selects none.
+// Selects the entry of `record`. A record that the list lacks, because it was deleted, is added at the end with `text` first.
+void SelectOrAdd(ComboControl& list, int32_t record, std::string text);
+// Shows the link field of the loaded record by its text; among entries of equal text the one that is linked. The text of a deleted record
+// stands in the list too, so that it is shown, counts in the rules and is saved again.
 void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list);
-// Writes the chosen record to the buffer. With none selected the field keeps what it holds: a link to a deleted record is not lost.
+// Writes the chosen record to the buffer. With none selected the field keeps what it holds.
 void SaveLink(ClassQDBASE& table, const std::string& field, const ComboControl& list);
 
 // A text box takes as many letters as its field holds; `limit` where the table is not open.

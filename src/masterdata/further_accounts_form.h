@@ -17,6 +17,7 @@ class frm_Admin_usr_kdod_ : public Form {
   explicit frm_Admin_usr_kdod_(Program& program);
 
   void reload_(const CompanyRecord& record);
+  bool AsksBeforeClosing() const override { return true; }
   // Whether the dialog was left by its save button, and what it then holds.
   bool accepted() const { return accepted_; }
   const CompanyRecord& record() const { return record_; }

@@ -49,6 +49,11 @@ std::string RateName(ClassQDBASE& rates) {
   return Trim(rates.Text("NAZWA")) + " (" + Trim(rates.Text("SYMBOL")) + ")";
 }
 
+std::string CurrencyName(ClassQDBASE& currencies) {
+  const std::string code = Trim(currencies.Text("KODWAL")), name = Trim(currencies.Text("NAZWA"));
+  return code.empty() && name.empty() ? std::string() : code + " - " + name;
+}
+
 }  // namespace
 
 frm_TowUslugi_::frm_TowUslugi_(Program& program) : RecordEditor(program, kTowaryUslugi, "frm_TowUslugi_", "product") {
@@ -145,13 +150,7 @@ void frm_TowUslugi_::FillLists() {
   FillFromTable(program_, kGrupaTU, txtGrupa, "NAZWA", true);
   FillFromTable(program_, kJednMiary, txtJednostkaMiary, "SYMBOL", true);
   FillFromTable(program_, kStawkiVat, txtStawkaVAT, "SYMBOL", false);
-  FillFromTable(
-      program_, kWaluty, txtWaluta,
-      [](ClassQDBASE& currencies) {
-        const std::string code = Trim(currencies.Text("KODWAL")), name = Trim(currencies.Text("NAZWA"));
-        return code.empty() && name.empty() ? std::string() : code + " - " + name;
-      },
-      false);
+  FillFromTable(program_, kWaluty, txtWaluta, CurrencyName, false);
   txtSubsEndAlertDays.Clear();
   for (const ReminderChoice& choice : kReminders) txtSubsEndAlertDays.AddItem(program_.Text(choice.key), choice.days);
 }
@@ -186,7 +185,7 @@ void frm_TowUslugi_::ShowRecord() {
   ShowLink(goods, "GRUPA", txtGrupa);
   ShowLink(goods, "JEDNOSTKA_MIARY", txtJednostkaMiary);
   ShowLink(goods, "STAWKA_VAT", txtStawkaVAT);
-  txtWaluta.SelectValue(goods.Int(".WALUTA"));
+  ShowCurrency(goods.Int(".WALUTA"));
   Write(txtCenaZakupu, goods.Real("CENA_ZAKUPU"));
   for (const PriceField& entry : kPrices) {
     for (size_t i = 0; i < kPriceSets; ++i) Write((this->*entry.boxes)[i], goods.Real(std::string(kSetNames[i]) + entry.suffix));
@@ -196,6 +195,12 @@ void frm_TowUslugi_::ShowRecord() {
   const int32_t reminder = goods.Int("ABINFOKONIEC");
   txtSubsEndAlert.SetChecked(reminder > 0);
   if (reminder > 0) txtSubsEndAlertDays.SelectValue(reminder);
+}
+
+// A deleted currency too: the prices are in it.
+void frm_TowUslugi_::ShowCurrency(int32_t record) {
+  ClassQDBASE& currencies = Table(program_, kWaluty);
+  SelectOrAdd(txtWaluta, record, record > 0 && currencies.RECORD_LOAD(record) ? CurrencyName(currencies) : std::string());
 }
 
 void frm_TowUslugi_::save_() {

@@ -37,11 +37,13 @@ class frm_TowUslugi_ : public RecordEditor {
   void ClearFields();
   void StartNew();
   void ShowRecord();
+  void ShowCurrency(int32_t record);
   void ShowRateName();
   void ShowSubscription();
   void NormaliseDays();
 
-  // What runs when a field is left; i counts the price sets from 0.
+  // What runs when a field is left; i counts the price sets from 0. A field that was only passed over moves nothing: the rules read rounded
+  // texts, and prices that nobody touched would drift.
   void PurchaseLeft();
   void NetLeft(size_t i);
   void GrossLeft(size_t i);
@@ -59,7 +61,8 @@ class frm_TowUslugi_ : public RecordEditor {
   double Amount(const TextBoxControl& box) const;
   void Write(TextBoxControl& box, double amount);  // nothing when there is no such number
   void Reformat(TextBoxControl& box) { Write(box, Amount(box)); }
-  void RaiseToSmallest(TextBoxControl& box);
+  // Replaces an amount below the smallest price. Whether the rules of `box` have something to follow: that, or an entry of the person.
+  bool TakePrice(TextBoxControl& box);
   std::optional<double> Rate();        // percent of the chosen VAT rate
   float CurrencyRate(int32_t record);  // złoty per unit; 0 when unknown
 

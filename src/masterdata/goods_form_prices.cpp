@@ -16,17 +16,22 @@ void frm_TowUslugi_::Write(TextBoxControl& box, double amount) {
   if (std::isfinite(amount)) box.SetText(FormatNumber(Value(amount), PricePattern(program_, 0, false), program_.locale));
 }
 
-void frm_TowUslugi_::RaiseToSmallest(TextBoxControl& box) {
-  if (Amount(box) < kSmallestPrice) Write(box, kSmallestPrice);
+bool frm_TowUslugi_::TakePrice(TextBoxControl& box) {
+  const bool too_small = Amount(box) < kSmallestPrice;
+  if (too_small) Write(box, kSmallestPrice);
+  return too_small || box.Edited();
 }
 
 std::optional<double> frm_TowUslugi_::Rate() {
   const std::string symbol = Trim(txtStawkaVAT.Text());
   if (symbol.empty()) return std::nullopt;
   ClassQDBASE& rates = Table(program_, kStawkiVat);
-  const int32_t count = rates.RECORD_COUNT();
+  const auto fits = [&](int32_t record) { return rates.RECORD_LOAD(record) && Trim(rates.Text("SYMBOL")) == symbol; };
+  const int32_t chosen = txtStawkaVAT.Value(), count = rates.RECORD_COUNT();
+  if (chosen > 0 && fits(chosen)) return rates.Real("WARTOSC");
+  // Deleted rows count: articles still have them.
   for (int32_t record = 1; record <= count; ++record) {
-    if (rates.RECORD_EXIST(record) && rates.RECORD_LOAD(record) && Trim(rates.Text("SYMBOL")) == symbol) return rates.Real("WARTOSC");
+    if (fits(record)) return rates.Real("WARTOSC");
   }
   return std::nullopt;
 }
@@ -50,13 +55,13 @@ void frm_TowUslugi_::WriteMarginAndMarkup(size_t i) {
 
 // The net prices stay.
 void frm_TowUslugi_::PurchaseLeft() {
-  RaiseToSmallest(txtCenaZakupu);
+  if (!TakePrice(txtCenaZakupu)) return;
   for (size_t i = 0; i < kPriceSets; ++i) WriteProfit(i);
   for (size_t i = 0; i < kPriceSets; ++i) WriteMarginAndMarkup(i);
 }
 
 void frm_TowUslugi_::NetLeft(size_t i) {
-  RaiseToSmallest(txtNetto[i]);
+  if (!TakePrice(txtNetto[i])) return;
   WriteGross(i);
   WriteProfit(i);
   WriteMarginAndMarkup(i);
@@ -64,7 +69,7 @@ void frm_TowUslugi_::NetLeft(size_t i) {
 }
 
 void frm_TowUslugi_::GrossLeft(size_t i) {
-  RaiseToSmallest(txtBrutto[i]);
+  if (!TakePrice(txtBrutto[i])) return;
   WriteNetFromGross(i);
   WriteProfit(i);
   WriteMarginAndMarkup(i);
@@ -72,6 +77,7 @@ void frm_TowUslugi_::GrossLeft(size_t i) {
 }
 
 void frm_TowUslugi_::ProfitLeft(size_t i) {
+  if (!txtZysk[i].Edited()) return;
   Reformat(txtZysk[i]);
   Write(txtNetto[i], NetFromProfit(Amount(txtCenaZakupu), Amount(txtZysk[i])));
   WriteGross(i);
@@ -79,6 +85,7 @@ void frm_TowUslugi_::ProfitLeft(size_t i) {
 }
 
 void frm_TowUslugi_::MarginLeft(size_t i) {
+  if (!txtMarża[i].Edited()) return;
   Reformat(txtMarża[i]);
   Write(txtNetto[i], NetFromMargin(Amount(txtCenaZakupu), Amount(txtMarża[i])));
   WriteGross(i);
@@ -87,6 +94,7 @@ void frm_TowUslugi_::MarginLeft(size_t i) {
 }
 
 void frm_TowUslugi_::MarkupLeft(size_t i) {
+  if (!txtNarzut[i].Edited()) return;
   Reformat(txtNarzut[i]);
   Write(txtNetto[i], NetFromMarkup(Amount(txtCenaZakupu), Amount(txtNarzut[i])));
   WriteGross(i);
@@ -95,6 +103,7 @@ void frm_TowUslugi_::MarkupLeft(size_t i) {
 }
 
 void frm_TowUslugi_::RateLeft() {
+  if (!txtStawkaVAT.Edited()) return;
   for (size_t i = 0; i < kPriceSets; ++i) WriteGross(i);
 }
 

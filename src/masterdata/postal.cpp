@@ -68,13 +68,17 @@ std::string PostalTable::TownOfCode(std::string_view code) const {
   return row == 0 ? std::string() : rows_[static_cast<size_t>(row) - 1].town;
 }
 
-std::string PostalTable::CodeOfTown(std::string_view town) const {
-  const std::string wanted = Trim(town);
+std::string PostalTable::CodeOfTown(std::string_view town, std::string_view hint) const {
+  const std::string wanted = Trim(town), known = Trim(hint);
   if (wanted.empty()) return "";
+  const bool hinted = IsCode(known);
+  std::string first;
   for (const Row& row : rows_) {
-    if (row.town == wanted) return row.code;
+    if (row.town != wanted) continue;
+    if (hinted && row.code.substr(0, 2) == known.substr(0, 2)) return known;
+    if (first.empty()) first = row.code;
   }
-  return "";
+  return first;
 }
 
 int32_t PostalTable::PostalIndexOf(std::string_view code) const {

@@ -23,8 +23,10 @@ class PostalTable {
   size_t Count() const { return rows_.size(); }  // at least 1
 
   // The first town of the code "NN-NNN", the first code of the town; "" when there is none. Blanks at the ends do not count, case does.
+  // `hint` is a code that is given back when the town has it or another one of its district (its first two digits): a large town has more
+  // codes than the table.
   std::string TownOfCode(std::string_view code) const;
-  std::string CodeOfTown(std::string_view town) const;
+  std::string CodeOfTown(std::string_view town, std::string_view hint = {}) const;
   // The row of the code, from 1; 0 when there is none.
   int32_t PostalIndexOf(std::string_view code) const;
 

@@ -115,7 +115,7 @@ bool RecordEditor::Store() {
 bool RecordEditor::StoreNew() {
   ClassQDBASE& records = table();
   if (!records.RECORD_ADD()) return false;
-  const int32_t added = records.RECORD_COUNT();
+  const int32_t added = records.RECORD_ADDED();
   if (!records.RECORD_LOAD(added)) return false;
   save_();
   if (!records.RECORD_SAVE(added)) {

@@ -1,7 +1,10 @@
 // What the first-run wizard does at its end: the tables, the company's details and formats, the rows of a file.
+#include <algorithm>
+
 #include "base/text.h"
 #include "company/ost_engine.h"
 #include "company/tables.h"
+#include "exchange/import.h"
 #include "masterdata/company_data.h"
 #include "masterdata/wizard_form.h"
 
@@ -9,12 +12,35 @@ namespace ostrinka {
 namespace {
 
 constexpr size_t kDatabaseStep = 1;
+constexpr size_t kShownSentences = 8;
 
 struct FormatDefault {
   const char* field;
   const char* pattern;
 };
 constexpr FormatDefault kFormats[] = {{"FORMAT_DATA_EKR", "dd mmmm yyyy"}, {"FORMAT_DATA_WYD", "dd-mm-yyyy"}, {"FORMAT_PROCENTY", "0\\%"}};
+
+// As many sentences as a box has room for, each on a line of its own, and how many more there are.
+void AddSentences(Program& program, std::string& text, const char* heading_key, int rows, const std::vector<std::string>& sentences) {
+  if (rows == 0) return;
+  text += "\r\n\r\n" + program.Text(heading_key, {std::to_string(rows)});
+  const size_t shown = std::min(sentences.size(), kShownSentences);
+  for (size_t i = 0; i < shown; ++i) text += "\r\n" + sentences[i];
+  const int more = rows - static_cast<int>(shown);
+  if (more > 0) text += "\r\n" + program.Text("bg.import.more", {std::to_string(more)});
+}
+
+std::string Summary(Program& program, const ImportResult& result) {
+  std::string text;
+  if (!result.error.empty()) text = result.error + "\r\n";
+  text += program.Text("bg.import.added", {std::to_string(result.added)});
+  AddSentences(program, text, "bg.import.leftout", result.rows_left_out, result.left_out);
+  AddSentences(program, text, "bg.import.doubtful", result.rows_doubtful, result.doubtful);
+  std::string columns;
+  for (const std::string& heading : result.ignored_columns) columns += (columns.empty() ? "" : ", ") + heading;
+  if (!columns.empty()) text += "\r\n\r\n" + program.Text("bg.import.ignored", {columns});
+  return text;
+}
 
 }  // namespace
 
@@ -62,6 +88,14 @@ void frm_Admin_bg_::StoreFormats() {
   firma.RECORD_SAVE(1);
 }
 
-void frm_Admin_bg_::Import() {}
+void frm_Admin_bg_::Import() {
+  if (dbImport[0].Value()) return;
+  const std::string file = Trim(txtImportPath.Text());
+  program_.platform.ui.SetBusy(true);
+  const ImportResult result = dbImport[1].Value() ? ImportCustomers(program_, file) : ImportArticles(program_, file);
+  program_.platform.ui.SetBusy(false);
+  const bool whole = result.error.empty() && result.rows_left_out == 0;
+  program_.ShowMessage(Summary(program_, result), whole ? MessageKind::kInformation : MessageKind::kWarning);
+}
 
 }  // namespace ostrinka

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "company/tables.h"
+#include "exchange/import_check.h"
 #include "masterdata/company_data.h"
 #include "masterdata/postal.h"
 
@@ -52,7 +53,10 @@ void frm_Admin_bg_::RegisterControls() {
 }
 
 void frm_Admin_bg_::LayOut() {
-  Page("WELCOME", "bg.page.welcome").Info("bg.welcome.text").Info("bg.welcome.need").Info("bg.welcome.keys");
+  Page("WELCOME", "bg.page.welcome")
+      .Info("bg.welcome.text")
+      .Side({GroupLayout("bg.grp.need").Info("bg.welcome.need")})
+      .Side({GroupLayout("bg.grp.keys").Info("bg.welcome.keys")});
   Page("DATABASE", "bg.page.database")
       .Info("bg.database.text")
       .Side({GroupLayout("bg.grp.place")
@@ -69,7 +73,7 @@ void frm_Admin_bg_::LayOut() {
                  .Row({{"", dbImport[1], 12}})
                  .Row({{"", dbImport[2], 12}})
                  .Row({{"bg.lbl.importpath", txtImportPath, 9}, {"", btnImportBrowse, 3}})})
-      .Side({GroupLayout("bg.grp.columns").Info("bg.import.columns")});
+      .Side({GroupLayout("bg.grp.columns").Info("bg.import.columns").Info("bg.import.customers").Info("bg.import.articles")});
   LayOutCompany();
   Buttons({{"bg.btn.prev", btnPrev}, {"bg.btn.next", btnNext}, {"bg.btn.ok", btnOk}, {"bg.btn.cancel", btnCancel, kCancel}});
   Steps({&btnPrev, &btnNext, &btnOk});
@@ -85,10 +89,10 @@ void frm_Admin_bg_::LayOutCompany() {
              GroupLayout("usr.grp.numbers", 5)
                  .Row({{"usr.lbl.nip", TxtNIP, 6}, {"usr.lbl.nipeu", txtNIPEU, 6}})
                  .Row({{"usr.lbl.regon", txtRegon, 6}, {"usr.lbl.krs", txtKRS, 6}})})
-      .Side({GroupLayout("usr.grp.bank", 7)
+      .Side({GroupLayout("usr.grp.bank", 6)
                  .Row({{"usr.lbl.bank", txtBank, 8}, {"usr.lbl.swift", txtSWIFT, 4}})
                  .Row({{"usr.lbl.account", txtKonto, 12}}),
-             GroupLayout("usr.grp.contact", 5)
+             GroupLayout("usr.grp.contact", 6)
                  .Row({{"usr.lbl.phone", txtTelefon, 6}, {"usr.lbl.fax", txtFaks, 6}})
                  .Row({{"usr.lbl.email", txtEMail, 6}, {"usr.lbl.www", txtWWW, 6}})});
 }
@@ -173,9 +177,10 @@ void frm_Admin_bg_::Finish() {
 // --- what a step must hold
 
 bool frm_Admin_bg_::Check(size_t step) {
-  bool (frm_Admin_bg_::*const checks[])() = {nullptr, &frm_Admin_bg_::CheckDatabase, &frm_Admin_bg_::CheckImport,
-                                             &frm_Admin_bg_::CheckCompany};
-  const bool fine = !checks[step] || (this->*checks[step])();
+  const bool fine = step == kDatabaseStep  ? CheckDatabase()
+                    : step == kImportStep  ? CheckImport()
+                    : step == kCompanyStep ? CheckCompany()
+                                           : true;
   SetPageDone(pages()[step].key, fine);
   return fine;
 }
@@ -214,12 +219,9 @@ bool frm_Admin_bg_::CanWrite(const std::string& folder) {
   std::string nearest = folder;
   while (!files.FolderExists(nearest)) {
     const size_t end = nearest.find_last_not_of('/');
-    const size_t slash = end == std::string::npos ? end : nearest.find_last_of('/', end);
-    if (slash == std::string::npos) {
-      nearest = "./";
-      break;
-    }
-    nearest.resize(slash + 1);
+    if (end == std::string::npos || files.FileExists(nearest.substr(0, end + 1))) return false;
+    const size_t slash = nearest.find_last_of('/', end);
+    nearest = slash == std::string::npos ? "./" : nearest.substr(0, slash + 1);
   }
   const std::string probe = nearest + kProbe;
   if (files.FileExists(probe)) return true;
@@ -237,7 +239,8 @@ bool frm_Admin_bg_::MeetCompany(const std::string& folder, const std::string& us
   met_ = folder;
   const bool filled = table.RECORD_COUNT() >= 1 && table.RECORD_LOAD(1);
   if (filled) TakeDetails(table);
-  program_.Message("bg.msg.existing", MessageKind::kInformation, {Trim(txtNazwaFirmy.Text())});
+  const std::string name = Trim(txtNazwaFirmy.Text());
+  program_.Message("bg.msg.existing", MessageKind::kInformation, {filled && !name.empty() ? "\r\n" + name : ""});
   return true;
 }
 
@@ -265,7 +268,8 @@ bool frm_Admin_bg_::CheckImport() {
   if (!program_.platform.files.FileExists(file)) {
     return Refuse(kImportStep, txtImportPath, program_.Text("bg.msg.filemissing", {file}), MessageKind::kError);
   }
-  return true;
+  const std::string fault = dbImport[1].Value() ? CustomersFileFault(program_, file) : ArticlesFileFault(program_, file);
+  return fault.empty() || Refuse(kImportStep, txtImportPath, fault, MessageKind::kError);
 }
 
 // A doubtful number is told once: foreign accounts and old numbers do not check, and are right all the same.

@@ -15,12 +15,12 @@ bool FileSystem::ReadAll(const std::string& path, std::string& content, int64_t 
   return read >= 0;
 }
 
-bool FileSystem::WriteAll(const std::string& path, std::string_view content) {
+bool FileSystem::WriteAll(const std::string& path, std::string_view content, bool flush) {
   const std::string neighbour = path + "~";
   {
     const std::unique_ptr<File> file = Open(neighbour, OpenMode::kCreate);
     if (!file) return false;
-    if (!file->Resize(0) || !file->WriteAt(0, content.data(), content.size())) {
+    if (!file->Resize(0) || !file->WriteAt(0, content.data(), content.size()) || (flush && !file->Flush())) {
       Remove(neighbour);
       return false;
     }

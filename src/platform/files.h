@@ -25,6 +25,8 @@ class File {
   // All or nothing is promised to the caller only in the result: false when any byte was not written.
   virtual bool WriteAt(int64_t position, const void* from, size_t length) = 0;
   virtual bool Resize(int64_t length) = 0;
+  // Returns when what was written stands on the disk.
+  virtual bool Flush() = 0;
   // Locks of this open file (not of the process) on a range of bytes. Never waits: false when another open file holds a lock in the way.
   virtual bool Lock(int64_t position, int64_t length, bool exclusive) = 0;
   virtual bool Unlock(int64_t position, int64_t length) = 0;
@@ -53,9 +55,10 @@ class FileSystem {
   // Gives back the memory that views of files occupy; those in use stay.
   virtual void DropViews() {}
 
-  // Whole files. Read gives false when absent, unreadable or above `limit` bytes; Write replaces the file through a neighbour and a rename.
+  // Whole files. Read gives false when absent, unreadable or above `limit` bytes; Write replaces the file through a neighbour and a rename,
+  // and waits for the disk before the rename unless `flush` is false: a crash then leaves the former content or the new one.
   bool ReadAll(const std::string& path, std::string& content, int64_t limit = int64_t{1} << 30);
-  bool WriteAll(const std::string& path, std::string_view content);
+  bool WriteAll(const std::string& path, std::string_view content, bool flush = true);
 };
 
 }  // namespace ostrinka

@@ -10,7 +10,7 @@ namespace ostrinka {
 class Form;
 class frm_DocPreview;
 
-// Kinds of message boxes: a question has yes and no, the others one button.
+// Kinds of message boxes: a question is a warning with yes and no, the others have one button.
 enum class MessageKind { kPlain = 0, kError = 16, kWarning = 48, kQuestion = 52, kInformation = 64 };
 enum class Answer { kOk, kCancel, kYes, kNo };
 

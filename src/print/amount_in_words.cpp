@@ -126,8 +126,9 @@ std::string AmountInWords(const Program& program, int32_t amount, bool compact, 
 }
 
 std::string TotalInWords(const Program& program, double total, std::string_view grammar) {
+  if (!(std::fabs(total) < 2147483648.0)) return program.Text("wd.err");
+  total = RoundByPattern(total, "0.00");  // a sum of rounded lines can lie a hair below a whole number
   const double major = std::trunc(total);
-  if (!(std::fabs(major) <= 2147483647.0)) return program.Text("wd.err");
   const auto minor = static_cast<int32_t>(RoundByPattern((total - major) * 100, "0"));
   return Trim(AmountInWords(program, static_cast<int32_t>(major), false, 1, grammar)) + " " +
          Trim(AmountInWords(program, minor, false, 2, grammar));

@@ -61,10 +61,18 @@ bool frm_DocPreview::UserCommand(std::string_view key) {
   return true;
 }
 
-void frm_DocPreview::Print() { RunPrinter(program_); }
-void frm_DocPreview::MakePdf() { SaveJobAsPdf(program_); }
-void frm_DocPreview::ZoomOut() { Zoom(zoom_ - kZoomStep); }
-void frm_DocPreview::ZoomIn() { Zoom(zoom_ + kZoomStep); }
+void frm_DocPreview::Print() {
+  RunPrinter(program_);
+}
+void frm_DocPreview::MakePdf() {
+  SaveJobAsPdf(program_);
+}
+void frm_DocPreview::ZoomOut() {
+  Zoom(zoom_ - kZoomStep);
+}
+void frm_DocPreview::ZoomIn() {
+  Zoom(zoom_ + kZoomStep);
+}
 
 void frm_DocPreview::Zoom(double zoom) {
   zoom_ = std::clamp(zoom, kLeastZoom, kMostZoom);
@@ -76,14 +84,24 @@ void frm_DocPreview::Close() {
   open_ = false;
 }
 
-std::string frm_DocPreview::PercentText() const { return std::to_string(std::lround(zoom_ * 100)) + "%"; }
+std::string frm_DocPreview::PercentText() const {
+  return std::to_string(std::lround(zoom_ * 100)) + "%";
+}
 
 // --- the stack of sheets
 
-int frm_DocPreview::Pages() const { return job_ ? job_->Page() : 0; }
-double frm_DocPreview::Scale() const { return kPixelsPerMm * zoom_; }
-double frm_DocPreview::Width() const { return width_ * Scale(); }
-double frm_DocPreview::Height() const { return height_ * Scale(); }
+int frm_DocPreview::Pages() const {
+  return job_ ? job_->Page() : 0;
+}
+double frm_DocPreview::Scale() const {
+  return kPixelsPerMm * zoom_;
+}
+double frm_DocPreview::Width() const {
+  return width_ * Scale();
+}
+double frm_DocPreview::Height() const {
+  return height_ * Scale();
+}
 
 RectF frm_DocPreview::Sheet(int page) const {
   if (page < 1 || page > Pages()) return {};

@@ -1,7 +1,7 @@
 // The print preview as a model: the sheets of a job one below the other, the zoom, the commands, the place of the window.
 //
-// A front end shows the commands, hands in what the person does, and lets ref_ draw the part of the stack that is in sight. Lengths in pixels
-// are those of a window at its plain size, whatever the screen's density.
+// A front end shows the commands, hands in what the person does, and lets ref_ draw the part of the stack that is in sight. Lengths in
+// pixels are those of a window at its plain size, whatever the screen's density.
 #pragma once
 
 #include <limits>
@@ -50,9 +50,9 @@ class frm_DocPreview {
   double Width() const;
   double Height() const;
   RectF Sheet(int page) const;
-  int PageAt(double y) const;              // a gap belongs to the page above it; the first or the last one beyond the ends; 0 without pages
-  std::string PlaceText(int page) const;   // "Strona 2 z 3"
-  std::string WordsOf(int page) const;     // what is written on a page, line by line, for those who do not see it
+  int PageAt(double y) const;             // a gap belongs to the page above it; the first or the last one beyond the ends; 0 without pages
+  std::string PlaceText(int page) const;  // "Strona 2 z 3"
+  std::string WordsOf(int page) const;    // what is written on a page, line by line, for those who do not see it
 
   // Draws the sheets on a surface whose corner is that of the stack. Those that do not reach into the strip from `top` to `bottom` are left
   // out, so that a job of hundreds of pages costs no more than what is in sight.
@@ -85,7 +85,7 @@ class frm_DocPreview {
 
   Program& program_;
   std::shared_ptr<ClassPRINT> job_;
-  std::vector<double> tops_;  // of the sheets, mm
+  std::vector<double> tops_;       // of the sheets, mm
   double width_ = 0, height_ = 0;  // of the stack, mm
   double zoom_ = 1;
   bool open_ = true, running_ = false;

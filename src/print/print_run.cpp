@@ -119,24 +119,26 @@ void SaveJobAsPdf(Program& program) {
 
 bool RunPrinter(Program& program) {
   if (!program.CurrentPrintJob) return false;
-  const ClassPRINT& job = *program.CurrentPrintJob;
+  const std::shared_ptr<ClassPRINT> job = program.CurrentPrintJob;
   Printer& printer = program.platform.printer;
   const Printer::State state = printer.Query();
   if (state != Printer::State::kReady || !printer.StartDocument("Velmora.Ostrinka")) {
     program.Message(state == Printer::State::kMissing ? "msg.info.printernotfound" : "msg.info.printerror", MessageKind::kError);
     return false;
   }
-  for (int32_t page = 1; page <= job.Page(); ++page) {
-    program.Status(program.Text("prntpv.printing", {std::to_string(page), std::to_string(job.Page())}));
+  program.platform.ui.SetBusy(true);  // what is pressed meanwhile waits
+  for (int32_t page = 1; page <= job->Page(); ++page) {
+    program.Status(program.Text("prntpv.printing", {std::to_string(page), std::to_string(job->Page())}));
     program.platform.ui.TurnEvents();
     double pixels_per_mm = 0;
-    Canvas* sheet = printer.StartPage(job.Page_Width(page) > job.Page_Height(page), pixels_per_mm);
+    Canvas* sheet = printer.StartPage(job->Page_Width(page) > job->Page_Height(page), pixels_per_mm);
     if (!sheet) continue;
-    program.CurrentPrintJob->PRINT_PAGE_(page, sheet, pixels_per_mm);
+    job->PRINT_PAGE_(page, sheet, pixels_per_mm);
     printer.EndPage();
   }
   const std::string name = printer.Name();
   const bool sent = printer.EndDocument();
+  program.platform.ui.SetBusy(false);
   program.Status(sent ? program.Text("prntpv.printed", {name}) : "");
   return true;
 }

@@ -103,6 +103,9 @@ int32_t ReadRow(Program& program, SalesDocument& document) {
 bool SalesLine::PricesAgree() const {
   const int64_t net_raw = net_price.raw(), gross_raw = gross_price.raw();
   if (net_raw == 0 || gross_raw == 0) return net_raw == gross_raw;
+  // A price counted from the other one is right to single precision.
+  const double difference = std::fabs(static_cast<double>(gross_raw) - static_cast<double>(net_raw));
+  if (difference <= 1e-6 * std::fabs(static_cast<double>(net_raw))) return true;
   return (net_raw < 0) == (gross_raw < 0) && (net_raw < 0 ? gross_raw <= net_raw : gross_raw >= net_raw);
 }
 

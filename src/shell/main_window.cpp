@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "company/column_widths.h"
 #include "documents/subscriptions.h"
 #include "masterdata/connection_form.h"
 
@@ -20,6 +21,8 @@ struct TabTable {
 constexpr TabTable kTabs[] = {{"SPRZEDAŻ", kDokSprzed}, {"ZAKUP", kDokZakupu}, {"KONTRAHENCI", kKontrahenci},
                               {"TOWARYUSŁUGI", kTowaryUslugi}, {"ZESTAWIENIA", -1}, {"SŁOWNIKI", -2}};
 
+constexpr double kLeastZoom = 0.5, kMostZoom = 2;  // of the list; beyond them it cannot be read
+
 // Prefix of the record commands of a tab.
 std::string RecordPrefix(std::string_view tab) {
   if (tab == "KONTRAHENCI") return "KONTRAHENT";
@@ -35,6 +38,7 @@ MainWindow::MainWindow(Program& program) : ribbon(program.catalogue), dictionary
   ribbon.ButtonChecked("SPRZEDAŻ.TRYBDRUKU_ORG", true);
   ribbon.ButtonChecked("SPRZEDAŻ.TRYBDRUKU_ORG.S_", true);
   ribbon.ButtonChecked("SPRZEDAŻ.GPP", program_.settings.Boolean(kOstrinka, "Menu", "GPP", false));
+  ribbon.ButtonChecked("ZESTAWIENIA.OKRES.WSZYSTKIE", true);
   const bool exports = program_.settings.Integer(kCommon, "GUI", "ShMenuExp", 0) == 1;
   ribbon.PopupMenuVisible("EXPORT", exports);
   ribbon.PopupMenuVisible("EK.BRK", exports);
@@ -127,6 +131,15 @@ void MainWindow::RebuildCurrencyChoice() {
     if (!currencies.RECORD_EXIST(n) || !currencies.RECORD_LOAD(n)) continue;
     ribbon.AddListItem(kList, "ZESTAWIENIA.WALUTA." + std::to_string(n), currencies.Text("KODWAL") + " - " + currencies.Text("NAZWA"));
   }
+  // The button shows the currency that the reports are counted in.
+  const std::string chosen = "ZESTAWIENIA.WALUTA." + std::to_string(program_.settings.Integer(kOstrinka, "Reports", "Currency", 1));
+  const auto& items = ribbon.ListItems(kList);
+  for (auto item = items.rbegin(); item != items.rend(); ++item) {
+    if (item->first == chosen || item->first == items.front().first) {
+      ribbon.ButtonText(kList, item->second);
+      break;
+    }
+  }
 }
 
 int MainWindow::ViewTableNumber() const {
@@ -197,7 +210,7 @@ void MainWindow::UserSortByColumn(int column) {
 }
 
 bool MainWindow::UserKey(int code) {
-  constexpr int kEnter = 13, kAlt = 18, kBlank = 32, kDelete = 46, kF1 = 112, kF5 = 116;
+  constexpr int kEnter = 13, kAlt = 18, kBlank = 32, kInsert = 45, kDelete = 46, kF1 = 112, kF5 = 116;
   if (code == kAlt) {
     ribbon.AltState(!ribbon.AltState());
     return true;
@@ -224,9 +237,9 @@ bool MainWindow::UserKey(int code) {
   dictionary.VSC_GOTO_END_();
   const std::string prefix = RecordPrefix(ribbon.TabID());
   if (code == kBlank) return CurrentTable == -2 && dictionary.ChangeMark(DictionaryTable, CurrentRecord(DictionaryTable));
-  if (code == kEnter || code == kDelete) {
+  if (code == kEnter || code == kInsert || code == kDelete) {
     if (CurrentTable == -1) return false;
-    return Run(prefix + (code == kEnter ? ".EDYTUJ" : ".USUŃ"), -1);
+    return Run(prefix + (code == kEnter ? ".EDYTUJ" : code == kInsert ? ".DODAJ" : ".USUŃ"), -1);
   }
   if (code == kF1) return Run("HELP", -1);
   if (code >= kF5 && code < kF5 + static_cast<int>(std::size(kTabs))) return UserTab(kTabs[code - kF5].tab);
@@ -254,7 +267,13 @@ void MainWindow::ref_() {
   if (table && selected_[static_cast<size_t>(number)].lock() != program_.tables[static_cast<size_t>(number)]) {
     // A list is filled when it is first shown, not at the opening of the company.
     selected_[static_cast<size_t>(number)] = program_.tables[static_cast<size_t>(number)];
-    shown_order_[static_cast<size_t>(number)] = {};
+    sort_[static_cast<size_t>(number)] = shown_order_[static_cast<size_t>(number)] = {};
+    filtered_[static_cast<size_t>(number)] = false;
+    for (const TabTable& row : kTabs) {
+      if (row.table != number) continue;
+      ClearPeriod(row.tab);
+      ClearLetters(row.tab);
+    }
     const bool before = std::exchange(running_, true);  // a large table lets events run
     table->SELECTION("~", "*", "", ordAsc);
     running_ = before;
@@ -292,6 +311,7 @@ void MainWindow::ScrollShow_(bool show) {
 void MainWindow::ResetXRSC_() { column_order_.clear(); }
 
 void MainWindow::SET_QDB_() {
+  if (program_.database_open) SaveColumnWidths(program_);  // another company may be opened
   frm_Admin_qdb_ form(program_);
   form.reload_();
   program_.platform.ui.ShowModal(form);
@@ -303,7 +323,7 @@ void MainWindow::StatusText(const std::string& text) {
 }
 
 void MainWindow::Zoom(double zoom) {
-  zoom_ = std::clamp(zoom, 0.1, 10.0);
+  zoom_ = std::clamp(zoom, kLeastZoom, kMostZoom);
   ref_();
 }
 
@@ -317,7 +337,7 @@ void MainWindow::read_window_() {
   placement.left = number("Left", placement.left);
   placement.top = number("Top", placement.top);
   const float percent = number("Zoom", 100);
-  zoom_ = percent < 10 ? 1.0 : std::clamp(percent / 100.0, 0.1, 10.0);
+  zoom_ = percent < 10 ? 1.0 : std::clamp(percent / 100.0, kLeastZoom, kMostZoom);
   placement.state = program_.settings.Integer(kOstrinka, kPlace, "WinState", placement.state);
 }
 

@@ -58,6 +58,8 @@ class MainWindow : public MainView {
   TableLook Look() const;
   // The column, from 1 of those on show, that the list is ordered by, and ordAsc or ordDesc; 0 for none.
   std::pair<int, int> ViewOrder();
+  // Whether a choice keeps records off the list on show.
+  bool ViewFiltered() const { return ViewTableNumber() > 0 && filtered_[static_cast<size_t>(ViewTableNumber())]; }
   int first_row() const { return first_row_; }
   void FirstRow(int row) { first_row_ = row; }
   double zoom() const { return zoom_; }
@@ -73,7 +75,7 @@ class MainWindow : public MainView {
   void read_window_();
 
   // Period of the reports.
-  bool ReportAllDates = true;
+  bool ReportAllDates = false;
   Date ReportDateFrom, ReportDateTo;
 
   int16_t CurrentTable = kDokSprzed;
@@ -101,6 +103,7 @@ class MainWindow : public MainView {
   void AddCustomer(const Command& command, int argument);
   void AddArticle(const Command& command, int argument);
   void EditRecord(const Command& command, int argument);
+  void CloneRecord(const Command& command, int argument);
   void DeleteRecord(const Command& command, int argument);
   void MoveRecord(const Command& command, int argument);
   void FindRecords(const Command& command, int argument);
@@ -141,11 +144,16 @@ class MainWindow : public MainView {
   void TickPeriod(const Command& command);
   void RerunReport();
   std::string PeriodPrefix(const Command& command) const;
+  // Of the tools of a tab, named by its key: those of the period, and the letters.
+  void ClearPeriod(std::string_view tab);
+  void ClearLetters(std::string_view tab);
+  void Chosen(const Command& command, bool filtered);
   void RebuildCurrencyChoice();
   void PickMode(const RibbonRow& row);
   void ToggleGpp();
   void ShowFiscalEntry();
   void Refuse(const char* message_key);
+  void Fail();  // says that something could not be written
   void EditSalesDocument(frm_Dok_sprzed& form);
   void PreviewJob(const std::string& subject);
 
@@ -154,6 +162,7 @@ class MainWindow : public MainView {
   int first_row_ = 1;
   double zoom_ = 1;
   std::array<std::weak_ptr<ClassQDBASE>, kTableSlots + 1> selected_;  // tables whose records were selected once
+  std::array<bool, kTableSlots + 1> filtered_{};
   std::array<SortState, kTableSlots + 1> sort_, shown_order_;  // what the next search keeps to; what the list shows now
   std::map<std::pair<int, int>, int> column_order_;             // last direction by table and field
 };

@@ -18,6 +18,12 @@ namespace {
 constexpr const char* kEmptiedFields[] = {"TYP",           "NR_DOK",          "ID_DOK",  "KONTRAHENT", "WYSTAWIL", "FORMA_PLATNOSCI",
                                           "WARTOSC_NETTO", "WARTOSC_BRUTTO ", "DOTYCZY", "KOREKTA"};
 
+bool SetCorrection(ClassQDBASE& documents, int32_t corrected, int32_t correction) {
+  if (!documents.RECORD_LOAD(corrected)) return false;
+  documents.FIELD("KOREKTA", correction);
+  return documents.RECORD_SAVE(corrected);
+}
+
 }  // namespace
 
 int32_t MainWindow::CurrentRecord(int number) {
@@ -73,6 +79,20 @@ void MainWindow::AddArticle(const Command&, int) {
   program_.platform.ui.ShowModal(form);
 }
 
+// A new record filled from the current one.
+void MainWindow::CloneRecord(const Command& command, int) {
+  const int32_t record = CurrentRecord(command.table);
+  if (record == 0) {
+    program_.Message("msg.info.norecordstoedit", MessageKind::kInformation);
+    return;
+  }
+  const auto show = [&](auto&& form) {
+    form.clone_(record);
+    program_.platform.ui.ShowModal(form);
+  };
+  command.table == kKontrahenci ? show(frm_Kontrahenci_(program_)) : show(frm_TowUslugi_(program_));
+}
+
 void MainWindow::EditRecord(const Command& command, int) {
   const int32_t record = CurrentRecord(command.table);
   if (record == 0) {
@@ -98,6 +118,8 @@ void MainWindow::EditRecord(const Command& command, int) {
   }
 }
 
+void MainWindow::Fail() { program_.Message("msg.info.error", MessageKind::kError); }
+
 void MainWindow::DeleteRecord(const Command& command, int) {
   const int32_t record = CurrentRecord(command.table);
   if (record == 0) {
@@ -111,6 +133,7 @@ void MainWindow::DeleteRecord(const Command& command, int) {
     return;
   }
   ClassQDBASE& table = Table(program_, command.table);
+  int32_t corrected = 0;  // the document that loses its correction
   if (command.table == kDokSprzed) {
     table.RECORD_LOAD(record);
     const int32_t correction = table.Int("KOREKTA");
@@ -119,19 +142,20 @@ void MainWindow::DeleteRecord(const Command& command, int) {
       program_.platform.ui.Beep();
       return;
     }
-    const int32_t corrected = table.Int("DOTYCZY");
-    if (corrected >= 1 && table.RECORD_LOAD(corrected)) {
-      table.FIELD("KOREKTA", int32_t{0});
-      table.RECORD_SAVE(corrected);
-    }
+    corrected = table.Int("DOTYCZY");
+    if (corrected >= 1 && (!table.RECORD_LOAD(corrected) || table.Int("KOREKTA") != record)) corrected = 0;
+    if (corrected >= 1 && !SetCorrection(table, corrected, 0)) return Fail();
     table.RECORD_LOAD(record);
     for (const char* field : kEmptiedFields) table.FIELD(field, int32_t{0});
     if (!table.RECORD_SAVE(record)) {
-      program_.Message("msg.info.error", MessageKind::kError);
-      return;
+      if (corrected >= 1) SetCorrection(table, corrected, record);
+      return Fail();
     }
   }
-  if (!table.RECORD_DELETE(record)) program_.Message("msg.info.error", MessageKind::kError);
+  if (!table.RECORD_DELETE(record)) {
+    if (corrected >= 1) SetCorrection(table, corrected, record);
+    Fail();
+  }
   refresh_tasks_();
 }
 

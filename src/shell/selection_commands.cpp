@@ -1,5 +1,6 @@
 // Period, sort, alphabet and find: what is chosen from a list and in which order.
 #include "base/text.h"
+#include "engine/find_filter.h"
 #include "shell/main_window.h"
 
 namespace ostrinka {
@@ -51,6 +52,21 @@ constexpr const char* kPeriodTools[] = {".OKRES.DZISIAJ", ".OKRES.BIEŻĄCY", ".
 
 }  // namespace
 
+// After a choice: a list that holds something has a current record, which the commands that follow work on.
+void MainWindow::Chosen(const Command& command, bool filtered) {
+  ClassQDBASE& table = Table(program_, command.table);
+  if (!table.RECORD_SELECT(table.RECORD_POSITION())) table.MOVE_FIRST();
+  filtered_[static_cast<size_t>(command.table)] = filtered;
+}
+
+void MainWindow::ClearLetters(std::string_view tab) {
+  for (const RibbonRow* row : ribbon.Children(std::string(tab) + ".SELEKCJA.ALFABET")) ribbon.ButtonChecked(row->key, false);
+}
+
+void MainWindow::ClearPeriod(std::string_view tab) {
+  for (const char* tool : kPeriodTools) ribbon.ButtonChecked(std::string(tab) + tool, false);
+}
+
 std::string MainWindow::PeriodPrefix(const Command& command) const {
   return std::string(command.key.substr(0, command.key.find('.')));
 }
@@ -67,11 +83,13 @@ void MainWindow::PeriodToday(const Command& command, int) {
   TickPeriod(command);
   const Date today = program_.platform.clock.Now().WithoutTime();
   Table(program_, command.table).SELECTION("~", "DATA_WYSTAWIENIA = " + today.Iso(), "", ordAsc);
+  Chosen(command, true);
 }
 
 void MainWindow::PeriodAll(const Command& command, int) {
   TickPeriod(command);
   Table(program_, command.table).SELECTION("~", "*", "", ordAsc);
+  Chosen(command, false);
 }
 
 void MainWindow::PeriodLast(const Command& command, int) {
@@ -81,6 +99,7 @@ void MainWindow::PeriodLast(const Command& command, int) {
   const Date from = today.PlusDays(-DaysBack(span, command.table));
   Table(program_, command.table)
       .SELECTION("~", "DATA_WYSTAWIENIA > " + from.Iso() + " AND DATA_WYSTAWIENIA <= " + today.Iso(), "", ordAsc);
+  Chosen(command, true);
 }
 
 void MainWindow::PeriodCurrent(const Command& command, int) {
@@ -88,12 +107,11 @@ void MainWindow::PeriodCurrent(const Command& command, int) {
   const Date today = program_.platform.clock.Now().WithoutTime();
   const Span span = ChosenSpan(program_, ribbon.ButtonText(command.key), true);
   ClassQDBASE& table = Table(program_, command.table);
-  const int32_t position = table.RECORD_POSITION();
   table.SELECTION("~", "!", "", ordAsc);
   for (int32_t n = 1, count = table.RECORD_COUNT(); n <= count; ++n) {
     if (table.RECORD_EXIST(n) && table.RECORD_LOAD(n) && InCurrent(span, table.Day("DATA_WYSTAWIENIA"), today)) table.RECORD_SHOW(n);
   }
-  if (!table.RECORD_SELECT(position)) table.MOVE_FIRST();
+  Chosen(command, true);
 }
 
 void MainWindow::ReportPeriodToday(const Command& command, int) {
@@ -167,17 +185,17 @@ void MainWindow::AlphabetRange(const Command& command, int) {
   if (bounds.empty()) {
     shown = {"NAZWA", ordAsc};
     table.SELECTION("~", "*", "NAZWA", ordAsc);
+    Chosen(command, false);
     return;
   }
   const std::string first = Lower(bounds.substr(0, 1)), last = Lower(bounds.substr(1));
-  const int32_t position = table.RECORD_POSITION();
   table.SELECTION("~", "!", "", ordAsc);
   for (int32_t n = 1, count = table.RECORD_COUNT(); n <= count; ++n) {
     if (!table.RECORD_EXIST(n) || !table.RECORD_LOAD(n)) continue;
     const std::string letter = Lower(LeftCharacters(table.Text("NAZWA"), 1));
     if (!letter.empty() && letter >= first && letter <= last) table.RECORD_SHOW(n);
   }
-  if (!table.RECORD_SELECT(position)) table.MOVE_FIRST();
+  Chosen(command, true);
 }
 
 void MainWindow::FindRecords(const Command& command, int) {
@@ -185,19 +203,10 @@ void MainWindow::FindRecords(const Command& command, int) {
   const SortState& sort = sort_[static_cast<size_t>(command.table)];
   shown_order_[static_cast<size_t>(command.table)] = sort;
   const bool all = ribbon.ButtonText(command.key) == program_.Text("mdi.records.showall");
-  const std::string text = ReplaceAll(Trim(ribbon.FindText()), "\"", "");
-  if (all || text.empty()) {
-    table.SELECTION("~", "*", sort.field, sort.order);
-    return;
-  }
-  std::string filter;
-  for (int n = 1; n <= table.FIELD_COUNT(); ++n) {
-    const std::string name = table.FIELD_NAME(n);
-    if (!filter.empty()) filter += " OR ";
-    filter += table.FIELD_TYPE(n) == kText ? name + " # \"" + text + "\"" : name + " = " + text;
-  }
+  const std::string filter = all ? "*" : FindFilter(table, ribbon.FindText());
   table.SELECTION("~", filter, sort.field, sort.order);
-  if (!table.RECORD_SELECT(table.RECORD_POSITION())) table.MOVE_FIRST();
+  ClearLetters(PeriodPrefix(command));
+  Chosen(command, filter != "*");
 }
 
 }  // namespace ostrinka

@@ -203,6 +203,10 @@ TEST_F(CompanyTest, ALoginThatMayOnlyReadOpensTheCompany) {
   }
   SetLogin("guest", "guest");
   EXPECT_TRUE(Open());
+  ClassQDBASE& currencies = Table(program, kWaluty);
+  ASSERT_TRUE(currencies.RECORD_LOAD(2));
+  EXPECT_EQ(PricePattern(program, 1, true), "0.00 zł");
+  EXPECT_EQ(currencies.Text("KODWAL"), "EUR");  // the record on show is still in the buffer
   Table(program, kFirma).RECORD_DELETE(1);
   EXPECT_TRUE(Table(program, kFirma).RECORD_EXIST(1));
 }

@@ -87,6 +87,12 @@ TEST_F(AttachmentTest, AScanIsAddedFoundAgainOpenedDeletedAndItsRoomGivenBack) {
     EXPECT_EQ(platform.ui.opened[0], platform.folder / "tmp/Umowa żółta.png");
     EXPECT_EQ(Bytes(platform.ui.opened[0]), Bytes(scan_path + ".kept"));
   });
+  Click("memoDel");  // answered with no
+  Then([&] {
+    EXPECT_EQ(List("memoCONTROL").count(), 1);
+    EXPECT_EQ(platform.ui.messages.back().first, program.Text("common.delattachment", {"Umowa żółta.png"}));
+    platform.ui.answers = {Answer::kYes};
+  });
   Click("memoDel");
   Then([&] { EXPECT_EQ(List("memoCONTROL").count(), 0); });
   Press(Qt::Key_Return, Qt::ControlModifier);
@@ -94,7 +100,7 @@ TEST_F(AttachmentTest, AScanIsAddedFoundAgainOpenedDeletedAndItsRoomGivenBack) {
   EXPECT_GT(Stored("dok_sprzed"), 0) << "the room is free, not gone";
   OSTEngine(program).close_(true);
   EXPECT_EQ(Stored("dok_sprzed"), 0);
-  EXPECT_EQ(platform.ui.messages.size(), 1u) << "only the question";
+  EXPECT_EQ(platform.ui.messages.size(), 3u) << "only the questions";
 }
 
 TEST_F(AttachmentTest, WhatCannotBeAttachedIsToldAndNothingIsStored) {
@@ -119,9 +125,38 @@ TEST_F(AttachmentTest, WhatCannotBeAttachedIsToldAndNothingIsStored) {
   EXPECT_LT(Stored("kontrahenci"), 1);
 }
 
+TEST_F(AttachmentTest, TheMarkedLineIsTheFileThatWasAddedAndEachShowsItsKind) {
+  const char* const names[] = {"a.png", "b.pdf", "c.xlsx", "d.jpg"};
+  for (const char* name : names) std::ofstream(platform.folder / name) << "content";
+  OpenWindow();
+  EditFirstCustomer();
+  for (const char* name : names) {
+    Then([this, name] { platform.ui.file_answers = {platform.folder / name}; });
+    Click("memoAdd_");
+    Then([this, name] {
+      ASSERT_NE(List("memoCONTROL_").currentItem(), nullptr);
+      EXPECT_EQ(List("memoCONTROL_").currentItem()->text(), name);
+    });
+  }
+  Then([&] {
+    QListWidget& list = List("memoCONTROL_");
+    ASSERT_EQ(list.count(), 4);
+    const auto picture = [&](int row) { return list.item(row)->icon().pixmap(16).toImage(); };
+    EXPECT_EQ(picture(0), picture(3)) << "both are pictures";
+    EXPECT_NE(picture(0), picture(1));
+    EXPECT_NE(picture(1), picture(2));
+    list.setCurrentRow(1);
+    platform.ui.answers = {Answer::kYes};
+  });
+  Click("memoDel_");
+  Then([&] { EXPECT_EQ(List("memoCONTROL_").currentItem()->text(), "c.xlsx"); });
+  Press(Qt::Key_Escape);
+  Work();
+}
+
 TEST_F(AttachmentTest, AStoredNameNeverLeavesTheTemporaryFolder) {
   const std::string companion = platform.folder / "firma/kontrahenci.ovd.memo";
-  const auto memo = MemoFile::Open(platform.files, companion);
+  const auto memo = MemoFile::Open(platform.platform, companion);
   ASSERT_TRUE(memo);
   for (const char* name : {"../../firma/version.ovd", "/etc/ostrinka-test", "..\\..\\kontrahenci.ovd", "..", "C:evil.png"}) {
     ASSERT_TRUE(memo->Add(name, "MEMO_", 1, "content"));

@@ -25,6 +25,7 @@
 #include "masterdata/customer_form.h"
 #include "masterdata/further_accounts_form.h"
 #include "masterdata/goods_form.h"
+#include "masterdata/individual_accounts_form.h"
 #include "masterdata/wizard_form.h"
 
 namespace ostrinka {
@@ -254,7 +255,12 @@ TEST_F(FormWindowTest, AListOpensWithTheBlankKeyAndIsSearchedByTyping) {
   TypeKey(At(sampler.other), Qt::Key_Space, {}, " ");
   EXPECT_TRUE(static_cast<QComboBox&>(At(sampler.other)).view()->isVisible());
   static_cast<QComboBox&>(At(sampler.other)).hidePopup();
-  TypeKey(At(sampler.other), Qt::Key_Down);
+  auto& other = static_cast<QComboBox&>(At(sampler.other));
+  TypeKey(other, Qt::Key_Down);  // a change of this list is heard, so that it is made in the open list
+  EXPECT_EQ(other.view()->currentIndex().row(), 1);
+  EXPECT_EQ(sampler.other.Value(), 1);
+  EXPECT_FALSE(sampler.Logged("other changed"));
+  TypeKey(*other.view(), Qt::Key_Return);
   EXPECT_EQ(sampler.other.Value(), 2);
   EXPECT_TRUE(sampler.Logged("other changed"));
   sampler.other.Clear();
@@ -321,6 +327,36 @@ TEST_F(FormWindowTest, ATableFollowsArrowsAndTheMouse) {
   EXPECT_TRUE(sampler.Logged("table double"));
 }
 
+TEST_F(FormWindowTest, AccountsOfManyCustomersAreTypedInARowEachOverTheOldOne) {
+  for (const char* name : {"Hotel", "Stolarnia", "Zajazd"}) AddCustomer(name);
+  frm_Admin_usr_konta_ form(program);
+  form.reload_();
+  Open(form);
+  ASSERT_EQ(QApplication::focusWidget(), &At(form.txtZnajdź));
+  Type(form.txtZnajdź, "a");
+  EXPECT_EQ(form.SQL_Pic.source->Rows(), 2);
+  Press(Qt::Key_Return);
+  for (const char* account : {"12", "34"}) {
+    ASSERT_EQ(QApplication::focusWidget(), &At(form.txtKontoIndywidualne));
+    Type(form.txtKontoIndywidualne, account);
+    Press(Qt::Key_Return);
+  }
+  ASSERT_EQ(QApplication::focusWidget(), &At(form.txtZnajdź)) << "after the last one found";
+  for (const char* account : {"5", "6"}) {
+    Type(form.txtZnajdź, "Hotel");
+    EXPECT_EQ(form.txtZnajdź.Text(), "Hotel") << "typed over what was there";
+    Press(Qt::Key_Return);
+    Type(form.txtKontoIndywidualne, account);
+    Press(Qt::Key_Return);
+  }
+  std::string stored;
+  for (int32_t customer : {1, 2, 3}) {
+    ASSERT_TRUE(Table(program, kKontrahenci).RECORD_LOAD(customer));
+    stored += "/" + Table(program, kKontrahenci).Text("KONTO_INDYW_RACH");
+  }
+  EXPECT_EQ(stored, "/6/12/34");
+}
+
 TEST_F(FormWindowTest, RunReturnsWhenTheFormClosesAndFormsStandInsideEachOther) {
   Sampler inner;
   sampler.ok.Clicked += [&] {
@@ -385,6 +421,8 @@ TEST_F(FormWindowTest, EveryFormOpensWithNamesTextsAndRoomForAll) {
   company.reload_();
   frm_Admin_usr_kdod_ accounts(program);
   accounts.reload_(program.company);
+  frm_Admin_usr_konta_ individual(program);
+  individual.reload_();
   frm_Admin_qdb_ connection(program);
   connection.reload_();
   frm_Admin_qdbc_ creation(program);
@@ -392,7 +430,7 @@ TEST_F(FormWindowTest, EveryFormOpensWithNamesTextsAndRoomForAll) {
   frm_Admin_bg_ wizard(program);
   wizard.reload_();
   LoginForm login(program);
-  for (Form* form : std::initializer_list<Form*>{&customers, &goods, &sales, &line, &company, &accounts, &connection, &creation, &wizard, &login}) {
+  for (Form* form : std::initializer_list<Form*>{&customers, &goods, &sales, &line, &company, &accounts, &individual, &connection, &creation, &wizard, &login}) {
     ExpectFinished(program, *look, *form);
   }
 }

@@ -136,7 +136,7 @@ TEST_F(LookTest, ABrokenFileLeavesItsElementUndrawnAndTheProgramUsable) {
       {"ones", [](const std::string& whole) { return std::string(whole.size() + 1000, '\xFF'); }},
   };
   const char* const files[] = {
-      "skins/black.skin", "Icons/qdb.01.0.ico", "Icons/btnsave.ico", "Icons/msg.question.ico", "program.lang", "printdoc.lang", "psc.bin"};
+      "skins/black.skin", "Icons/qdb.01.0.ico", "Icons/btnsave.ico", "Icons/msg.warning.ico", "program.lang", "printdoc.lang", "psc.bin"};
   for (const char* file : files) {
     const std::string whole = Bytes(app + file);
     for (const auto& row : damages) {

@@ -404,6 +404,44 @@ TEST_F(MainWindowTest, AToolWhoseFunctionIsNotPartOfThisVersionIsDisabledAndSays
   EXPECT_GT(checked, 40);
 }
 
+TEST_F(MainWindowTest, ACompanyOpenedAgainShowsAllAndTicksNothing) {
+  window->UserTab("SPRZEDAŻ");
+  window->UserCommand("SPRZEDAŻ.OKRES.DZISIAJ");
+  EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 0);
+  EXPECT_TRUE(window->ViewFiltered());
+  window->UserTab("KONTRAHENCI");
+  window->UserCommand("KONTRAHENCI.SELEKCJA.ALFABET.A-D");
+  EXPECT_TRUE(window->ribbon.ButtonChecked("KONTRAHENCI.SELEKCJA.ALFABET.A-D"));
+  window->ribbon.FindText("102");
+  window->UserCommand("KONTRAHENCI.SELEKCJA.ZNAJDŹ");
+  EXPECT_FALSE(window->ribbon.ButtonChecked("KONTRAHENCI.SELEKCJA.ALFABET.A-D"));
+  EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 1);
+  bool ok = false;
+  OSTEngine(program).open_(false, ok);
+  ASSERT_TRUE(ok);
+  window->UserTab("SPRZEDAŻ");
+  EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 2);
+  EXPECT_FALSE(window->ribbon.ButtonChecked("SPRZEDAŻ.OKRES.DZISIAJ"));
+  EXPECT_FALSE(window->ViewFiltered());
+}
+
+TEST_F(MainWindowTest, InsertAddsAndEnterEditsWhatTheTabShows) {
+  std::string opened;
+  ui.on_modal = [&](Form& form) { opened = form.form_name(); };
+  const struct {
+    const char *tab, *form;
+  } rows[] = {{"SPRZEDAŻ", "frm_Dok_sprzed"}, {"KONTRAHENCI", "frm_Kontrahenci_"}, {"TOWARYUSŁUGI", "frm_TowUslugi_"}, {"ZESTAWIENIA", ""}};
+  for (const auto& row : rows) {
+    window->UserTab(row.tab);
+    Turn();
+    for (const int key : {Qt::Key_Insert, Qt::Key_Return}) {
+      opened.clear();
+      TypeKey(view->list(), key);
+      EXPECT_EQ(opened, row.form) << row.tab << " " << key;
+    }
+  }
+}
+
 TEST_F(MainWindowTest, NothingInTheWindowIsCutOffAtItsLeastWidth) {
   view->resize(view->minimumSize());
   for (const char* tab : {"SPRZEDAŻ", "ZAKUP", "KONTRAHENCI", "TOWARYUSŁUGI", "ZESTAWIENIA", "SŁOWNIKI"}) {

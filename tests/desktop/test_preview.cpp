@@ -165,10 +165,12 @@ TEST_F(PreviewTest, AZoomButtonAtItsEndIsOffAndLeavesTheFocusToTheSheets) {
     EXPECT_FALSE(shown.Button("ZOOM.+")->isEnabled());
     EXPECT_TRUE(shown.Button("ZOOM.-")->isEnabled());
     EXPECT_EQ(shown.focusWidget(), &shown.sheets());
-    EXPECT_GT(shown.sheets().horizontalScrollBar()->maximum(), 0) << "a sheet across is wider than the view";
+    EXPECT_GT(shown.sheets().horizontalScrollBar()->maximum(), 0) << "the sheet is wider than the view";
     const int left = shown.sheets().horizontalScrollBar()->value();
     Press(shown, Qt::Key_Right);
     EXPECT_GT(shown.sheets().horizontalScrollBar()->value(), left);
+    Press(shown, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(shown.sheets().horizontalScrollBar()->maximum(), 0);
   });
 }
 
@@ -194,6 +196,9 @@ TEST_F(PreviewTest, KeysMoveThroughTheSheetsOfALongJob) {
     const int page = bar.value();
     EXPECT_GT(page, shown.sheets().viewport()->height() / 2);
     EXPECT_LT(page, shown.sheets().viewport()->height()) << "a line of what was in sight stays";
+    Press(shown, Qt::Key_Space);
+    EXPECT_EQ(bar.value(), 2 * page);
+    Press(shown, Qt::Key_Space, Qt::ShiftModifier);
     Press(shown, Qt::Key_Down);
     EXPECT_GT(bar.value(), page);
     Press(shown, Qt::Key_Up);

@@ -22,6 +22,7 @@ class WizardWindowTest : public ::testing::Test {
   WizardWindowTest() { EXPECT_TRUE(program.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang")); }
   ~WizardWindowTest() override { window.reset(); }
   void Open() {
+    window.reset();  // before its form
     look = std::make_unique<Look>(program);
     DialogStyle::Install(*look);
     form = std::make_unique<frm_Admin_bg_>(program);

@@ -10,6 +10,7 @@ class FailingFileSystem : public PosixFileSystem {
   int64_t room = -1;  // bytes by which files may still grow; -1 no limit
   bool read_only = false;
   std::vector<std::string> removed;
+  std::vector<std::string> steps;  // what was brought to the disk and what was removed, in its order
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode, std::string* error = nullptr) override {
     if (read_only && mode != OpenMode::kRead) {
@@ -17,17 +18,19 @@ class FailingFileSystem : public PosixFileSystem {
       return nullptr;
     }
     auto file = PosixFileSystem::Open(path, mode, error);
-    return file ? std::make_unique<Limited>(*this, std::move(file)) : nullptr;
+    return file ? std::make_unique<Limited>(*this, path, std::move(file)) : nullptr;
   }
   bool Remove(const std::string& path) override {
     removed.push_back(path);
+    steps.push_back("remove " + path);
     return !read_only && PosixFileSystem::Remove(path);
   }
 
  private:
   class Limited : public File {
    public:
-    Limited(FailingFileSystem& files, std::unique_ptr<File> file) : files_(files), file_(std::move(file)) {}
+    Limited(FailingFileSystem& files, std::string path, std::unique_ptr<File> file)
+        : files_(files), path_(std::move(path)), file_(std::move(file)) {}
     int64_t Size() override { return file_->Size(); }
     int64_t ReadAt(int64_t position, void* to, size_t length) override { return file_->ReadAt(position, to, length); }
     bool WriteAt(int64_t position, const void* from, size_t length) override {
@@ -40,6 +43,10 @@ class FailingFileSystem : public PosixFileSystem {
       return written && !full_;
     }
     bool Resize(int64_t length) override { return file_->Resize(length); }
+    bool Flush() override {
+      files_.steps.push_back("flush " + path_);
+      return file_->Flush();
+    }
     bool Lock(int64_t position, int64_t length, bool exclusive) override { return file_->Lock(position, length, exclusive); }
     bool Unlock(int64_t position, int64_t length) override { return file_->Unlock(position, length); }
     bool StillNamed() override { return file_->StillNamed(); }
@@ -47,6 +54,7 @@ class FailingFileSystem : public PosixFileSystem {
 
    private:
     FailingFileSystem& files_;
+    std::string path_;
     std::unique_ptr<File> file_;
     bool full_ = false;
   };

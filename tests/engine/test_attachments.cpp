@@ -1,3 +1,6 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "engine/table_fixture.h"
 
 namespace ostrinka {
@@ -74,7 +77,12 @@ TEST_F(AttachmentTest, AFreedBlockIsUsedAgainAndCompressionGivesTheRestBack) {
   EXPECT_EQ(Opened(2, 2), "b: bbbb");
   EXPECT_TRUE(table->MEMO_DEL("PLIKI", 2));
   auto other = Closed();
+  const size_t with_gaps = Bytes(memo).size();
+  EXPECT_TRUE(other->MEMO_FILE_COMPRESS_(memo)) << "left alone: another table has it open";
+  EXPECT_EQ(Bytes(memo).size(), with_gaps);
+  table.reset();
   EXPECT_TRUE(other->MEMO_FILE_COMPRESS_(memo));
+  table = Open(path);
   EXPECT_EQ(Bytes(memo).size(), 286u * 2 + 3 + 2);
   EXPECT_FALSE(surroundings.files.FileExists(memo + ".temp"));
   EXPECT_EQ(Opened(2, 1), "d: ddd");
@@ -118,6 +126,49 @@ TEST_F(AttachmentTest, AHostileChainEndsAndANameLosesItsFolders) {
   EXPECT_EQ(Opened(1, 1), "evil.txt: aaaa");
   bytes.replace(0, 20, "..                  ");
   SetBytes(memo, bytes);
+  EXPECT_EQ(Opened(1, 1), "-");
+}
+
+TEST_F(AttachmentTest, TwoWorkstationsThatAttachAtTheSameTimeLoseNothing) {
+  constexpr int kEach = 40;
+  std::vector<pid_t> children;
+  for (const int32_t record : {1, 2}) {
+    SetBytes(surroundings.folder / "scan", std::string(1000, static_cast<char>('0' + record)));
+    const pid_t child = fork();
+    if (child == 0) {
+      auto own = Closed();
+      int added = 0;
+      if (own->DATABASE_OPEN(path, "kreda", "kreda", false, false, false) && own->RECORD_POSITION(record)) {
+        for (int i = 0; i < kEach; ++i) {
+          // The waiter of the tests does not wait.
+          for (int attempt = 0; attempt < 10000; ++attempt) {
+            if (!own->MEMO_ADD("PLIKI", surroundings.folder / "scan")) continue;
+            ++added;
+            break;
+          }
+        }
+      }
+      _exit(added == kEach ? 0 : 1);
+    }
+    children.push_back(child);
+  }
+  for (const pid_t child : children) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  int found = 0;
+  for (int index = 1; index <= 2 * kEach + 1; ++index) found += Opened(1, index) != "-" || Opened(2, index) != "-";
+  EXPECT_EQ(found, 2 * kEach);
+}
+
+TEST_F(AttachmentTest, AnEntryLargerThanAnyAttachmentIsNotRead) {
+  Attach(1, "a", "aaaa");
+  constexpr int32_t kHuge = 1'900'000'000;
+  std::string bytes = Bytes(memo);
+  StoreLe<int32_t>(&bytes[256], kHuge);
+  SetBytes(memo, bytes);
+  std::filesystem::resize_file(memo, static_cast<uintmax_t>(kHuge) + 286);  // a hole: it takes no room
   EXPECT_EQ(Opened(1, 1), "-");
 }
 

@@ -114,8 +114,13 @@ TEST_F(TableTest, FieldsAreFoundByNumberNameAndNumberText) {
   EXPECT_EQ(table->last_error(), "Can't read record < Invalid field name >");
   EXPECT_EQ(table->Text("@1"), "") << "no link";
   EXPECT_EQ(table->FIELD_TYPE(".cena"), kCurrency);
-  EXPECT_FALSE(table->FIELD_EXISTS(0));
-  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field number >");
+  for (const int number : {0, -1, INT32_MIN, 6}) {
+    EXPECT_FALSE(table->FIELD_EXISTS(number));
+    EXPECT_EQ(table->last_error(), "Can't read record < Invalid field number >") << number;
+  }
+  EXPECT_EQ(table->FIELD_TYPE(".3") + table->FIELD_LEN(".1"), 0) << "only a name stands behind a point";
+  EXPECT_EQ(table->Text(".1"), "");
+  EXPECT_EQ(table->last_error(), "Can't read record < Invalid field name >");
 }
 
 TEST_F(TableTest, DeletingMarksTheRecordAndStepsToTheNext) {
@@ -168,6 +173,16 @@ TEST_F(TableTest, WalkingSkipsWhatIsGoneAndFindsItsWayBackIntoTheSelection) {
   EXPECT_THAT(table->selection(), ElementsAre(3, 1, 4));
   EXPECT_FALSE(table->RECORD_POSITION(2));
   EXPECT_EQ(table->RECORD_POSITION(), 4);
+}
+
+TEST_F(TableTest, ARecordAddedIsKnownByItsNumberWhateverOthersAdd) {
+  auto mine = FilledGoods(), other = Open(path);
+  const int32_t before = mine->RECORD_COUNT();
+  ASSERT_TRUE(mine->RECORD_ADD());
+  ASSERT_TRUE(other->RECORD_ADD());
+  EXPECT_EQ(mine->RECORD_COUNT(), before + 2);
+  EXPECT_EQ(mine->RECORD_ADDED(), before + 1);
+  EXPECT_EQ(other->RECORD_ADDED(), before + 2);
 }
 
 TEST_F(TableTest, ANewRecordIsOutsideTheSelectionUntilShown) {

@@ -32,6 +32,10 @@ TEST_F(TableTest, ConditionsChooseRecords) {
       {"DATA = 05-03-2008", {3, 5}},
       {"DATA = nonsense", {}},
       {"DATA <> nonsense", {1, 2, 3, 4, 5}},
+      {"DATA >", {}},  // a number comes before a text
+      {"DATA > 1000-nonsense", {}},
+      {"DATA < 1000-nonsense", {1, 2, 3, 4, 5}},
+      {"DATA # -03-", {3, 5}},
       {"ILOSC = 3 OR CENA = 7 AND USLUGA = true", {}},  // from left to right
       {"ILOSC = 3 OR USLUGA = tak AND DATA = 2008-03-05", {5}},
       {"USLUGA = tak AND DATA = 2008-03-05 OR ILOSC = 3", {1, 5}},

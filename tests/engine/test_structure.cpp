@@ -193,7 +193,8 @@ TEST_F(FullDiskTest, AStructureChangeThatBreaksOffBeforeTheDeleteLeavesTheTable)
   EXPECT_THAT(files.removed, IsEmpty());
   files.room = -1;
   EXPECT_TRUE(table.FIELD_ADD("NOWE", kDouble, 0, "", ""));
-  EXPECT_THAT(files.removed, ElementsAre(path, path + ".temp", path + ".new"));
+  EXPECT_THAT(files.steps, ElementsAre("flush " + path + ".new", "remove " + path, "flush " + path, "remove " + path + ".temp",
+                                       "remove " + path + ".new"));
 }
 
 TEST_F(FullDiskTest, AfterTheDeleteTheDataStandInTheCompanions) {
@@ -206,6 +207,14 @@ TEST_F(FullDiskTest, AfterTheDeleteTheDataStandInTheCompanions) {
   EXPECT_TRUE(Bytes(path + ".temp") == before);
   EXPECT_EQ(Bytes(path + ".new").size(), before.size() - 5 * 8);
   EXPECT_FALSE(table.IsOpen());
+  // Nor does a table open that lacks its last byte only.
+  std::filesystem::rename(path + ".temp", path);
+  std::filesystem::remove(path + ".new");
+  ASSERT_TRUE(table.DATABASE_OPEN(path, "kreda", "kreda", false, true, false));
+  files.room = static_cast<int64_t>(before.size() * 3 - 2 * 5 * 8 - 1);
+  EXPECT_FALSE(table.FIELD_DELETE("CENA"));
+  EXPECT_EQ(Bytes(path).size(), before.size() - 5 * 8 - 1);
+  EXPECT_FALSE(Opens(path));
   // What is left is good enough to go on with.
   std::filesystem::rename(path + ".new", path);
   EXPECT_EQ(Texts(*Open(path), "NAZWA").size(), 5u);
@@ -219,6 +228,94 @@ TEST_F(FullDiskTest, AReadOnlyFolderRefusesOpeningAndCreating) {
   EXPECT_FALSE(other.DATABASE_OPEN(surroundings.folder / "nowa.ovd", "kreda", "kreda", true, false, false));
   EXPECT_EQ(other.last_error_code(), 0);
   EXPECT_FALSE(other.IsOpen());
+}
+
+TEST_F(TableTest, ATableLeftUnderAnotherNameIsNeitherOverwrittenNorLost) {
+  auto table = FilledGoods();
+  SetBytes(path + ".try", "the only copy");
+  EXPECT_FALSE(table->FIELD_ADD("NOWE", kDouble, 0, "", ""));
+  EXPECT_EQ(table->last_error(), "Can't add field < - none - >");
+  EXPECT_FALSE(table->FIELD_RENAME("CENA", "NOWA", false));
+  EXPECT_EQ(Bytes(path + ".try"), "the only copy");
+  ClassQDBASE::PutBack(surroundings.files, path);
+  EXPECT_EQ(Bytes(path + ".try"), "the only copy") << "a table of that name is there";
+  const SoleUse alone(*table);
+  ASSERT_TRUE(alone.held());
+  std::filesystem::rename(path, path + ".try");
+  ClassQDBASE::PutBack(surroundings.files, path);
+  EXPECT_FALSE(surroundings.files.FileExists(path)) << "another object is about to put it back itself";
+  table->DATABASE_CLOSE();
+  ClassQDBASE::PutBack(surroundings.files, path);
+  EXPECT_EQ(Texts(*Open(path), "NAZWA").size(), 5u);
+  EXPECT_FALSE(surroundings.files.FileExists(path + ".try"));
+}
+
+TEST_F(TableTest, SoleUseIsKeptOverSeveralChanges) {
+  auto table = FilledGoods();
+  auto other = Open(path);
+  EXPECT_FALSE(SoleUse(*table).held());
+  other.reset();
+  {
+    const SoleUse alone(*table);
+    const SoleUse within(*table);
+    ASSERT_TRUE(alone.held() && within.held());
+    const auto nobody_else = [&](bool changed) { return changed && !Opens(path); };
+    EXPECT_TRUE(nobody_else(table->FIELD_ADD("CENA_2", kDouble, 0, "", "")));
+    EXPECT_TRUE(nobody_else(table->UPDATE(true)));
+    EXPECT_TRUE(nobody_else(table->RECORD_LOAD(1) && table->FIELD("CENA_2", 1.5) && table->RECORD_SAVE(1)));
+    EXPECT_TRUE(nobody_else(table->FIELD_DELETE("CENA")));
+    EXPECT_TRUE(nobody_else(table->FIELD_RENAME("CENA_2", "CENA", false)));
+    { const SoleUse inner(*table); }
+    EXPECT_FALSE(Opens(path));
+  }
+  ASSERT_TRUE(Opens(path));
+  other = Open(path);
+  ASSERT_TRUE(other->RECORD_LOAD(1));
+  EXPECT_EQ(other->Real("CENA"), 1.5);
+}
+
+TEST_F(TableTest, ATornRecordDoesNotBecomeRecordsOfAShorterShape) {
+  for (const bool redefine : {false, true}) {
+    auto table = Create(path);
+    table->FIELD_ADD("A", kText, 100, "", "");
+    table->FIELD_ADD("B", kLong, 0, "", "");
+    SetBytes(path, Bytes(path) + std::string(60, 'x'));
+    ASSERT_EQ(table->RECORD_COUNT(), 0);
+    {
+      auto other = Open(path);
+      EXPECT_FALSE(redefine ? table->FIELD_SET(1, "A", kByte, 0) : table->FIELD_DELETE("A")) << "it may be another's to finish";
+    }
+    EXPECT_TRUE(redefine ? table->FIELD_SET(1, "A", kByte, 0) : table->FIELD_DELETE("A"));
+    EXPECT_EQ(table->RECORD_LENGTH(), redefine ? 7 : 6);
+    EXPECT_EQ(table->RECORD_COUNT(), 0);
+    EXPECT_TRUE(table->RECORD_ADD());
+    EXPECT_EQ(Bytes(path).size(), 33807u + static_cast<size_t>(table->RECORD_LENGTH()));
+    table.reset();
+    std::filesystem::remove(path);
+  }
+}
+
+TEST_F(TableTest, RecordsAreWrittenInTheShapeThatAnotherGaveTheEmptyTable) {
+  Goods();
+  auto first = Open(path), second = Open(path);
+  ASSERT_TRUE(second->FIELD_DELETE("ILOSC") && second->FIELD_ADD("UWAGI", kText, 10, "", ""));
+  ASSERT_TRUE(first->RECORD_ADD({std::string("Hak"), std::string("1,50"), std::string("2008-01-15"), true, std::string("nowy")}));
+  EXPECT_EQ(first->RECORD_LENGTH(), second->RECORD_LENGTH());
+  ASSERT_TRUE(second->RECORD_LOAD(1));
+  EXPECT_EQ(second->Text("NAZWA") + "|" + second->Text("CENA") + "|" + second->Text("UWAGI"), "Hak|1,5|nowy");
+  // One that has seen the table empty and only changes what is there now.
+  std::filesystem::remove(path);
+  Goods();
+  auto third = Open(path);
+  second = Open(path);
+  ASSERT_TRUE(second->FIELD_DELETE("NAZWA") && second->RECORD_ADD({std::string("2"), 7}));
+  ASSERT_TRUE(second->RECORD_ADD({std::string("3"), 8}));
+  ASSERT_TRUE(third->RECORD_DELETE(2));
+  ASSERT_TRUE(third->RECORD_LOAD(1) && third->FIELD("ILOSC", 9) && third->RECORD_SAVE(1));
+  ASSERT_TRUE(second->RECORD_LOAD(1));
+  EXPECT_EQ(second->Text("CENA") + "|" + second->Text("ILOSC"), "2|9");
+  EXPECT_TRUE(second->RECORD_EXIST(1));
+  EXPECT_FALSE(second->RECORD_EXIST(2));
 }
 
 TEST_F(TableTest, LeftOverCompanionsDoNotGetIntoTheNextChange) {

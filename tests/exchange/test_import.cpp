@@ -298,6 +298,17 @@ TEST_F(ImportTest, FilesThatAreNoneWriteNothing) {
   EXPECT_EQ(Customers("nazwa\nA\n").error, program.Text("msg.info.dbnotopen"));
 }
 
+TEST_F(ImportTest, AWrongColumnDoesNotFillADictionary) {
+  const int32_t before = Count(kGrupaTU);
+  std::string file = "nazwa;grupa\n";
+  for (int i = 0; i < 400; ++i) file += "A" + std::to_string(i) + ";G" + std::to_string(i % 350) + "\n";
+  const ImportResult result = Articles(file);
+  EXPECT_EQ(result.added, 350) << "300 with a new group, 50 with one of those";
+  EXPECT_EQ(result.rows_left_out, 50);
+  EXPECT_THAT(result.left_out.at(0), HasSubstr(program.Text("imp.cell.entries", {"grupa", "300", "G300"})));
+  EXPECT_EQ(Count(kGrupaTU) - before, 300);
+}
+
 TEST_F(ImportTest, SentencesAreLimitedRowsAreCounted) {
   std::string file = "nazwa;ulica\n";
   for (int i = 0; i < 2000; ++i) file += ";x\n";

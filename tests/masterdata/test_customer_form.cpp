@@ -85,6 +85,7 @@ TEST_F(CustomerFormTest, SavingAnUntouchedRecordChangesNoByteOfIt) {
   for (const int32_t record : {1, 2}) {
     Open(2, record);
     EXPECT_FALSE(form.Dirty());
+    EXPECT_EQ(form.txtGrupa.Text(), record == 1 ? "Dawni" : "Lokalni") << "a deleted group is still shown";
     Save();
     EXPECT_EQ(form.saved_record(), record);
   }
@@ -121,8 +122,8 @@ TEST_F(CustomerFormTest, DoubtfulNumbersAreMarkedAndSavedAllTheSame) {
 }
 
 TEST_F(CustomerFormTest, PostalLookUpFillsWhatWasNotTouchedLast) {
-  WriteFile(platform.folder / "app/psc.bin",
-            Scrambled("80-001", 6) + Scrambled("Sopot", 25) + " " + Scrambled("30-002", 6) + Scrambled("Skawina", 25) + " ");
+  WriteFile(platform.folder / "app/psc.bin", Scrambled("80-001", 6) + Scrambled("Sopot", 25) + " " + Scrambled("30-002", 6) +
+                                                 Scrambled("Skawina", 25) + " " + Scrambled("81-700", 6) + Scrambled("Sopot", 25) + " ");
   program.postal = std::make_shared<PostalTable>();
   ASSERT_TRUE(program.postal->LoadPostalCodes(platform.files, program.ApplicationFolder()));
   Open(1);
@@ -140,6 +141,15 @@ TEST_F(CustomerFormTest, PostalLookUpFillsWhatWasNotTouchedLast) {
   ASSERT_TRUE(Set(form.txtKodPocztowy, "99-999"));
   ASSERT_TRUE(form.btnFindCity.UserPress());
   EXPECT_EQ(form.txtMiejscowość.Text(), "Skawina") << "an unknown code leaves the town";
+  const struct {
+    const char *code, *found;
+  } rows[] = {{"30-002", "80-001"}, {"81-704", "81-704"}, {"80-999", "80-999"}, {"82-500", "80-001"}, {"", "80-001"}, {"8", "80-001"}};
+  for (const auto& row : rows) {
+    ASSERT_TRUE(Set(form.txtKodPocztowy, row.code));
+    ASSERT_TRUE(Set(form.txtMiejscowość, "Sopot"));
+    ASSERT_TRUE(form.btnFindCity.UserPress());
+    EXPECT_EQ(form.txtKodPocztowy.Text(), row.found) << row.code;
+  }
   ASSERT_TRUE(Set(form.txtWojewództwo, ""));
   EXPECT_EQ(form.txtKodPocztowy.Text() + form.txtMiejscowość.Text(), "");
 }
@@ -216,6 +226,25 @@ TEST_F(CustomerFormTest, AttachingToANewRecordSavesItFirst) {
   EXPECT_EQ(form.memoCONTROL_.ShownText(), "");
   ASSERT_TRUE(form.memoDel_.UserPress());
   EXPECT_EQ(MessageTexts().back(), program.Text("msg.info.cantdelattachment"));
+}
+
+TEST_F(CustomerFormTest, DeletingActsOnTheFileThatWasJustAddedOrComesNext) {
+  for (const char* name : {"a.txt", "b.txt", "c.txt", "d.txt"}) {
+    WriteFile(platform.folder / name, "treść");
+    platform.ui.file_answers.push_back(platform.folder / name);
+  }
+  Add(kKontrahenci, {{"NAZWA", Value(std::string("Firma"))}});
+  Open(2, 1);
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(form.memoAdd_.UserPress());
+  ASSERT_TRUE(form.memoDel_.UserPress());
+  EXPECT_EQ(form.memoCONTROL_.ShownText(), "a.txt; b.txt") << "the newest";
+  ASSERT_TRUE(form.memoCONTROL_.UserSelect(0));
+  ASSERT_TRUE(form.memoAdd_.UserPress());  // takes the room of the deleted one
+  EXPECT_EQ(form.memoCONTROL_.ShownText(), "a.txt; b.txt; d.txt");
+  ASSERT_TRUE(form.memoCONTROL_.UserSelect(1));
+  ASSERT_TRUE(form.memoDel_.UserPress());
+  ASSERT_TRUE(form.memoDel_.UserPress());
+  EXPECT_EQ(form.memoCONTROL_.ShownText(), "a.txt");
 }
 
 TEST_F(CustomerFormTest, WhenTheDatabaseIsClosedSavingJustCloses) {

@@ -68,6 +68,7 @@ TEST_F(DatabaseFormsTest, CreatedDatabaseIsTheOneThatTheConnectionDialogShowsTes
   ASSERT_TRUE(form.btnCreate.UserPress());
   EXPECT_EQ(platform.ui.messages.back(), std::pair(program.Text("msg.info.dbcreateok"), MessageKind::kPlain));
   EXPECT_TRUE(platform.files.FileExists(platform.folder / "firmy/nowa/firma.ovd"));
+  EXPECT_EQ(platform.ui.status.back(), "") << "the progress is gone from the status line";
   EXPECT_TRUE(form.dbLocal[1].Value());
   EXPECT_EQ(form.txtDbPath.Text(), platform.folder / "firmy/nowa");
   EXPECT_EQ(form.userName.Text(), "ala");

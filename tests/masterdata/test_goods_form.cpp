@@ -103,6 +103,77 @@ TEST_F(GoodsFormTest, CurrencyChangeConvertsThePrices) {
   EXPECT_EQ(form.txtNetto[0].Text(), "70,00");
 }
 
+TEST_F(GoodsFormTest, ADeletedRateStillCountsAndIsShown) {
+  const int32_t luxury =
+      Add(kStawkiVat, {{"SYMBOL", Value(std::string("40%"))}, {"NAZWA", Value(std::string("Zbytek"))}, {"WARTOSC", Value(40.0)}});
+  Add(kTowaryUslugi, {{"NAZWA", Value(std::string("Futro"))}, {"STAWKA_VAT", Value(luxury)}, {"WALUTA", Value(int32_t{1})}});
+  ASSERT_TRUE(Table(program, kStawkiVat).RECORD_DELETE(luxury));
+  Open(2, 1);
+  EXPECT_EQ(form.txtStawkaVAT.Text(), "40%");
+  EXPECT_EQ(form.lblStawkaVAT.Text(), "Zbytek (40%)");
+  ASSERT_TRUE(Set(form.txtNetto[0], "100"));
+  EXPECT_EQ(form.txtBrutto[0].Text(), "140,00");
+  ASSERT_TRUE(Set(form.txtBrutto[0], "70"));
+  EXPECT_EQ(form.txtNetto[0].Text(), "50,00");
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_EQ(At(kTowaryUslugi, 1).Int(".STAWKA_VAT"), luxury);
+  EXPECT_EQ(At(kTowaryUslugi, 1).Real("DETAL_BRUTTO"), 70);
+
+  // Of two rows of one symbol the one that the article has.
+  const int32_t again =
+      Add(kStawkiVat, {{"SYMBOL", Value(std::string("40%"))}, {"NAZWA", Value(std::string("Zbytek"))}, {"WARTOSC", Value(60.0)}});
+  Open(1);
+  ASSERT_TRUE(Set(form.txtStawkaVAT, "#" + std::to_string(again)));
+  ASSERT_TRUE(Set(form.txtNetto[0], "100"));
+  EXPECT_EQ(form.txtBrutto[0].Text(), "160,00");
+}
+
+TEST_F(GoodsFormTest, PricesInADeletedCurrencyAreConvertedFromIt) {
+  const int32_t crown =
+      Add(kWaluty, {{"KODWAL", Value(std::string("SKK"))}, {"NAZWA", Value(std::string("Korona"))}, {"KURS", Value(0.5F)}});
+  Add(kTowaryUslugi, {{"NAZWA", Value(std::string("Ser"))},
+                      {"STAWKA_VAT", Value(int32_t{1})},
+                      {"WALUTA", Value(crown)},
+                      {"CENA_ZAKUPU", Value(20.0)},
+                      {"DETAL_NETTO", Value(40.0)}});
+  ASSERT_TRUE(Table(program, kWaluty).RECORD_DELETE(crown));
+  Open(2, 1);
+  EXPECT_EQ(form.txtWaluta.Text(), "SKK - Korona");
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_EQ(At(kTowaryUslugi, 1).Int(".WALUTA"), crown) << "saving keeps it";
+  Open(2, 1);
+  ASSERT_TRUE(Set(form.txtWaluta, "PLN - Polski złoty"));
+  EXPECT_EQ(form.txtCenaZakupu.Text(), "10,00");
+  EXPECT_EQ(form.txtNetto[0].Text(), "20,00");
+  EXPECT_EQ(form.txtBrutto[0].Text(), "24,40");
+  ASSERT_TRUE(Set(form.txtWaluta, "SKK - Korona"));
+  EXPECT_EQ(form.txtNetto[0].Text(), "40,00");
+  EXPECT_TRUE(platform.ui.messages.empty());
+}
+
+TEST_F(GoodsFormTest, AFieldThatWasOnlyPassedOverMovesNothing) {
+  program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", Value(std::string("0.00")));
+  Open(1);
+  ASSERT_TRUE(Set(form.txtCenaZakupu, "3"));
+  ASSERT_TRUE(Set(form.txtBrutto[0], "10,01"));
+  const std::string before = Prices(0);
+  EXPECT_EQ(before.substr(0, 10), "8,20 10,01");
+  for (int round = 0; round < 2; ++round) {
+    for (Control* field :
+         std::initializer_list<Control*>{&form.txtCenaZakupu, &form.txtNetto[0], &form.txtBrutto[0], &form.txtNarzut[0], &form.txtMarża[0],
+                                         &form.txtZysk[0], &form.txtStawkaVAT}) {
+      field->UserEnter();
+      field->UserLeave();
+      EXPECT_EQ(Prices(0), before) << field->name();
+    }
+  }
+  form.txtNetto[1].UserEnter();
+  form.txtNetto[1].UserLeave();
+  EXPECT_EQ(form.txtNetto[1].Text() + " " + form.txtBrutto[1].Text(), "0,01 0,01") << "too small a price is replaced all the same";
+  ASSERT_TRUE(Set(form.txtNetto[0], "8,20"));
+  EXPECT_EQ(form.txtBrutto[0].Text(), "10,00") << "the same text put in counts";
+}
+
 TEST_F(GoodsFormTest, SavedArticleComesBackAsItWas) {
   Open(1);
   ASSERT_TRUE(Set(form.txtNazwa, "Usługa roczna"));

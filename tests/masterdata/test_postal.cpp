@@ -50,6 +50,11 @@ TEST_F(PostalTest, FirstMatchInFileOrderWins) {
   EXPECT_EQ(table_.Count(), 6u);
   EXPECT_EQ(table_.TownOfCode(" 95-100 "), "Zgierz");
   EXPECT_EQ(table_.CodeOfTown("Łódź "), "90-001");
+  const struct {
+    const char *town, *hint, *code;
+  } hints[] = {{"Łódź", "90-002", "90-002"}, {"Łódź", " 90-418 ", "90-418"}, {"Łódź", "95-100", "90-001"},
+               {"Łódź", "90", "90-001"},     {"Zgierz", "95-101", "95-101"}, {"Pcim", "32-432", ""}};
+  for (const auto& row : hints) EXPECT_EQ(table_.CodeOfTown(row.town, row.hint), row.code) << row.town << " " << row.hint;
   EXPECT_EQ(table_.PostalIndexOf("90-002"), 3);
   EXPECT_EQ(table_.CodeOfTown("łódź"), "");
   EXPECT_EQ(table_.CodeOfTown("Bielsko-Biała"), "43-300");

@@ -119,6 +119,12 @@ TEST_F(AmountInWordsTest, TotalsAreToldInBothUnits) {
       {-2.5, "-dwa złote -pięćdziesiąt groszy"},
   };
   for (const auto& row : rows) EXPECT_EQ(TotalInWords(program, row.total, kZloty), row.words) << row.total;
+  double dimes = 0;
+  for (int i = 0; i < 10; ++i) dimes += 0.1;
+  ASSERT_LT(dimes, 1);
+  EXPECT_EQ(TotalInWords(program, dimes, kZloty), "jeden złoty zero groszy");
+  EXPECT_EQ(TotalInWords(program, -dimes, kZloty), TotalInWords(program, -1, kZloty));
+  EXPECT_EQ(TotalInWords(program, 2147483648.0, kZloty), program.Text("wd.err"));
   EXPECT_EQ(TotalInWords(program, 3e9, kZloty), program.Text("wd.err"));
   EXPECT_EQ(TotalInWords(program, std::numeric_limits<double>::quiet_NaN(), kZloty), program.Text("wd.err"));
 }

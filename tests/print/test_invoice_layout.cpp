@@ -129,6 +129,13 @@ TEST_F(InvoiceTest, ARowThatCannotBeReadOrPricedSaysSo) {
   ExpectCleanPages();
 }
 
+TEST_F(InvoiceTest, APriceCountedFromTheOtherInSinglePrecisionIsNoError) {
+  AddDocument(AddCustomer("Kleks"), 6);
+  AddLine(AddArticle("Działka budowlana", 5), "1", "300000,03", "300000,02");
+  Print(document_);
+  EXPECT_TRUE(Find(Text("sdoc.error.ps")).empty());
+}
+
 TEST_F(InvoiceTest, ManyLinesRunOverPagesWithTheHeadAndTheNumberRepeated) {
   const int32_t article = AddArticle("Toner do drukarki laserowej, wydajność 2500 stron");
   AddDocument(AddCustomer("Kleks"), 8);

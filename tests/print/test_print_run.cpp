@@ -144,6 +144,22 @@ TEST_F(PrintRunTest, EverySheetGoesToThePrinterInItsOwnDirection) {
   EXPECT_TRUE(surroundings.ui.messages.empty());
 }
 
+TEST_F(PrintRunTest, AJobThatIsReplacedWhileItPrintsComesOutWhole) {
+  surroundings.printer.state = Printer::State::kReady;
+  BuildDocumentJob(*program, Document(25), 3, false);
+  int turns = 0;
+  surroundings.ui.on_turn = [&] {
+    EXPECT_GT(surroundings.ui.busy, 0);  // the person's keys wait
+    if (++turns == 1) program->CurrentPrintJob.reset();
+  };
+  EXPECT_TRUE(RunPrinter(*program));
+  EXPECT_EQ(surroundings.printer.sheets.size(), 2u);
+  EXPECT_FALSE(surroundings.printer.sheets[1]->calls().empty());
+  EXPECT_EQ(turns, 2);
+  surroundings.ui.on_turn = nullptr;
+  EXPECT_EQ(surroundings.ui.busy, 0);
+}
+
 TEST_F(PrintRunTest, WithoutAPrinterTheJobSurvives) {
   const int32_t document = Document(1);
   const struct {

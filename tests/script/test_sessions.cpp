@@ -112,7 +112,8 @@ TEST_F(Sessions, PeriodsReachAsFarBackAsTheirTableSays) {
     const std::string parent = "SPRZEDAŻ.OKRES." + period;
     return "item " + parent + " " + parent + "." + choice + "\nexpect-rows " + std::to_string(rows) + "\n";
   };
-  Play(script + "command SPRZEDAŻ.OKRES.DZISIAJ\nexpect-rows 1\n" + pick("OSTATNI", "TYDZIEŃ", 2) + pick("OSTATNI", "MIESIĄC", 2) +
+  // The one document of today is current at once, wherever the list stood.
+  Play(script + "row 6\ncommand SPRZEDAŻ.OKRES.DZISIAJ\nexpect-rows 1\ncommand SPRZEDAŻ.EDYTUJ\nexpect txtDataWyst 2008-03-05\npress sdoc.btn.cancel\n" + pick("OSTATNI", "TYDZIEŃ", 2) + pick("OSTATNI", "MIESIĄC", 2) +
        pick("OSTATNI", "KWARTAŁ", 4) + pick("OSTATNI", "ROK", 5) + pick("BIEŻĄCY", "TYDZIEŃ", 1) + pick("BIEŻĄCY", "MIESIĄC", 2) +
        pick("BIEŻĄCY", "KWARTAŁ", 3) + pick("BIEŻĄCY", "ROK", 3) + "command SPRZEDAŻ.OKRES.WSZYSTKIE\nexpect-rows 6\n");
 }
@@ -131,6 +132,11 @@ TEST_F(Sessions, AWrongPasswordIsToldAndCommandsSayThatNothingIsOpen) {
 }
 
 TEST_F(Sessions, WhatIsNotBuiltSaysSo) { Play(kStart + "command BACKUP\nexpect-status common.notbuilt\ntab ZAKUP\ncommand ZAKUP.DODAJ\nexpect-status common.notbuilt"); }
+
+TEST_F(Sessions, ACloneIsANewRecordFilledFromTheCurrentOne) {
+  Play(kStart + kCustomer + kArticle + "tab KONTRAHENCI\ncommand KONTRAHENT.DODAJ.KLONUJ\nexpect txtNazwa \"Jan Kowalski\"\nset txtNazwa Drugi\n" +
+       "press customer.btn.ok\nexpect-rows 2\ntab TOWARYUSŁUGI\ncommand TOWARUSŁUGA.DODAJ.KLONUJ\npress product.btn.ok\nexpect-rows 2\n");
+}
 
 TEST_F(Sessions, KeysWalkTheListAndChangeTabs) {
   Play(kStart + "key 118\n" + kCustomer + "command KONTRAHENT.DODAJ\nset txtNazwa Drugi\npress customer.btn.ok\n" +

@@ -93,6 +93,14 @@ TEST_F(WizardSession, AFailureAtCreatingKeepsTheWizardWithWhatWasTyped) {
        "expect txtNazwaFirmy Żak\nexpect txtDbPath @baza\nset dbLocal(0) true\npress bg.btn.ok\ntab KONTRAHENCI\nexpect-rows 0\n");
 }
 
+TEST_F(WizardSession, TheDialogOfAFirstStartThatFindsNoCompanyLeadsToItToo) {
+  Play(
+      "start\nexpect-message msg.info.firstrun\npress qdb.btn.wizard\npress bg.btn.cancel\npress qdb.btn.wizard\nset txtNazwaFirmy "
+      "Żak\npress bg.btn.ok\n"
+      "tab KONTRAHENCI\nexpect-rows 0\ncommand SET.QDB\nexpect userName kreda\npress qdb.btn.cancel\n");
+  EXPECT_EQ(session.Run("start\ncommand SET.QDB\npress qdb.btn.wizard\n"), 2) << "a program that has its company hides it";
+}
+
 TEST_F(WizardSession, FinishingEarlyStopsWhereTheCompanyHasNoName) {
   Play(
       "start +wiz\npress bg.btn.ok\nexpect-enabled bg.btn.next false\nexpect-enabled bg.btn.prev true\npress bg.btn.ok\nexpect-message "

@@ -83,7 +83,8 @@ class TestUserInterface : public UserInterface {
     if (on_turn) on_turn();
   }
   void Beep() override { ++beeps; }
-  void SetBusy(bool) override {}
+  int busy = 0;
+  void SetBusy(bool on) override { busy += on ? 1 : -1; }
   void ShowSplash(bool) override {}
   void ShowMainWindow() override { window_shown = true; }
   void RedrawMainWindow() override { ++redraws; }

@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "documents/forms/table_source.h"
 #include "documents/lines.h"
 #include "documents/private_table.h"
+#include "engine/table_source.h"
 
 namespace ostrinka {
 

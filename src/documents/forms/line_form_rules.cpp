@@ -55,8 +55,8 @@ void frm_Dok_add_TU::Search() {
   if (condition != "*") {
     if (table.MAX_ROWS() >= 1) {
       PickRow(1);
-    } else {
-      ClearArticle();
+    } else if (Mode == 1) {
+      ClearArticle();  // a line that is edited keeps what it has until another article is picked
     }
   }
   picTU.Repaint.Raise();
@@ -186,7 +186,7 @@ void frm_Dok_add_TU::DiscountLeft() {
 // --- confirming
 
 void frm_Dok_add_TU::ShowOk() {
-  btnOK.SetEnabled(Mode == 2 || page() == "ZAL" || tuType.Value() == kFreeText || Article >= 1);
+  btnOK.SetEnabled(page() == "ZAL" || tuType.Value() == kFreeText || Article >= 1);
 }
 
 bool frm_Dok_add_TU::ReadMoney(const TextBoxControl& box, Currency& to) {

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "documents/arithmetic.h"
-#include "documents/forms/table_source.h"
 #include "documents/lines.h"
+#include "engine/table_source.h"
 
 namespace ostrinka {
 
@@ -58,6 +58,7 @@ class frm_Dok_sprzed : public Form {
 
   bool UserKey(int code, bool ctrl) override;
   bool AsksBeforeClosing() const override { return true; }
+  std::string UnsavedKey() const override { return "sdoc.unsaved"; }
 
  private:
   // sales_form.cpp: what stands where, and the rules of the fields

@@ -248,8 +248,10 @@ void frm_Dok_sprzed::Unbind() {
 }
 
 void frm_Dok_sprzed::GoSQL_() {
-  Table(program_, kSprzedane)
-      .SELECTION("NAZWA_T_U, ILOSC, CENA_NETTO, RABAT, WARTOSC_NETTO, WARTOSC_BRUTTO", "ID_DOK >=1 AND ID_DOK=" + std::to_string(id_), "", ordAsc);
+  ClassQDBASE& lines = Table(program_, kSprzedane);
+  lines.SELECTION("NAZWA_T_U, ILOSC, CENA_NETTO, RABAT, WARTOSC_NETTO, WARTOSC_BRUTTO", "ID_DOK >=1 AND ID_DOK=" + std::to_string(id_), "", ordAsc);
+  // Where there are lines, one is current for the buttons and keys to work on.
+  if (lines.MAX_ROWS() > 0 && !lines.RECORD_SELECT(lines.RECORD_POSITION())) lines.RECORD_POSITION(lines.selection()[0]);
 }
 
 void frm_Dok_sprzed::ref_() {

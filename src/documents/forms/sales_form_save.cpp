@@ -94,7 +94,7 @@ bool frm_Dok_sprzed::Store(bool recalculate) {
 bool frm_Dok_sprzed::StoreNew() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
   if (!documents.RECORD_ADD()) return false;
-  const int32_t added = documents.RECORD_COUNT();
+  const int32_t added = documents.RECORD_ADDED();
   if (!documents.RECORD_LOAD(added)) return false;
   save_();
   const int32_t type = documents.Int(".TYP");

@@ -69,6 +69,8 @@ class PosixFile : public File {
     return Check(ftruncate(descriptor_, length));
   }
 
+  bool Flush() override { return Check(fdatasync(descriptor_)); }
+
   bool Lock(int64_t position, int64_t length, bool exclusive) override {
     return SetLock(position, length, static_cast<short>(exclusive ? F_WRLCK : F_RDLCK));
   }

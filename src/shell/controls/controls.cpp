@@ -11,6 +11,12 @@ namespace {
 
 constexpr size_t kLineLimit = 256;  // characters that a person may type in a single-line box
 
+// -1 when it is not there.
+int PlaceOf(const std::vector<MemoControl::Item>& items, const MemoControl::Item& item) {
+  const auto found = std::find(items.begin(), items.end(), item);
+  return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
 }  // namespace
 
 void Control::SetEnabled(bool enabled) {
@@ -39,9 +45,11 @@ bool Control::UserEnter() {
 
 void Control::UserLeave() {
   if (CanAct()) Left.Raise();
+  edited_ = false;
 }
 
 void Control::ChangedByUser() {
+  edited_ = true;
   if (form_) form_->SetDirty(true);
   Repaint.Raise();
   Changed.Raise();
@@ -224,6 +232,22 @@ void MemoControl::Clear() {
 void MemoControl::AddMemoItem(std::string name, int32_t file_id) {
   items_.push_back({std::move(name), file_id});
   if (selected_ < 0) selected_ = 0;
+}
+
+void MemoControl::Refill(std::vector<Item> items) {
+  const std::vector<Item> before = std::exchange(items_, std::move(items));
+  const int at = std::max(selected_, 0);
+  std::vector<Item> wanted(before.begin() + at, before.end());     // the selected one and those behind it,
+  wanted.insert(wanted.end(), before.rend() - at, before.rend());  // then those before it, the nearest first
+  const auto stays = std::find_if(wanted.begin(), wanted.end(), [&](const Item& item) { return PlaceOf(items_, item) >= 0; });
+  selected_ = items_.empty() ? -1 : 0;
+  if (stays != wanted.end()) {
+    selected_ = PlaceOf(items_, *stays);
+    for (const Item& item : items_) {
+      if (stays == wanted.begin() && PlaceOf(before, item) < 0) selected_ = PlaceOf(items_, item);
+    }
+  }
+  Repaint.Raise();
 }
 
 int32_t MemoControl::GetCurrentFileID_() const { return selected_ < 0 ? 0 : items_[static_cast<size_t>(selected_)].file_id; }

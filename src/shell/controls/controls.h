@@ -23,6 +23,7 @@ class Form;
 class Event {
  public:
   void operator+=(std::function<void()> handler) { handlers_.push_back(std::move(handler)); }
+  bool IsHeard() const { return !handlers_.empty(); }
   void Raise() const {
     for (size_t i = 0; i < handlers_.size(); ++i) handlers_[i]();
   }
@@ -67,6 +68,9 @@ class Control {
   // The focus comes to the control: the form knows it by its focus(). False when it cannot.
   bool UserEnter();
   void UserLeave();
+  // Whether the person changed the value since the control was left last, be it to the value it had: what a rule of leaving asks that must
+  // not touch a field which was only passed over.
+  bool Edited() const { return edited_; }
 
  protected:
   friend class Form;
@@ -77,7 +81,7 @@ class Control {
 
  private:
   ControlKind kind_;
-  bool enabled_ = true, visible_ = true, warning_ = false;
+  bool enabled_ = true, visible_ = true, warning_ = false, edited_ = false;
   std::string warning_tip_, tool_tip_;
 };
 
@@ -209,9 +213,13 @@ class MemoControl : public Control {
   struct Item {
     std::string name;
     int32_t file_id;
+    bool operator==(const Item&) const = default;
   };
   void Clear();
   void AddMemoItem(std::string name, int32_t file_id);
+  // Puts these entries in the place of the ones before. The selected entry stays so, unless another one has come beside it: then that one.
+  // Where the selected one is gone, the next is selected, or the last; a list that shared none with these starts on its first.
+  void Refill(std::vector<Item> items);
   const std::vector<Item>& items() const { return items_; }
   int32_t GetCurrentFileID_() const;  // 0 when none is selected
   int selected() const { return selected_; }

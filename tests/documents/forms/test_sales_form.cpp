@@ -385,9 +385,8 @@ TEST_F(SalesFormTest, RemovingALineAsksAndTakesItOffTheTotals) {
   AddStoredLine(50, article, "2", "10", "12,2");
   Table(program, kSprzedane).RECORD_POSITION(AddStoredLine(51, article, "1", "10", "12,2"));
   auto form = Edit(record);
-  Press(form->btnRemove);  // no row is selected
-  ASSERT_TRUE(form->SQL_Pic.UserClick(1, 1));
-  Press(form->btnRemove);  // answered with no
+  EXPECT_EQ(form->SQL_Pic.source->CurrentRow(), 1);  // there is always one to work on
+  Press(form->btnRemove);                            // answered with no
   EXPECT_EQ(form->SQL_Pic.source->Rows(), 2);
   platform.ui.answers = {Answer::kYes};
   Press(form->btnRemove);
@@ -459,6 +458,10 @@ TEST_F(SalesFormTest, SearchingPicksTheFirstRowAndArrowsMoveIt) {
   auto form = NewDocument();
   AddLine(*form, [](frm_Dok_add_TU& dialog) {
     EXPECT_EQ(dialog.focus(), &dialog.txtTU);
+    EXPECT_EQ(dialog.picTU.source->CurrentRow(), 0);  // nothing is picked, and no row looks so
+    EXPECT_FALSE(dialog.btnOK.Enabled());
+    EXPECT_TRUE(dialog.UserKey(40, false));
+    EXPECT_EQ(dialog.txtComboTU.Text(), "Młotek");
     Set(dialog.txtTU, "desk");
     EXPECT_EQ(dialog.picTU.source->Rows(), 2);
     EXPECT_EQ(dialog.txtCenaNetto.Text(), "5,00");
@@ -508,6 +511,11 @@ TEST_F(SalesFormTest, AnotherArticleOnAnEditedLineIsPricedInTheDocumentsCurrency
   EditLine(*form, 1, [&](frm_Dok_add_TU& dialog) {
     EXPECT_FALSE(dialog.UserShowPage("ZAL"));
     EXPECT_EQ(dialog.txtCenaNetto.Text(), "35,00");
+    Set(dialog.txtTU, "nic takiego");  // which leaves the line as it is
+    EXPECT_EQ(dialog.txtCenaNetto.Text(), "35,00");
+    EXPECT_TRUE(dialog.btnOK.Enabled());
+    Set(dialog.txtComboTU, "#0");
+    EXPECT_FALSE(dialog.btnOK.Enabled());
     Set(dialog.txtComboTU, "#" + std::to_string(abroad));
     EXPECT_EQ(dialog.txtCenaNetto.Text(), "13,50");  // 10 x 2.7 / 2
     Press(dialog.btnOK);

@@ -42,6 +42,57 @@ TEST(Controls, OnlyAPersonRaisesEventsAndMakesAFormDirty) {
   EXPECT_EQ(form.text.Text(), "x");
 }
 
+TEST(Controls, AFieldIsEditedFromAChangeByThePersonUntilItIsLeft) {
+  TestForm form;
+  bool edited = false;
+  form.text.Left += [&] { edited = form.text.Edited(); };
+  const auto left = [&] {
+    form.text.UserLeave();
+    return edited;
+  };
+  form.text.UserEnter();
+  form.text.SetText("by the program");
+  EXPECT_FALSE(left()) << "passed over";
+  form.text.UserEnter();
+  EXPECT_TRUE(form.text.UserSet("by the program"));
+  form.text.UserEnter();  // back from another window
+  EXPECT_TRUE(left()) << "the same text counts";
+  form.text.UserEnter();
+  EXPECT_FALSE(left());
+}
+
+TEST(Controls, AListOfFilesKeepsItsPlaceWhenItIsFilledAnew) {
+  using Items = std::vector<MemoControl::Item>;
+  const MemoControl::Item a{"a", 1}, b{"b", 2}, c{"c", 3}, d{"d", 4}, other_a{"a", 5}, new_b{"n", 2};
+  const struct {
+    Items before;
+    int selected;  // in the list before
+    Items after;
+    int32_t chosen;
+    const char* what;
+  } rows[] = {
+      {{}, -1, {a, b}, 1, "first filled"},
+      {{a, b, c}, 1, {a, b, c}, 2, "nothing happened"},
+      {{a, b, c}, 0, {a, b, c, d}, 4, "one was added at the end"},
+      {{a, c}, 1, {a, new_b, c}, 2, "one took the room of a deleted one"},
+      {{a, b}, 1, {a, b, other_a}, 5, "a file added twice"},
+      {{a, b, c}, 1, {a, c}, 3, "deleted: the next"},
+      {{a, b, c}, 2, {a, b}, 2, "the last deleted: the one before"},
+      {{a, b, c}, 1, {a, c, d}, 3, "deleted here, added elsewhere"},
+      {{a}, 0, {}, 0, "the only one deleted"},
+      {{a, b}, 1, {c, d}, 3, "another record"},
+  };
+  for (const auto& row : rows) {
+    MemoControl list;
+    list.Refill(row.before);
+    if (row.selected >= 0) {
+      ASSERT_TRUE(list.UserSelect(row.selected));
+    }
+    list.Refill(row.after);
+    EXPECT_EQ(list.GetCurrentFileID_(), row.chosen) << row.what;
+  }
+}
+
 TEST(Controls, ATextBoxTakesWhatItsFieldCanHold) {
   TestForm form;
   form.text.Limit = 4;

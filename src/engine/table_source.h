@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "app/program.h"
 #include "engine/qdbase.h"
 #include "shell/controls/form.h"
 

@@ -1,4 +1,4 @@
-#include "documents/forms/table_source.h"
+#include "engine/table_source.h"
 
 #include <algorithm>
 

@@ -1,0 +1,128 @@
+#include "masterdata/individual_accounts_form.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "company/tables.h"
+#include "engine/find_filter.h"
+#include "masterdata/form_helpers.h"
+
+namespace ostrinka {
+namespace {
+
+constexpr int kUpKey = 38, kDownKey = 40;
+constexpr char kShownFields[] = "KONTO_INDYW_OK, KONTO_INDYW_RACH, NAZWA, NIP, ULICA, NR_DOMU, NR_LOKALU, MIEJSCOWOSC";
+constexpr char kFlag[] = "KONTO_INDYW_OK", kAccount[] = "KONTO_INDYW_RACH";
+
+struct Column {
+  const char* field;
+  int width;
+  const char* heading;
+};
+constexpr Column kColumns[] = {
+    {kFlag, 78, "tdb.cust.acount"},      {kAccount, 190, "tdb.cust.peraco"},        {"NAZWA", 148, "tdb.cust.name"},
+    {"NIP", 85, "tdb.cust.nip"},         {"ULICA", 84, "tdb.cust.street"},          {"NR_DOMU", 50, "tdb.cust.house"},
+    {"NR_LOKALU", 56, "tdb.cust.local"}, {"KOD_POCZTOWY", 50, "tdb.cust.postcode"}, {"MIEJSCOWOSC", 78, "tdb.cust.city"},
+};
+
+}  // namespace
+
+frm_Admin_usr_konta_::frm_Admin_usr_konta_(Program& program)
+    : Form("frm_Admin_usr_konta_", "usr.aper.title"),
+      program_(program),
+      customers_(program, kKontrahenci, true),
+      rows_(customers_.table()) {
+  SQL_Pic.source = &rows_;
+  txtKontoIndywidualne.MultiLine = true;
+  txtKontoIndywidualne.SelectAllOnEntry = true;
+  txtZnajdź.SelectAllOnEntry = true;
+  Register("txtZnajdź", txtZnajdź);
+  Register("SQL_Pic", SQL_Pic);
+  Register("txtKontoIndywidualne", txtKontoIndywidualne);
+  Register("btnClose", btnClose);
+  Page("usr.aper.lbl.list")
+      .Row({{"usr.aper.lbl.find", txtZnajdź, 12}})
+      .Table(SQL_Pic)
+      .Row({{"usr.aper.lbl.account", txtKontoIndywidualne, 12}});
+  Buttons({{"usr.aper.close", btnClose, kCancel}});
+
+  txtZnajdź.Changed += [this] { Search(); };
+  SQL_Pic.Clicked += [this] { ShowAccount(); };
+  txtKontoIndywidualne.Changed += [this] { StoreAccount(); };
+  btnClose.Clicked += [this] { Close(); };
+}
+
+void frm_Admin_usr_konta_::reload_() {
+  rows_.look.true_text = program_.Text("common.yes");
+  rows_.look.false_text = program_.Text("common.no");
+  txtZnajdź.SetText("");
+  LimitToField(customers_.table(), kAccount, txtKontoIndywidualne);
+  ShowColumns();
+  Search();
+  SetFocus(txtZnajdź);
+}
+
+void frm_Admin_usr_konta_::ShowColumns() {
+  for (const Column& column : kColumns)
+    customers_.table().TABLE_FIELD_FORMAT(column.field, column.width, program_.Text(column.heading), "", false, 1);
+}
+
+// The current customer stays current while he is among those found.
+void frm_Admin_usr_konta_::Search() {
+  ClassQDBASE& customers = customers_.table();
+  if (customers_.IsOpen()) {
+    customers.SELECTION(kShownFields, FindFilter(customers, txtZnajdź.Text()), "", ordAsc);
+    if (!customers.RECORD_SELECT(customers.RECORD_POSITION())) customers.MOVE_FIRST();
+  }
+  ShowAccount();
+}
+
+void frm_Admin_usr_konta_::ShowAccount() {
+  ClassQDBASE& customers = customers_.table();
+  const int32_t record = rows_.RecordOf(rows_.CurrentRow());
+  shown_ = record > 0 && customers.RECORD_LOAD(record) ? record : 0;
+  txtKontoIndywidualne.SetText(shown_ > 0 ? customers.Text(kAccount) : std::string());
+  txtKontoIndywidualne.SetEnabled(shown_ > 0);
+  SQL_Pic.Repaint.Raise();
+}
+
+// What cannot be written is not left standing in the field.
+void frm_Admin_usr_konta_::StoreAccount() {
+  ClassQDBASE& customers = customers_.table();
+  const std::string text = TrimWhite(txtKontoIndywidualne.Text());
+  const bool given = !text.empty();
+  bool stored = shown_ > 0 && customers.RECORD_LOAD(shown_);
+  if (stored) {
+    customers.FIELD(kFlag, Value(given));
+    customers.FIELD(kAccount, Value(text));
+    stored = customers.RECORD_SAVE(shown_);
+  }
+  if (!stored) {
+    program_.platform.ui.Beep();
+    program_.Status(program_.Text("msg.info.error"));
+    ShowAccount();
+  }
+  SQL_Pic.Repaint.Raise();
+}
+
+void frm_Admin_usr_konta_::MoveRow(int step) {
+  if (rows_.Rows() < 1) return;
+  rows_.SelectRow(std::clamp(rows_.CurrentRow() + step, 1, rows_.Rows()));
+  ShowAccount();
+}
+
+bool frm_Admin_usr_konta_::UserKey(int code, bool ctrl) {
+  if (ctrl || focus() == &btnClose) return false;
+  const bool in_account = focus() == &txtKontoIndywidualne;
+  if (!in_account && (code == kUpKey || code == kDownKey)) {
+    MoveRow(code == kUpKey ? -1 : 1);
+    return true;
+  }
+  if (code != kEnterKey) return false;
+  const bool last = rows_.CurrentRow() >= rows_.Rows();
+  if (in_account) MoveRow(1);
+  SetFocus(shown_ == 0 || (in_account && last) ? txtZnajdź : txtKontoIndywidualne);
+  return true;
+}
+
+}  // namespace ostrinka
