@@ -132,11 +132,15 @@ void FormWindow::Parts::ShowSteps() {
 }
 
 QWidget* FormWindow::Parts::FirstField() const {
+  QWidget* option = nullptr;  // first of a group of options; the chosen one goes before it
   for (const Control* control : builder.order()) {
     const BuiltField& built = builder.fields().at(control);
-    if (control->CanAct() && built.page == form.page() && built.field->focusPolicy() != Qt::NoFocus) return built.field;
+    if (!control->CanAct() || built.page != form.page() || built.field->focusPolicy() == Qt::NoFocus) continue;
+    const auto* box = dynamic_cast<const OptionBoxControl*>(control);
+    if (!box || box->Value()) return option && !box ? option : built.field;
+    if (!option) option = built.field;
   }
-  return nullptr;
+  return option;
 }
 
 void FormWindow::Parts::MoveFocus() {

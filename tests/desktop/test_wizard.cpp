@@ -57,6 +57,17 @@ class WizardWindowTest : public ::testing::Test {
   std::unique_ptr<FormWindow> window;
 };
 
+TEST_F(WizardWindowTest, AGroupOfOptionsIsEnteredAtTheChosenOne) {
+  Open();
+  Press(Qt::Key_Return);
+  ASSERT_TRUE(form->dbLocal[1].UserSet("true"));
+  form->txtDbPath.SetText(platform.folder / "firma");
+  Press(Qt::Key_Right, Qt::AltModifier);
+  EXPECT_EQ(form->page(), "IMPORT");
+  Press(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Focus(), "dbLocal(1)");
+}
+
 TEST_F(WizardWindowTest, KeysLeadThroughTheStepsAndTheLastOneFinishes) {
   Open();
   EXPECT_EQ(Focus(), "btnNext");
