@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "shell/controls/controls.h"
+#include "masterdata/form_helpers.h"
 
 namespace ostrinka {
 
@@ -12,11 +12,6 @@ namespace ostrinka {
 using ListChoice = std::pair<int32_t, std::string>;
 inline ListChoice Chosen(const ComboControl& list) { return {list.Value(), list.Text()}; }
 
-// Selects the record; one that the list lacks, because it was deleted or has no name, is added at the end first.
-inline void SelectOrAdd(ComboControl& list, const ListChoice& choice) {
-  if (list.SelectValue(choice.first) || choice.first < 1) return;
-  list.AddItem(choice.second, choice.first);
-  list.SelectValue(choice.first);
-}
+inline void SelectOrAdd(ComboControl& list, const ListChoice& choice) { SelectOrAdd(list, choice.first, choice.second); }
 
 }  // namespace ostrinka
