@@ -16,7 +16,7 @@ class NobodyThere : public UserInterface {
     return Answer::kOk;
   }
   std::optional<std::string> AskOpenFile(const std::vector<FileFilter>&) override { return std::nullopt; }
-  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>&, const std::string&) override { return std::nullopt; }
+  std::optional<std::string> AskSaveFile(const std::vector<FileFilter>&, const std::string&, size_t&) override { return std::nullopt; }
   std::optional<std::string> AskFolder(const std::string&) override { return std::nullopt; }
   void ShowStatus(const std::string&) override {}
   void TurnEvents() override {}

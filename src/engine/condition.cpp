@@ -196,6 +196,14 @@ Condition::Condition(const std::vector<ConditionTerm>& terms, const FieldLayout&
   }
 }
 
+std::vector<const FieldDef*> Condition::Fields() const {
+  std::vector<const FieldDef*> fields;
+  for (const Term& term : terms_) {
+    if (term.field) fields.push_back(term.field);
+  }
+  return fields;
+}
+
 Condition::Term Condition::Bind(const ConditionTerm& from) {
   const bool raw = !from.field.empty() && from.field[0] == '.', linked = !from.field.empty() && from.field[0] == '@';
   const std::string name = FromCp1250(raw || linked ? from.field.substr(1) : from.field);

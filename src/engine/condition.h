@@ -42,6 +42,8 @@ class Condition {
   Condition(const std::vector<ConditionTerm>& terms, const FieldLayout& layout, LinkReader links, LinkScanner all_links = {});
 
   bool Matches(const char* record);
+  // The fields that it looks at in a record.
+  std::vector<const FieldDef*> Fields() const;
 
  private:
   enum class Kind { kNumber, kCurrency, kText, kLinkText, kFixed, kGeneral };

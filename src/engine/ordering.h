@@ -17,6 +17,7 @@ class Ordering {
   // `id` as in FIELD; only fields of type text are folded. An unknown field gives every record the same key.
   Ordering(const FieldId& id, const FieldLayout& layout, LinkReader links);
 
+  const FieldDef* field() const { return field_; }  // null for an unknown one
   void Reserve(size_t records) { entries_.reserve(records); }
   void Add(int32_t n, const char* record);
   // The record cannot be read: an empty key.

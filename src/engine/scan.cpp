@@ -12,6 +12,9 @@ bool ClassQDBASE::SCAN(const std::vector<FieldId>& fields, const std::function<b
   for (const FieldId& field : fields) numbers.push_back(s.layout.Resolve(field));
   std::vector<Value> values(fields.size());
   BlockReader reader(s.file, s.layout.record_length(), 1, RECORD_COUNT(), true);
+  for (const int number : numbers) {
+    if (number > 0) reader.WillTouch(s.layout.field(number));
+  }
   int32_t n = 0;
   while (const char* record = reader.Next(n)) {
     if (record[0] != 0) continue;

@@ -49,6 +49,8 @@ std::vector<int32_t> ClassQDBASE::State::Scan(const std::string& condition, bool
   const bool all = condition.empty() || condition == "*";
   Condition filter(all ? std::vector<ConditionTerm>() : ParseCondition(condition), layout, Links(), AllLinks());
   BlockReader reader(file, layout.record_length(), first, last, ascending);
+  for (const FieldDef* field : filter.Fields()) reader.WillTouch(*field);
+  if (ordering && ordering->field()) reader.WillTouch(*ordering->field());
   const int64_t range = std::max<int64_t>(int64_t{last} - first + 1, 1);
   constexpr int64_t kProgressStep = 4096;
   int64_t done = 0;
@@ -86,6 +88,7 @@ LinkScanner ClassQDBASE::State::AllLinks() {
     if (reads < std::max(kLeastReads, there.count / kShareOfReads)) return false;
     if (!there.layout.Has(link.field) || there.layout.field(link.field).type != kText) return false;
     BlockReader reader(there.file, there.layout.record_length(), 1, there.CountRecords(), true);
+    reader.WillTouch(there.layout.field(link.field));
     std::string text;
     int32_t target = 0;
     while (const char* record = reader.Next(target)) {

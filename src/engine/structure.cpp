@@ -66,6 +66,7 @@ bool ClassQDBASE::State::BuildCompanions(const TableHeader& new_header, const Re
   if (!temp || !CopyBytes(*file.raw(), *temp, file.Size(), error)) return false;
   const std::unique_ptr<File> made = platform.files.Open(path + ".new", OpenMode::kCreate, &error);
   if (!made) return false;
+  made->WillFlush();
   FieldLayout new_layout;
   if (!made->Resize(0) || !new_layout.Build(new_header)) {
     error = made->LastError();

@@ -141,6 +141,7 @@ bool TableFile::Fill(File& from, std::string& error) {
     error = from.LastError();
     return false;
   }
+  file_->WillFlush();
   if (!CopyBytes(from, *file_, from.Size(), error, sizeof magic)) return false;
   // Whoever opened the new name meanwhile saw no table and is about to give it up.
   for (int attempt = 0; attempt < kLockAttempts && !LockAlone(); ++attempt) continue;

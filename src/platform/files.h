@@ -25,6 +25,8 @@ class File {
   // All or nothing is promised to the caller only in the result: false when any byte was not written.
   virtual bool WriteAt(int64_t position, const void* from, size_t length) = 0;
   virtual bool Resize(int64_t length) = 0;
+  // A Flush will follow: until then what is written starts on its way at once, so that there is less to wait for.
+  virtual void WillFlush() {}
   // Returns when what was written stands on the disk.
   virtual bool Flush() = 0;
   // Locks of this open file (not of the process) on a range of bytes. Never waits: false when another open file holds a lock in the way.

@@ -61,6 +61,7 @@ class PosixFile : public File {
       }
       done += static_cast<size_t>(put);
     }
+    if (hastens_) sync_file_range(descriptor_, position, static_cast<off_t>(length), SYNC_FILE_RANGE_WRITE);
     return true;
   }
 
@@ -69,7 +70,12 @@ class PosixFile : public File {
     return Check(ftruncate(descriptor_, length));
   }
 
-  bool Flush() override { return Check(fdatasync(descriptor_)); }
+  void WillFlush() override { hastens_ = true; }
+
+  bool Flush() override {
+    hastens_ = false;
+    return Check(fdatasync(descriptor_));
+  }
 
   bool Lock(int64_t position, int64_t length, bool exclusive) override {
     return SetLock(position, length, static_cast<short>(exclusive ? F_WRLCK : F_RDLCK));
@@ -100,6 +106,7 @@ class PosixFile : public File {
 
   int descriptor_;
   std::string path_;
+  bool hastens_ = false;
   std::shared_ptr<FileView> view_;
   int error_ = 0;
 };
