@@ -323,6 +323,9 @@ TEST_F(CompanyTest, PatternsComeFromTheCurrencyOrTheSettings) {
   EXPECT_EQ(currencies.Real("KURS"), 9.5);
   program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", std::string(" 0.000 PLNŻ "));
   EXPECT_EQ(PricePattern(program, 0, false), "0.000");
+  // One just added to the dictionary has none of its own yet.
+  ASSERT_TRUE(currencies.RECORD_ADD());
+  EXPECT_EQ(PricePattern(program, currencies.RECORD_ADDED(), false), "0.000");
 }
 
 TEST_F(CompanyTest, PositionsComeBackWithTheirRecord) {

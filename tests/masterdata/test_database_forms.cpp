@@ -103,7 +103,10 @@ TEST_F(DatabaseFormsTest, ChoosingTheDefaultFolderKeepsTheOwnOneForLater) {
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_EQ(program.DatabaseFolder(), platform.folder / "app/data/");
   EXPECT_EQ(Setting("dbPath", "Path"), "<APP>\\moja");
-  platform.ui.file_answers = {platform.folder / "inna"};
+  platform.ui.file_answers = {platform.folder / "bjørn", platform.folder / "inna"};
+  ASSERT_TRUE(form.btnBrowse.UserPress());  // a folder that the settings could not name
+  EXPECT_EQ(MessageTexts().back(), program.Text("msg.info.dbpathletters"));
+  EXPECT_NE(form.txtDbPath.Text(), platform.folder / "bjørn");
   ASSERT_TRUE(form.btnBrowse.UserPress());
   EXPECT_TRUE(form.dbLocal[1].Value());
   EXPECT_EQ(form.txtDbPath.Text(), platform.folder / "inna");
