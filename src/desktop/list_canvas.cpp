@@ -60,15 +60,15 @@ void ListCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
   }
 }
 
-const ListCanvas::Fitted& ListCanvas::FontOf(const FontSpec& spec) {
-  const QString key = ToQt(spec.face) + QString::number(spec.height) + (spec.bold ? "b" : "") + (spec.italic ? "i" : "");
+const ListCanvas::Fitted& ListCanvas::FontOf(const FontSpec& wanted) {
+  const QString key = ToQt(wanted.face) + QString::number(wanted.height) + (wanted.bold ? "b" : "") + (wanted.italic ? "i" : "");
   const auto found = fonts_.find(key);
   if (found != fonts_.end()) return *found;
-  QFont font(InstalledFace(spec.face));
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(spec.height / kCellOfType))));
-  font.setBold(spec.bold);
-  font.setItalic(spec.italic);
-  font.setUnderline(spec.underline);
+  QFont font(InstalledFace(wanted.face));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(wanted.height / kCellOfType))));
+  font.setBold(wanted.bold);
+  font.setItalic(wanted.italic);
+  font.setUnderline(wanted.underline);
   return *fonts_.insert(key, Fitted{font, QFontMetricsF(font, painter_.device())});
 }
 

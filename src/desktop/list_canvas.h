@@ -34,7 +34,7 @@ class ListCanvas : public QCanvas {
     QFont font;
     QFontMetricsF metrics;
   };
-  const Fitted& FontOf(const FontSpec& spec);
+  const Fitted& FontOf(const FontSpec& wanted);
 
   double inset_, ratio_;
   QHash<QString, Fitted> fonts_;

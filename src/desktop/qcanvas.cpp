@@ -84,17 +84,17 @@ void QCanvas::DrawEllipse(const RectF& frame, const Pen& pen, const Colour* fill
   painter_.drawEllipse(RectOf(frame));
 }
 
-const QCanvas::Fitted& QCanvas::FontOf(const FontSpec& spec) {
-  QString key = TextOf(spec.face) + QChar('0' + (spec.bold ? 1 : 0) + (spec.italic ? 2 : 0) + (spec.underline ? 4 : 0));
+const QCanvas::Fitted& QCanvas::FontOf(const FontSpec& wanted) {
+  QString key = TextOf(wanted.face) + QChar('0' + (wanted.bold ? 1 : 0) + (wanted.italic ? 2 : 0) + (wanted.underline ? 4 : 0));
   auto found = fonts_.find(key);
   if (found != fonts_.end()) return *found;
   Fitted fitted;
-  fitted.font = QFont(InstalledFace(spec.face));
+  fitted.font = QFont(InstalledFace(wanted.face));
   fitted.font.setPixelSize(kDesignPixels);
   fitted.font.setHintingPreference(QFont::PreferNoHinting);
-  fitted.font.setBold(spec.bold);
-  fitted.font.setItalic(spec.italic);
-  fitted.font.setUnderline(spec.underline);
+  fitted.font.setBold(wanted.bold);
+  fitted.font.setItalic(wanted.italic);
+  fitted.font.setUnderline(wanted.underline);
   QFontMetricsF metrics(fitted.font, painter_.device());
   fitted.ascent = metrics.ascent();
   fitted.cell = std::max(1.0, metrics.ascent() + metrics.descent());

@@ -41,7 +41,7 @@ class QCanvas : public Canvas {
     QFont font;
     double ascent = 0, cell = 1;  // at the design size
   };
-  const Fitted& FontOf(const FontSpec& spec);
+  const Fitted& FontOf(const FontSpec& wanted);
   QPen PenOf(const Pen& pen) const;
 
   double width_, height_, hairline_;

@@ -27,4 +27,13 @@ const std::array<CompanyBox, kCompanyBoxCount>& CompanyBoxList() {
   return kBoxes;
 }
 
+std::vector<GroupLayout> CompanyBoxes::AddressAndNumbers() {
+  return {GroupLayout("usr.grp.address", 7)
+              .Row({{"usr.lbl.street", txtUlica, 6}, {"usr.lbl.house", txtNrDomu, 3}, {"usr.lbl.local", txtNrLokalu, 3}})
+              .Row({{"usr.lbl.postcode", txtKodPocztowy, 3}, {"usr.lbl.city", txtMiejscowość, 5}, {"usr.lbl.country", txtKraj, 4}}),
+          GroupLayout("usr.grp.numbers", 5)
+              .Row({{"usr.lbl.nip", TxtNIP, 6}, {"usr.lbl.nipeu", txtNIPEU, 6}})
+              .Row({{"usr.lbl.regon", txtRegon, 6}, {"usr.lbl.krs", txtKRS, 6}})};
+}
+
 }  // namespace ostrinka

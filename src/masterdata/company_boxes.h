@@ -2,15 +2,19 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "app/company_record.h"
-#include "shell/controls/controls.h"
+#include "shell/controls/form.h"
 
 namespace ostrinka {
 
 struct CompanyBoxes {
   TextBoxControl txtMiejsceWystDok, txtNazwaFirmy, txtUlica, txtNrDomu, txtNrLokalu, txtKodPocztowy, txtMiejscowość, txtKraj, txtTelefon,
       txtFaks, txtEMail, txtWWW, txtKRS, TxtNIP, txtNIPEU, txtRegon, txtBank, txtSWIFT, txtKonto;
+
+  // Address and registered numbers side by side, as a layout shows them.
+  std::vector<GroupLayout> AddressAndNumbers();
 };
 
 // One field: its control, its text in the company record, its field of the table firma.

@@ -41,12 +41,7 @@ void frm_Admin_usr_::RegisterControls() {
 void frm_Admin_usr_::LayOut() {
   Page("STD", "usr.tab.std")
       .Row({{"usr.lbl.name", txtNazwaFirmy, 8}, {"usr.lbl.place", txtMiejsceWystDok, 4}})
-      .Side({GroupLayout("usr.grp.address", 7)
-                 .Row({{"usr.lbl.street", txtUlica, 6}, {"usr.lbl.house", txtNrDomu, 3}, {"usr.lbl.local", txtNrLokalu, 3}})
-                 .Row({{"usr.lbl.postcode", txtKodPocztowy, 3}, {"usr.lbl.city", txtMiejscowość, 5}, {"usr.lbl.country", txtKraj, 4}}),
-             GroupLayout("usr.grp.numbers", 5)
-                 .Row({{"usr.lbl.nip", TxtNIP, 6}, {"usr.lbl.nipeu", txtNIPEU, 6}})
-                 .Row({{"usr.lbl.regon", txtRegon, 6}, {"usr.lbl.krs", txtKRS, 6}})})
+      .Side(AddressAndNumbers())
       .Side({GroupLayout("usr.grp.bank", 7)
                  .Row({{"usr.lbl.bank", txtBank, 8}, {"usr.lbl.swift", txtSWIFT, 4}})
                  .Row({{"usr.lbl.account", txtKonto, 12}})

@@ -133,7 +133,6 @@ void MainWindow::DeleteRecord(const Command& command, int) {
     return;
   }
   ClassQDBASE& table = Table(program_, command.table);
-  int32_t corrected = 0;  // the document that loses its correction
   if (command.table == kDokSprzed) {
     table.RECORD_LOAD(record);
     const int32_t correction = table.Int("KOREKTA");
@@ -142,7 +141,7 @@ void MainWindow::DeleteRecord(const Command& command, int) {
       program_.platform.ui.Beep();
       return;
     }
-    corrected = table.Int("DOTYCZY");
+    int32_t corrected = table.Int("DOTYCZY");  // the document that loses its correction
     if (corrected >= 1 && (!table.RECORD_LOAD(corrected) || table.Int("KOREKTA") != record)) corrected = 0;
     if (corrected >= 1 && !SetCorrection(table, corrected, 0)) return Fail();
     table.RECORD_LOAD(record);
@@ -152,10 +151,7 @@ void MainWindow::DeleteRecord(const Command& command, int) {
       return Fail();
     }
   }
-  if (!table.RECORD_DELETE(record)) {
-    if (corrected >= 1) SetCorrection(table, corrected, record);
-    Fail();
-  }
+  if (!table.RECORD_DELETE(record)) Fail();
   refresh_tasks_();
 }
 

@@ -14,17 +14,7 @@ const std::string kVersion0(6, '\0');
 class RecoveryTest : public CompanyTest {
  protected:
   KilledFileSystem files;
-  Platform platform{files,
-                    surroundings.ui,
-                    surroundings.clock,
-                    surroundings.random,
-                    surroundings.waiter,
-                    surroundings.printer,
-                    surroundings.pictures,
-                    surroundings.download,
-                    surroundings.serial,
-                    surroundings.platform.application_folder,
-                    surroundings.platform.user_settings};
+  Platform platform = surroundings.With(files);
 
   void SetUp() override {
     CompanyTest::SetUp();

@@ -28,17 +28,20 @@ class PreviewTest : public ClerkTest {
     AddStoredLine(501, AddArticle("Regał sosnowy", 100, 122), "2", "100", "122");
     OpenWindow();
   }
+  void Show(frm_DocPreview& preview, const std::function<void(PreviewWindow&)>& look_on) {
+    model = &preview;
+    PreviewWindow shown(*look, preview, view.get());
+    shown.setGeometry(0, 0, 780, 700);
+    shown.show();
+    Turn(shown);
+    look_on(shown);
+  }
   // What a person does before the preview that the ribbon's choice opens.
   void Preview(std::function<void(PreviewWindow&)> look_on) {
     int opened = 0;
     platform.ui.on_preview = [&](frm_DocPreview& preview) {
       ++opened;
-      model = &preview;
-      PreviewWindow shown(*look, preview, view.get());
-      shown.setGeometry(0, 0, 780, 700);
-      shown.show();
-      Turn(shown);
-      look_on(shown);
+      Show(preview, look_on);
     };
     window->UserItem("SPRZEDAŻ.DRUKUJ", "SPRZEDAŻ.PODGLĄD");
     platform.ui.on_preview = nullptr;
@@ -53,12 +56,7 @@ class PreviewTest : public ClerkTest {
     }
     program.CurrentPrintJob->END_PAGE();
     frm_DocPreview preview(program);
-    model = &preview;
-    PreviewWindow shown(*look, preview, view.get());
-    shown.setGeometry(0, 0, 780, 700);
-    shown.show();
-    Turn(shown);
-    look_on(shown);
+    Show(preview, look_on);
   }
   static QImage Turn(PreviewWindow& shown) {
     QApplication::processEvents();

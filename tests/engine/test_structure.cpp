@@ -145,17 +145,7 @@ TEST_F(TableTest, ALinkFieldIsOpenAsSoonAsItIsAddedAndMovesWithItsNumber) {
 class FullDiskTest : public TableTest {
  protected:
   FailingFileSystem files;
-  Platform platform{files,
-                    surroundings.ui,
-                    surroundings.clock,
-                    surroundings.random,
-                    surroundings.waiter,
-                    surroundings.printer,
-                    surroundings.pictures,
-                    surroundings.download,
-                    surroundings.serial,
-                    surroundings.platform.application_folder,
-                    surroundings.platform.user_settings};
+  Platform platform = surroundings.With(files);
   ClassQDBASE table{platform};
   void SetUp() override {
     FilledGoods();

@@ -105,17 +105,7 @@ TEST_F(ClassPrintTest, SheetComesFromThePrinterOrStandsAtItsDefault) {
   EXPECT_EQ(print->Page_Height(3), 0);
 
   PaperPrinter printer;
-  Platform platform{surroundings.files,
-                    surroundings.ui,
-                    surroundings.clock,
-                    surroundings.random,
-                    surroundings.waiter,
-                    printer,
-                    surroundings.pictures,
-                    surroundings.download,
-                    surroundings.serial,
-                    surroundings.platform.application_folder,
-                    surroundings.platform.user_settings};
+  Platform platform = surroundings.With(printer);
   Program other(platform);
   ClassPRINT job(other);
   printer.paper = {216, 279, 206, 270};
@@ -406,17 +396,7 @@ TEST_F(ClassPrintTest, FieldsOfATableHead) {
 
 TEST_F(ClassPrintTest, APictureIsDecodedOnceAndMadeNoFinerThanPaper) {
   OnePicture pictures;
-  Platform platform{surroundings.files,
-                    surroundings.ui,
-                    surroundings.clock,
-                    surroundings.random,
-                    surroundings.waiter,
-                    surroundings.printer,
-                    pictures,
-                    surroundings.download,
-                    surroundings.serial,
-                    surroundings.platform.application_folder,
-                    surroundings.platform.user_settings};
+  Platform platform = surroundings.With(pictures);
   Program other(platform);
   ClassPRINT job(other);
   surroundings.files.WriteAll(surroundings.folder / "logo.img", "a picture");

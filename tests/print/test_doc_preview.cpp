@@ -70,17 +70,7 @@ class DocPreviewTest : public testing::Test {
 
   TestPlatform surroundings;
   CountingPrinter printer;
-  Platform platform{surroundings.files,
-                    surroundings.ui,
-                    surroundings.clock,
-                    surroundings.random,
-                    surroundings.waiter,
-                    printer,
-                    surroundings.pictures,
-                    surroundings.download,
-                    surroundings.serial,
-                    surroundings.platform.application_folder,
-                    surroundings.platform.user_settings};
+  Platform platform = surroundings.With(printer);
   Program program{platform};
 };
 

@@ -264,17 +264,7 @@ TEST_F(InvoiceTest, BlocksFollowTheDocument) {
 
 TEST_F(InvoiceTest, TheLogoKeepsItsProportionsInItsBox) {
   FixedPicture decoder;
-  Platform with_pictures{surroundings.files,
-                         surroundings.ui,
-                         surroundings.clock,
-                         surroundings.random,
-                         surroundings.waiter,
-                         surroundings.printer,
-                         decoder,
-                         surroundings.download,
-                         surroundings.serial,
-                         surroundings.platform.application_folder,
-                         surroundings.platform.user_settings};
+  Platform with_pictures = surroundings.With(decoder);
   const struct {
     int width, height;
     double right, bottom;

@@ -172,6 +172,11 @@ struct TestPlatform {
   NoDownload download;
   NoSerial serial;
   Platform platform{files, ui, clock, random, waiter, printer, pictures, download, serial, folder / "app/", folder / "user/"};
+  // The same surroundings with another file system, printer or decoder of pictures.
+  Platform With(FileSystem& other) { return {other, ui, clock, random, waiter, printer, pictures, download, serial, folder / "app/", folder / "user/"}; }
+  Platform With(Printer& other) { return {files, ui, clock, random, waiter, other, pictures, download, serial, folder / "app/", folder / "user/"}; }
+  Platform With(PictureDecoder& other) { return {files, ui, clock, random, waiter, printer, other, download, serial, folder / "app/", folder / "user/"}; }
+
   TestPlatform() {
     files.MakeFolder(folder / "app");
     files.MakeFolder(folder / "user");
