@@ -15,8 +15,12 @@ std::string WithoutNulls(std::string_view line) {
 
 Catalogue::Catalogue(FileSystem& files, std::string program_folder) : files_(files), program_folder_(std::move(program_folder)) {}
 
-bool Catalogue::LoadProgramCatalogue(const std::string& file) { return Load(program_, file); }
-bool Catalogue::LoadPrintCatalogue(const std::string& file) { return Load(print_, file); }
+bool Catalogue::LoadProgramCatalogue(const std::string& file) {
+  return Load(program_, file);
+}
+bool Catalogue::LoadPrintCatalogue(const std::string& file) {
+  return Load(print_, file);
+}
 
 bool Catalogue::Load(Entries& entries, const std::string& file) {
   entries.clear();

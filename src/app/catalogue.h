@@ -20,8 +20,8 @@ class Catalogue {
   bool LoadProgramCatalogue(const std::string& file);
   bool LoadPrintCatalogue(const std::string& file);
 
-  // The text of `key`, in any case, from the program catalogue, then the print catalogue; "|" becomes CR LF and {0} to {9} the arguments, in
-  // that order. "%" and the lower-cased key when neither has it.
+  // The text of `key`, in any case, from the program catalogue, then the print catalogue; "|" becomes CR LF and {0} to {9} the arguments,
+  // in that order. "%" and the lower-cased key when neither has it.
   std::string Text(std::string_view key, std::initializer_list<std::string_view> arguments = {}) const;
   bool Has(std::string_view key) const;
 

@@ -5,9 +5,7 @@
 namespace ostrinka {
 
 Program::Program(Platform& surroundings)
-    : platform(surroundings),
-      settings(platform.files, platform.user_settings),
-      catalogue(platform.files, platform.application_folder) {
+    : platform(surroundings), settings(platform.files, platform.user_settings), catalogue(platform.files, platform.application_folder) {
   mobile = platform.files.FileExists(platform.application_folder + "mobile");
   if (!mobile) return;
   platform.files.MakeFolder(platform.application_folder + "settings");
@@ -37,8 +35,12 @@ Answer Program::Message(std::string_view key, MessageKind kind, std::initializer
   return ShowMessage(Text(key, arguments), kind);
 }
 
-Answer Program::ShowMessage(const std::string& text, MessageKind kind) { return platform.ui.ShowMessage(text, kind); }
+Answer Program::ShowMessage(const std::string& text, MessageKind kind) {
+  return platform.ui.ShowMessage(text, kind);
+}
 
-void Program::Status(const std::string& text) { platform.ui.ShowStatus(text); }
+void Program::Status(const std::string& text) {
+  platform.ui.ShowStatus(text);
+}
 
 }  // namespace ostrinka

@@ -51,9 +51,9 @@ class Program {
   std::shared_ptr<ClassPRINT> CurrentPrintJob;
   std::shared_ptr<PostalTable> postal;
   CompanyRecord company;
-  MainView* main_view = nullptr;      // null until the main window stands
-  int32_t current_customer = 0;       // record handed from an editor to the line dialog and the picker
-  int32_t current_advance = 0;        // record of the advance invoice picked in the line dialog
+  MainView* main_view = nullptr;  // null until the main window stands
+  int32_t current_customer = 0;   // record handed from an editor to the line dialog and the picker
+  int32_t current_advance = 0;    // record of the advance invoice picked in the line dialog
 
   std::string ApplicationFolder() const { return platform.application_folder; }  // exactly one closing slash
   std::string IconsFolder() const { return platform.application_folder + "Icons/"; }

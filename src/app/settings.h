@@ -11,8 +11,8 @@
 
 namespace ostrinka {
 
-inline constexpr std::string_view kCommon = "Velmora.common";       // settings shared by the maker's programs
-inline constexpr std::string_view kOstrinka = "Velmora.Ostrinka";   // settings of this program
+inline constexpr std::string_view kCommon = "Velmora.common";      // settings shared by the maker's programs
+inline constexpr std::string_view kOstrinka = "Velmora.Ostrinka";  // settings of this program
 
 class Settings {
  public:

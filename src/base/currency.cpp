@@ -34,7 +34,9 @@ std::optional<Currency> Currency::FromFloat(float value) {
   return FromDecimal(DecimalOf(value));
 }
 
-double Currency::ToDouble() const { return static_cast<double>(raw_) / static_cast<double>(kScale); }
+double Currency::ToDouble() const {
+  return static_cast<double>(raw_) / static_cast<double>(kScale);
+}
 
 std::optional<Currency> Add(Currency a, Currency b) {
   int64_t raw;

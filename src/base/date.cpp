@@ -19,7 +19,9 @@ constexpr sys_days kEpoch = sys_days(year_month_day(year(1899), month(12), day(3
 constexpr double kFirst = -657434;  // 1 January 100
 constexpr double kLast = 2958466;   // the day after 31 December 9999
 
-sys_days DayOf(double number) { return kEpoch + days(static_cast<int>(std::floor(number))); }
+sys_days DayOf(double number) {
+  return kEpoch + days(static_cast<int>(std::floor(number)));
+}
 
 // Weeks of a year that begin on the weekday `start` (0 Sunday, 1 Monday); the week of 1 January is week 1.
 int WeekOf(const Date& date, int start) {
@@ -38,7 +40,9 @@ std::optional<Date> Date::FromYmd(int y, int m, int d) {
   return Date(static_cast<double>((sys_days(ymd) - kEpoch).count()));
 }
 
-bool Date::IsValid() const { return std::isfinite(days_) && days_ >= kFirst && days_ < kLast; }
+bool Date::IsValid() const {
+  return std::isfinite(days_) && days_ >= kFirst && days_ < kLast;
+}
 
 YearMonthDay Date::Ymd() const {
   if (!IsValid()) return {};
@@ -52,16 +56,24 @@ int Date::Weekday() const {
   return static_cast<int>(std::chrono::weekday(DayOf(days_)).iso_encoding());
 }
 
-int Date::Quarter() const { return (Ymd().month - 1) / 3 + 1; }
+int Date::Quarter() const {
+  return (Ymd().month - 1) / 3 + 1;
+}
 
 int Date::DayOfYear() const {
   const Date start = FromYmd(Ymd().year, 1, 1).value_or(Date());
   return IsValid() ? static_cast<int>(std::floor(days_) - start.days_) + 1 : 364;
 }
 
-int Date::WeekFromSunday() const { return WeekOf(*this, 0); }
-int Date::WeekFromMonday() const { return WeekOf(*this, 1); }
-Date Date::WithoutTime() const { return Date(std::floor(days_)); }
+int Date::WeekFromSunday() const {
+  return WeekOf(*this, 0);
+}
+int Date::WeekFromMonday() const {
+  return WeekOf(*this, 1);
+}
+Date Date::WithoutTime() const {
+  return Date(std::floor(days_));
+}
 
 std::string Date::Iso() const {
   const YearMonthDay ymd = Ymd();

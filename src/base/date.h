@@ -24,17 +24,17 @@ class Date {
   static std::optional<Date> Parse(std::string_view text);
 
   constexpr double days() const { return days_; }
-  bool IsValid() const;       // finite and within the years 100 to 9999
-  YearMonthDay Ymd() const;   // 30 December 1899 when not valid
-  int Weekday() const;        // 1 Monday to 7 Sunday
-  int Quarter() const;        // 1 to 4
-  int DayOfYear() const;      // from 1
+  bool IsValid() const;      // finite and within the years 100 to 9999
+  YearMonthDay Ymd() const;  // 30 December 1899 when not valid
+  int Weekday() const;       // 1 Monday to 7 Sunday
+  int Quarter() const;       // 1 to 4
+  int DayOfYear() const;     // from 1
   // Number of the week, the week of 1 January being week 1.
   int WeekFromSunday() const;
   int WeekFromMonday() const;
   Date WithoutTime() const;
   Date PlusDays(int days) const { return Date(days_ + days); }
-  std::string Iso() const;    // "2008-03-05"
+  std::string Iso() const;  // "2008-03-05"
 
   constexpr auto operator<=>(const Date&) const = default;
 

@@ -160,7 +160,9 @@ std::optional<double> ReadNumber(std::string_view text) {
   return value;
 }
 
-double NumberOr0(std::string_view text) { return ReadNumber(text).value_or(0); }
+double NumberOr0(std::string_view text) {
+  return ReadNumber(text).value_or(0);
+}
 
 std::optional<Currency> ReadCurrency(std::string_view text) {
   const std::string number = NumberCharacters(text);

@@ -22,7 +22,7 @@ constexpr std::string_view kGeneral = "General Number";
 // A number pattern taken apart: literals and digit places in order.
 struct Token {
   enum class Kind { kLiteral, kDigit, kPoint } kind;
-  std::string text;      // of a literal
+  std::string text;       // of a literal
   bool required = false;  // "0", not "#"
 };
 struct NumberPattern {
@@ -145,7 +145,8 @@ std::string GeneralNumber(const Decimal& value, const Locale& locale) {
   }
   if (value.point <= 0) return result + "0" + locale.decimal + std::string(static_cast<size_t>(-value.point), '0') + value.digits;
   if (size <= value.point) return result + value.digits + std::string(static_cast<size_t>(value.point - size), '0');
-  return result + value.digits.substr(0, static_cast<size_t>(value.point)) + locale.decimal + value.digits.substr(static_cast<size_t>(value.point));
+  return result + value.digits.substr(0, static_cast<size_t>(value.point)) + locale.decimal +
+         value.digits.substr(static_cast<size_t>(value.point));
 }
 
 std::string FormatDecimal(Decimal value, std::string_view pattern, const Locale& locale) {
@@ -165,10 +166,13 @@ std::string Padded(int number, size_t width) {
 
 }  // namespace
 
-const Locale& Locale::Polish() { return kPolish; }
+const Locale& Locale::Polish() {
+  return kPolish;
+}
 
 std::string FormatPlain(const Value& value, std::string_view pattern, const Locale& locale) {
-  if (const auto* date = std::get_if<Date>(&value)) return pattern.empty() || pattern == kGeneral ? date->Iso() : FormatDate(*date, pattern, locale);
+  if (const auto* date = std::get_if<Date>(&value))
+    return pattern.empty() || pattern == kGeneral ? date->Iso() : FormatDate(*date, pattern, locale);
   if (std::holds_alternative<bool>(value) && pattern.empty()) return ToText(value);
   const std::optional<Decimal> decimal = DecimalOf(value);
   if (!decimal) return ToText(value);
@@ -252,6 +256,8 @@ std::string FormatDate(Date date, std::string_view pattern, const Locale& locale
   return result;
 }
 
-double RoundByPattern(const Value& value, std::string_view pattern) { return NumberOr0(FormatNumber(value, pattern)); }
+double RoundByPattern(const Value& value, std::string_view pattern) {
+  return NumberOr0(FormatNumber(value, pattern));
+}
 
 }  // namespace ostrinka

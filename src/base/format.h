@@ -50,8 +50,8 @@ std::string FormatNumber(const Value& value, std::string_view pattern, const Loc
 // name is genitive when the pattern also has a day of the month.
 std::string FormatDate(Date date, std::string_view pattern, const Locale& locale = Locale::Polish());
 
-// Reads a number: blanks at the ends, grouping blanks and currency signs (€ $ £ ¥ ¤, zł) are passed over; comma and point both are the decimal
-// sign; an exponent is taken. Nothing when anything else is left, or no digit stands there.
+// Reads a number: blanks at the ends, grouping blanks and currency signs (€ $ £ ¥ ¤, zł) are passed over; comma and point both are the
+// decimal sign; an exponent is taken. Nothing when anything else is left, or no digit stands there.
 std::optional<double> ReadNumber(std::string_view text);
 // The same with 0 for no number.
 double NumberOr0(std::string_view text);

@@ -86,16 +86,25 @@ char32_t UpperCodePoint(char32_t c) {
 // Of a lower-case letter.
 char32_t BaseOfPolish(char32_t c) {
   switch (c) {
-    case U'ą': return 'a';
-    case U'ć': return 'c';
-    case U'ę': return 'e';
-    case U'ł': return 'l';
-    case U'ń': return 'n';
-    case U'ó': return 'o';
-    case U'ś': return 's';
+    case U'ą':
+      return 'a';
+    case U'ć':
+      return 'c';
+    case U'ę':
+      return 'e';
+    case U'ł':
+      return 'l';
+    case U'ń':
+      return 'n';
+    case U'ó':
+      return 'o';
+    case U'ś':
+      return 's';
     case U'ź':
-    case U'ż': return 'z';
-    default: return c;
+    case U'ż':
+      return 'z';
+    default:
+      return c;
   }
 }
 
@@ -133,7 +142,9 @@ std::optional<uint8_t> Cp1250Byte(char32_t code) {
   return found->byte;
 }
 
-char32_t CodePointOfCp1250(uint8_t byte) { return byte < 128 ? byte : kCp1250High[byte - 128]; }
+char32_t CodePointOfCp1250(uint8_t byte) {
+  return byte < 128 ? byte : kCp1250High[byte - 128];
+}
 
 std::string ToCp1250(std::string_view utf8) {
   std::string result;
@@ -196,11 +207,19 @@ std::string TrimOf(std::string_view text, std::string_view white) {
 
 }  // namespace
 
-std::string Trim(std::string_view text) { return TrimOf(text, " "); }
-std::string TrimWhite(std::string_view text) { return TrimOf(text, " \t\r\n"); }
+std::string Trim(std::string_view text) {
+  return TrimOf(text, " ");
+}
+std::string TrimWhite(std::string_view text) {
+  return TrimOf(text, " \t\r\n");
+}
 
-std::string Lower(std::string_view utf8) { return MapCodePoints(utf8, LowerCodePoint); }
-std::string Upper(std::string_view utf8) { return MapCodePoints(utf8, UpperCodePoint); }
+std::string Lower(std::string_view utf8) {
+  return MapCodePoints(utf8, LowerCodePoint);
+}
+std::string Upper(std::string_view utf8) {
+  return MapCodePoints(utf8, UpperCodePoint);
+}
 std::string FoldPolish(std::string_view utf8) {
   return MapCodePoints(utf8, [](char32_t c) { return BaseOfPolish(LowerCodePoint(c)); });
 }
@@ -228,13 +247,18 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
 std::vector<std::string> Split(std::string_view text, char separator) {
   std::vector<std::string> parts;
   size_t from = 0;
-  for (size_t at; (at = text.find(separator, from)) != std::string_view::npos; from = at + 1) parts.emplace_back(text.substr(from, at - from));
+  for (size_t at; (at = text.find(separator, from)) != std::string_view::npos; from = at + 1)
+    parts.emplace_back(text.substr(from, at - from));
   parts.emplace_back(text.substr(from));
   return parts;
 }
 
-bool Contains(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
-bool StartsWith(std::string_view text, std::string_view start) { return text.substr(0, start.size()) == start; }
+bool Contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+bool StartsWith(std::string_view text, std::string_view start) {
+  return text.substr(0, start.size()) == start;
+}
 
 bool IsAllDigits(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;

@@ -99,12 +99,24 @@ std::string ToText(const Value& value) {
                     value);
 }
 
-double DoubleOr0(const Value& value) { return ToDouble(value).value_or(0); }
-float FloatOr0(const Value& value) { return ToFloat(value).value_or(0); }
-int32_t Int32Or0(const Value& value) { return ToInt32(value).value_or(0); }
-bool BooleanOrFalse(const Value& value) { return ToBoolean(value).value_or(false); }
-Currency CurrencyOr0(const Value& value) { return ToCurrency(value).value_or(Currency()); }
-Date DateOr0(const Value& value) { return ToDate(value).value_or(Date()); }
+double DoubleOr0(const Value& value) {
+  return ToDouble(value).value_or(0);
+}
+float FloatOr0(const Value& value) {
+  return ToFloat(value).value_or(0);
+}
+int32_t Int32Or0(const Value& value) {
+  return ToInt32(value).value_or(0);
+}
+bool BooleanOrFalse(const Value& value) {
+  return ToBoolean(value).value_or(false);
+}
+Currency CurrencyOr0(const Value& value) {
+  return ToCurrency(value).value_or(Currency());
+}
+Date DateOr0(const Value& value) {
+  return ToDate(value).value_or(Date());
+}
 
 int Compare(const Value& a, const Value& b) {
   const bool text_a = IsText(a) || (IsEmpty(a) && IsText(b)), text_b = IsText(b) || (IsEmpty(b) && IsText(a));

@@ -25,7 +25,9 @@ bool WriteFolderVersion(FileSystem& files, const std::string& folder, ProgramVer
   return file && file->WriteAt(0, bytes.data(), bytes.size()) && file->Resize(static_cast<int64_t>(bytes.size())) && file->Flush();
 }
 
-bool HasFolderVersion(FileSystem& files, const std::string& folder) { return files.FileExists(folder + kVersionFile); }
+bool HasFolderVersion(FileSystem& files, const std::string& folder) {
+  return files.FileExists(folder + kVersionFile);
+}
 
 bool IsBeingUpgraded(FileSystem& files, const std::string& folder) {
   const std::unique_ptr<File> file = files.Open(folder + kVersionFile, OpenMode::kRead);

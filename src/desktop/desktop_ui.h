@@ -26,7 +26,10 @@ class DesktopUi : public UserInterface {
   };
 
   // Program and look are made after the interface: given before the first form or box.
-  void Attach(Program& program, const Look& look) { program_ = &program; look_ = &look; }
+  void Attach(Program& program, const Look& look) {
+    program_ = &program;
+    look_ = &look;
+  }
   void SetParent(QWidget* window) { window_ = window; }
   Hooks hooks;
 

@@ -65,7 +65,10 @@ void DialogStyle::Ring(QPainter& painter, const QRectF& area) const {
 void DialogStyle::Frame(QPainter& painter, const QRectF& area, const QColor& fill, QStyle::State state, const QWidget*) const {
   const Kept kept(painter);
   const bool on = Is(state, State_Enabled);
-  painter.setPen(QPen(!on ? colours_.card_line : Is(state, State_MouseOver) ? colours_.border_hot : colours_.border, HairlineWidth(painter)));
+  painter.setPen(QPen(!on                          ? colours_.card_line
+                      : Is(state, State_MouseOver) ? colours_.border_hot
+                                                   : colours_.border,
+                      HairlineWidth(painter)));
   painter.setBrush(fill);
   painter.drawRoundedRect(HairlineFrame(painter, area), Radius() * 0.75, Radius() * 0.75);
   if (on && Is(state, State_HasFocus)) Ring(painter, area);
@@ -238,7 +241,10 @@ void DialogStyle::Tick(const QStyleOption& option, QPainter& painter) const {
   const Kept kept(painter);
   const bool on = Is(option.state, State_Enabled);
   const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
-  painter.setPen(QPen(!on ? colours_.card_line : Is(option.state, State_MouseOver) ? colours_.border_hot : colours_.border, HairlineWidth(painter)));
+  painter.setPen(QPen(!on                                 ? colours_.card_line
+                      : Is(option.state, State_MouseOver) ? colours_.border_hot
+                                                          : colours_.border,
+                      HairlineWidth(painter)));
   painter.setBrush(on ? colours_.field : colours_.field_off);
   painter.drawRoundedRect(box, Radius() * 0.6, Radius() * 0.6);
   if (!Is(option.state, State_On)) return;
@@ -254,7 +260,10 @@ void DialogStyle::Dot(const QStyleOption& option, QPainter& painter) const {
   const Kept kept(painter);
   const bool on = Is(option.state, State_Enabled);
   const QRectF circle = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
-  painter.setPen(QPen(!on ? colours_.card_line : Is(option.state, State_MouseOver) ? colours_.border_hot : colours_.border, HairlineWidth(painter)));
+  painter.setPen(QPen(!on                                 ? colours_.card_line
+                      : Is(option.state, State_MouseOver) ? colours_.border_hot
+                                                          : colours_.border,
+                      HairlineWidth(painter)));
   painter.setBrush(on ? colours_.field : colours_.field_off);
   painter.drawEllipse(circle);
   if (!Is(option.state, State_On)) return;
@@ -279,7 +288,8 @@ void DialogStyle::Tab(const QStyleOption& option, QPainter& painter) const {
                    : Is(option.state, State_MouseOver) ? Mix(colours_.ground_top, Qt::white, 0.3)
                                                        : Mix(colours_.ground_top, colours_.ground_bottom, 0.12));
   painter.drawPath(shape);
-  if (chosen) painter.fillRect(OnGrid(painter, QRectF(area.left() + Radius(), area.top() - 0.5, area.width() - 2 * Radius(), 2)), colours_.accent);
+  if (chosen)
+    painter.fillRect(OnGrid(painter, QRectF(area.left() + Radius(), area.top() - 0.5, area.width() - 2 * Radius(), 2)), colours_.accent);
 }
 
 void DialogStyle::TabLabel(const QStyleOption& option, QPainter& painter, const QWidget* widget) const {

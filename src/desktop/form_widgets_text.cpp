@@ -35,7 +35,8 @@ class LetterValidator : public QValidator {
   using QValidator::QValidator;
   State validate(QString& text, int&) const override {
     const std::u32string letters = CodePoints(FromQt(text));
-    return std::all_of(letters.begin(), letters.end(), [](char32_t letter) { return Cp1250Byte(letter).has_value(); }) ? Acceptable : Invalid;
+    return std::all_of(letters.begin(), letters.end(), [](char32_t letter) { return Cp1250Byte(letter).has_value(); }) ? Acceptable
+                                                                                                                       : Invalid;
   }
 };
 

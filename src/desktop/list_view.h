@@ -50,7 +50,7 @@ class ListView : public QWidget {
   struct Span {
     int column, field, left, width;
   };
-  QRect Surface() const;       // the area without scroll bars
+  QRect Surface() const;  // the area without scroll bars
   std::vector<Span> Spans() const;
   int RowHeight() const;
   void Arrange();  // scroll bars by the size of list and area

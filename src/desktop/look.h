@@ -15,10 +15,29 @@ class Program;
 
 // Colours of the skin by the order of their keys in skin.ini, round_corners being 1.
 enum class SkinColour {
-  kMainMenu = 2, kPopupMenu = 3, kPopupMargin = 4, kPopupBorder = 5, kBackground = 6, kCaptionText = 7, kCaptionTextDisabled = 8,
-  kCaptionTextDocument = 9, kTabText = 10, kTabTextActive = 11, kToolbarText = 12, kButtonText = 13, kButtonTextActive = 14,
-  kButtonTextChecked = 15, kButtonTextDisabled = 16, kMenuText = 17, kMenuTextDisabled = 18, kArrowOne = 19, kArrowTwo = 20, kIconOne = 21,
-  kIconTwo = 22, kIconThree = 23, kTextBorder = 24,
+  kMainMenu = 2,
+  kPopupMenu = 3,
+  kPopupMargin = 4,
+  kPopupBorder = 5,
+  kBackground = 6,
+  kCaptionText = 7,
+  kCaptionTextDisabled = 8,
+  kCaptionTextDocument = 9,
+  kTabText = 10,
+  kTabTextActive = 11,
+  kToolbarText = 12,
+  kButtonText = 13,
+  kButtonTextActive = 14,
+  kButtonTextChecked = 15,
+  kButtonTextDisabled = 16,
+  kMenuText = 17,
+  kMenuTextDisabled = 18,
+  kArrowOne = 19,
+  kArrowTwo = 20,
+  kIconOne = 21,
+  kIconTwo = 22,
+  kIconThree = 23,
+  kTextBorder = 24,
 };
 
 class Look {
@@ -51,7 +70,11 @@ class Look {
   Parts* parts_;
 };
 
-inline QString ToQt(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-inline std::string FromQt(const QString& text) { return text.toStdString(); }
+inline QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline std::string FromQt(const QString& text) {
+  return text.toStdString();
+}
 
 }  // namespace ostrinka

@@ -111,8 +111,9 @@ bool QtPrinter::EndDocument() {
 
 QtPlatform::QtPlatform(UserInterface& ui, std::string application_folder)
     : download(files),
-      platform{files, ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder(),
-               &embedded_pdf} {
+      platform{
+          files,        ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder(),
+          &embedded_pdf} {
   files.MakeFolders(platform.user_settings);
 }
 

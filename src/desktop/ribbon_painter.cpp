@@ -92,7 +92,8 @@ void RibbonPainter::ToolGround(const QRectF& area, const ToolState& state, bool 
   if (alive || state.checked) {
     QColor fill = state.pressed && state.enabled ? colours_.press : state.checked ? colours_.check : colours_.hover;
     if (state.checked && alive && !state.pressed) fill = MixOf(fill, Qt::white, 0.35);
-    painter_.setPen(QPen(state.checked || state.pressed ? MixOf(colours_.edge, look_.Accent(), 0.7) : colours_.edge, HairlineWidth(painter_)));
+    painter_.setPen(
+        QPen(state.checked || state.pressed ? MixOf(colours_.edge, look_.Accent(), 0.7) : colours_.edge, HairlineWidth(painter_)));
     painter_.setBrush(fill);
     painter_.drawRoundedRect(inner, Radius(), Radius());
   }

@@ -41,7 +41,9 @@ double DiscountFactor(double percent) {
   return factor < 0 || factor > 1 ? 1 : factor;
 }
 
-std::string EntryPricePattern(Program& program) { return PricePattern(program, 0, true); }
+std::string EntryPricePattern(Program& program) {
+  return PricePattern(program, 0, true);
+}
 
 std::string ShownPrice(Program& program, std::string_view text) {
   return FormatNumber(NumberOr0(text), EntryPricePattern(program), program.locale);
@@ -50,7 +52,9 @@ std::string ShownPrice(Program& program, std::string_view text) {
 namespace {
 
 // A price as the dialogs compute it: text and multiplier read at 32 bits.
-float SinglePrice(std::string_view text) { return static_cast<float>(NumberOr0(text)); }
+float SinglePrice(std::string_view text) {
+  return static_cast<float>(NumberOr0(text));
+}
 
 }  // namespace
 

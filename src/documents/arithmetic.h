@@ -1,7 +1,7 @@
 // Arithmetic of documents: VAT, discount, totals, due dates.
 //
-// An amount is rounded by printing it with a pattern and reading the text back, and only where an operation says so. Unit prices and line values
-// are currency values; totals are 64-bit floats.
+// An amount is rounded by printing it with a pattern and reading the text back, and only where an operation says so. Unit prices and line
+// values are currency values; totals are 64-bit floats.
 #pragma once
 
 #include <optional>

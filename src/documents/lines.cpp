@@ -17,7 +17,9 @@ bool Overflow(Program& program) {
   return false;
 }
 
-std::optional<Currency> Scaled(Currency amount, double factor) { return Currency::FromDouble(amount.ToDouble() * factor); }
+std::optional<Currency> Scaled(Currency amount, double factor) {
+  return Currency::FromDouble(amount.ToDouble() * factor);
+}
 
 std::optional<Currency> LineValue(Currency quantity, Currency price, Currency factor) {
   const auto whole = Multiply(quantity, price);
@@ -43,7 +45,9 @@ std::optional<Values> DiscountedValues(const LineEntry& entry) {
   return Values{*net, *gross};
 }
 
-int16_t StoredDiscount(const LineEntry& entry) { return static_cast<int16_t>(std::lround(HeldDiscount(entry.discount.ToDouble()))); }
+int16_t StoredDiscount(const LineEntry& entry) {
+  return static_cast<int16_t>(std::lround(HeldDiscount(entry.discount.ToDouble())));
+}
 
 }  // namespace
 

@@ -28,7 +28,9 @@ std::string TypeTextOfDocument(Program& program, int32_t record, const char* fie
   return documents.RECORD_LOAD(record) ? TypeText(program, documents.Int(".TYP"), field) : std::string();
 }
 
-bool HasOption(Program& program, int32_t record, std::string_view word) { return has_option(doc_options(program, record), word); }
+bool HasOption(Program& program, int32_t record, std::string_view word) {
+  return has_option(doc_options(program, record), word);
+}
 
 }  // namespace
 
@@ -37,12 +39,24 @@ std::string type_options(Program& program, int32_t type_record) {
   return Upper(Trim(TypeText(program, type_record, "OPCJE")));
 }
 
-std::string doc_options(Program& program, int32_t record) { return Upper(Trim(TypeTextOfDocument(program, record, "OPCJE"))); }
-std::string doc_print_title(Program& program, int32_t record) { return TypeTextOfDocument(program, record, "DRUK_TYT"); }
-bool is_pro_forma(Program& program, int32_t record) { return HasOption(program, record, "PF"); }
-bool is_bill(Program& program, int32_t record) { return HasOption(program, record, "R"); }
-bool is_receipt(Program& program, int32_t record) { return HasOption(program, record, "PA"); }
-bool is_correction(Program& program, int32_t record) { return HasOption(program, record, "FK"); }
+std::string doc_options(Program& program, int32_t record) {
+  return Upper(Trim(TypeTextOfDocument(program, record, "OPCJE")));
+}
+std::string doc_print_title(Program& program, int32_t record) {
+  return TypeTextOfDocument(program, record, "DRUK_TYT");
+}
+bool is_pro_forma(Program& program, int32_t record) {
+  return HasOption(program, record, "PF");
+}
+bool is_bill(Program& program, int32_t record) {
+  return HasOption(program, record, "R");
+}
+bool is_receipt(Program& program, int32_t record) {
+  return HasOption(program, record, "PA");
+}
+bool is_correction(Program& program, int32_t record) {
+  return HasOption(program, record, "FK");
+}
 
 bool is_fiscalised(Program& program, int32_t record) {
   KeepPositions keep(program, {kDokSprzed});

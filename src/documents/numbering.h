@@ -1,8 +1,8 @@
 // Numbers and type rules of sales documents.
 //
-// A document's type is a row of dokument_kat; its option words are the only door to what depends on the type. A number runs within a scope: the
-// set (ZESTAW) of the type and the year of issue, or its month when the type holds "+NM". Nothing is reserved: two workstations can compute
-// the same number.
+// A document's type is a row of dokument_kat; its option words are the only door to what depends on the type. A number runs within a scope:
+// the set (ZESTAW) of the type and the year of issue, or its month when the type holds "+NM". Nothing is reserved: two workstations can
+// compute the same number.
 #pragma once
 
 #include <string>

@@ -5,7 +5,9 @@ PrivateTable::PrivateTable(Program& program, int number, bool links) : table_(pr
   OpenPrivate(program, number, table_, links);
 }
 
-PrivateTable::~PrivateTable() { table_.DATABASE_CLOSE(); }
+PrivateTable::~PrivateTable() {
+  table_.DATABASE_CLOSE();
+}
 
 void PrivateTable::Walk(const std::vector<const char*>& fields,
                         const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit) {

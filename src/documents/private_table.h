@@ -20,8 +20,8 @@ class PrivateTable {
   bool IsOpen() const { return table_.IsOpen(); }
   ClassQDBASE& table() { return table_; }
 
-  // Calls `visit` for every existing record in the order of the numbers, with the stored values of the named fields (a link gives its record
-  // number), until it returns false.
+  // Calls `visit` for every existing record in the order of the numbers, with the stored values of the named fields (a link gives its
+  // record number), until it returns false.
   void Walk(const std::vector<const char*>& fields, const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit);
 
  private:

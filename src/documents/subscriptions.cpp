@@ -13,13 +13,16 @@ std::vector<int32_t> due_tasks(Program& program) {
   const double today = program.platform.clock.Now().WithoutTime().days();
   PrivateTable documents(program, kDokSprzed);
   documents.Walk({"ABN_KONIEC", "ABN_HIDE", "ABN_KONIEC_DATA", "ABN_KONIEC_DNI"}, [&](int32_t record, const std::vector<Value>& values) {
-    if (BooleanOrFalse(values[0]) && !BooleanOrFalse(values[1]) && DateOr0(values[2]).days() - Int32Or0(values[3]) <= today) due.push_back(record);
+    if (BooleanOrFalse(values[0]) && !BooleanOrFalse(values[1]) && DateOr0(values[2]).days() - Int32Or0(values[3]) <= today)
+      due.push_back(record);
     return true;
   });
   return due;
 }
 
-int32_t due_task_count(Program& program) { return static_cast<int32_t>(due_tasks(program).size()); }
+int32_t due_task_count(Program& program) {
+  return static_cast<int32_t>(due_tasks(program).size());
+}
 
 int32_t make_follow_up(Program& program, int32_t source, int32_t type, bool& paid) {
   const Date today = program.platform.clock.Now().WithoutTime();

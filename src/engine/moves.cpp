@@ -40,7 +40,9 @@ bool ClassQDBASE::RECORD_POSITION(int32_t n) {
   return s.Ok();
 }
 
-void ClassQDBASE::ForgetPosition() { state_->current = 0; }
+void ClassQDBASE::ForgetPosition() {
+  state_->current = 0;
+}
 
 bool ClassQDBASE::State::MoveToEnd(bool forward) {
   const std::vector<int32_t>& entries = selection.entries();

@@ -162,8 +162,8 @@ class ClassQDBASE {
   int32_t SELECTION(std::string_view fields, std::string_view condition, std::string_view order_field, int order, int32_t first = 0,
                     int32_t last = 0);
   const std::vector<int32_t>& selection() const;
-  // Calls `visit` for every live record in the order of the numbers, with the stored values of the fields (a link gives its record number, an
-  // unknown field the empty value), until it returns false. Position, buffer and selection stay. False when closed.
+  // Calls `visit` for every live record in the order of the numbers, with the stored values of the fields (a link gives its record number,
+  // an unknown field the empty value), until it returns false. Position, buffer and selection stay. False when closed.
   bool SCAN(const std::vector<FieldId>& fields, const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit);
   const std::vector<int>& columns() const;  // field numbers on show
 

@@ -103,8 +103,8 @@ struct ClassQDBASE::State {
   bool BuildLayout();
   // Before a write: the path still names the open file, or the file that it names now has been opened.
   bool ReadyToWrite();
-  // Before a record is changed. The fields of a table without records can be changed although this object has it open, so its header is read
-  // again until there are records.
+  // Before a record is changed. The fields of a table without records can be changed although this object has it open, so its header is
+  // read again until there are records.
   bool ReadyToChange() { return ReadyToWrite() && (settled || ReadHeaderAgain()); }
   bool WriteHeader();
   void OpenLinks();

@@ -64,7 +64,9 @@ bool ClassQDBASE::RECORD_ADD(const std::vector<Value>& values) {
   return s.Ok();
 }
 
-int32_t ClassQDBASE::RECORD_ADDED() const { return state_->added; }
+int32_t ClassQDBASE::RECORD_ADDED() const {
+  return state_->added;
+}
 
 bool ClassQDBASE::RECORD_LOAD(int32_t n) {
   State& s = *state_;

@@ -5,7 +5,8 @@
 
 namespace ostrinka {
 
-bool ClassQDBASE::SCAN(const std::vector<FieldId>& fields, const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit) {
+bool ClassQDBASE::SCAN(const std::vector<FieldId>& fields,
+                       const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit) {
   State& s = *state_;
   if (!s.file.IsOpen()) return false;
   std::vector<int> numbers;

@@ -12,7 +12,8 @@
 namespace ostrinka {
 namespace {
 
-// A pass over a table reads a record of it several times faster than a single read does, so it pays once that share of them was read singly.
+// A pass over a table reads a record of it several times faster than a single read does, so it pays once that share of them was read
+// singly.
 constexpr int32_t kLeastReads = 64, kShareOfReads = 8;
 
 // Sets a flag for as long as it lives.

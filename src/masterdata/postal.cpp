@@ -21,13 +21,13 @@ std::string Unscramble(std::string_view field) {
 }
 
 // The official numbers of the voivodeships, in the order of their names.
-constexpr uint8_t kDs = 2, kKp = 4, kLu = 6, kLb = 8, kLd = 10, kMp = 12, kMz = 14, kOp = 16;     // dolnośląskie to opolskie
+constexpr uint8_t kDs = 2, kKp = 4, kLu = 6, kLb = 8, kLd = 10, kMp = 12, kMz = 14, kOp = 16;      // dolnośląskie to opolskie
 constexpr uint8_t kPk = 18, kPd = 20, kPm = 22, kSl = 24, kSk = 26, kWm = 28, kWp = 30, kZp = 32;  // podkarpackie to zachodniopomorskie
 
 // The voivodeship of each postal district, the first two digits of a code: the districts of the Polish post laid over the administrative
-// division of 1999, by the towns of each, as in resources/postal_codes.txt. A district that crosses a border counts as the voivodeship in which most
-// of its people live: 19 (Ełk, beside Grajewo), 26 (Radom, beside Kielce county), 76 (Słupsk, beside Sławno), 77 (Bytów, beside Złotów),
-// 82 (Malbork and Kwidzyn, beside Elbląg), 96 (Żyrardów and Sochaczew, beside Skierniewice). 79 is not in use.
+// division of 1999, by the towns of each, as in resources/postal_codes.txt. A district that crosses a border counts as the voivodeship in
+// which most of its people live: 19 (Ełk, beside Grajewo), 26 (Radom, beside Kielce county), 76 (Słupsk, beside Sławno), 77 (Bytów, beside
+// Złotów), 82 (Malbork and Kwidzyn, beside Elbląg), 96 (Żyrardów and Sochaczew, beside Skierniewice). 79 is not in use.
 constexpr std::array<uint8_t, 100> kVoivodeshipOfDistrict = {
     kMz, kMz, kMz, kMz, kMz, kMz, kMz, kMz, kMz, kMz,  // 00
     kWm, kWm, kWm, kWm, kWm, kPd, kPd, kPd, kPd, kWm,  // 10

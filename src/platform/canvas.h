@@ -10,7 +10,9 @@ namespace ostrinka {
 
 // Red in the low byte, then green, then blue.
 using Colour = uint32_t;
-constexpr Colour Rgb(int red, int green, int blue) { return static_cast<Colour>(red | green << 8 | blue << 16); }
+constexpr Colour Rgb(int red, int green, int blue) {
+  return static_cast<Colour>(red | green << 8 | blue << 16);
+}
 
 struct PointF {
   double x = 0, y = 0;

@@ -16,8 +16,8 @@ class File {
   virtual int64_t Size() = 0;  // -1 on error
   // Bytes read, fewer only at the end of the file; -1 on error.
   virtual int64_t ReadAt(int64_t position, void* to, size_t length) = 0;
-  // The bytes where the platform holds them, without a copy, as long as the pointer is kept. They follow later writes to the file; bytes that
-  // the file loses meanwhile read as 0. Null when the file is shorter, or when copying by ReadAt is the better way.
+  // The bytes where the platform holds them, without a copy, as long as the pointer is kept. They follow later writes to the file; bytes
+  // that the file loses meanwhile read as 0. Null when the file is shorter, or when copying by ReadAt is the better way.
   virtual std::shared_ptr<const char> View(int64_t position, size_t length) {
     (void)position, (void)length;
     return nullptr;
@@ -45,15 +45,15 @@ class FileSystem {
   virtual ~FileSystem() = default;
   // Null on failure, with the platform's text in `error` when given. A folder is a failure.
   virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode, std::string* error = nullptr) = 0;
-  virtual bool FileExists(const std::string& path) = 0;    // a plain file
+  virtual bool FileExists(const std::string& path) = 0;  // a plain file
   virtual bool FolderExists(const std::string& path) = 0;
-  virtual int64_t FileSize(const std::string& path) = 0;   // -1 when absent
-  virtual bool Remove(const std::string& path) = 0;        // a file
+  virtual int64_t FileSize(const std::string& path) = 0;  // -1 when absent
+  virtual bool Remove(const std::string& path) = 0;       // a file
   virtual bool Rename(const std::string& from, const std::string& to) = 0;
-  virtual bool MakeFolder(const std::string& path) = 0;    // one level; true as well when it is there
-  virtual bool MakeFolders(const std::string& path) = 0;   // each level in turn
+  virtual bool MakeFolder(const std::string& path) = 0;                       // one level; true as well when it is there
+  virtual bool MakeFolders(const std::string& path) = 0;                      // each level in turn
   virtual std::vector<std::string> ListFiles(const std::string& folder) = 0;  // bare names of plain files, sorted
-  virtual std::string TemporaryFolder() = 0;               // with a closing slash
+  virtual std::string TemporaryFolder() = 0;                                  // with a closing slash
   // Gives back the memory that views of files occupy; those in use stay.
   virtual void DropViews() {}
 

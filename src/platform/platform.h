@@ -63,8 +63,8 @@ struct Platform {
   PictureDecoder& pictures;
   Download& download;
   SerialPort& serial;
-  std::string application_folder;  // with a closing slash
-  std::string user_settings;       // folder of the per-user settings store, with a closing slash
+  std::string application_folder;       // with a closing slash
+  std::string user_settings;            // folder of the per-user settings store, with a closing slash
   EmbeddedPdf* embedded_pdf = nullptr;  // null where there is none
 };
 

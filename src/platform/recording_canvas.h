@@ -9,7 +9,7 @@ class RecordingCanvas : public Canvas {
  public:
   struct Call {
     enum class Kind { kFill, kRect, kLine, kPolyline, kPolygon, kEllipse, kText, kPicture } kind;
-    RectF area;          // of a line: its ends; of a text: left top of its anchor in left, top
+    RectF area;  // of a line: its ends; of a text: left top of its anchor in left, top
     std::string text;
     Colour colour = 0;
     FontSpec font;

@@ -35,8 +35,8 @@ class UserInterface {
   virtual void ShowStatus(const std::string& text) = 0;  // the status line of the main window
   virtual void TurnEvents() = 0;                         // lets waiting events of the window run
   virtual void Beep() = 0;
-  virtual void SetBusy(bool busy) = 0;                   // the hourglass
-  virtual void ShowSplash(bool shown) = 0;               // 424 by 222 pixels in the centre of the screen
+  virtual void SetBusy(bool busy) = 0;      // the hourglass
+  virtual void ShowSplash(bool shown) = 0;  // 424 by 222 pixels in the centre of the screen
   virtual void ShowMainWindow() = 0;
   virtual void RedrawMainWindow() = 0;
   virtual void StartMainTimer(int milliseconds) = 0;
@@ -44,7 +44,7 @@ class UserInterface {
   virtual bool OpenWithSystem(const std::string& target) = 0;  // a file, a web address or "mailto:..." with its program
   // The settings of the window's look were changed; `skin` when another skin was chosen, which is then read anew.
   virtual void AppearanceChanged(bool skin) { (void)skin; }
-  virtual void EndProgram() = 0;                               // windows are destroyed, the loop ends
+  virtual void EndProgram() = 0;  // windows are destroyed, the loop ends
 };
 
 }  // namespace ostrinka

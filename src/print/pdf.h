@@ -31,8 +31,8 @@ class ClassPDF {
   bool Clear();  // true
   // Size in mm. True; ignored when 9,999 pages stand.
   bool PageAdd(float width, float height);
-  // The same for a page that `draw` draws when Save reaches it, so that a job of any length takes the memory of one page. Its pictures must be
-  // known before, by ImageAdd.
+  // The same for a page that `draw` draws when Save reaches it, so that a job of any length takes the memory of one page. Its pictures must
+  // be known before, by ImageAdd.
   bool PageAdd(float width, float height, std::function<void(ClassPDF&)> draw);
   int FontAdd(std::string_view name);  // the font's number, from 1; 0 when 256 fonts stand
   // Always false, kept: callers ask written() instead.
@@ -120,8 +120,8 @@ class ClassPDF {
   std::vector<ObjectRow> objects_;  // object 1 first
   std::vector<PageRow> pages_;
   std::vector<ContentsRow> contents_;
-  size_t drawn_ = 0;       // the page under the pen
-  std::string reused_;     // content of a page that is drawn while it is written
+  size_t drawn_ = 0;    // the page under the pen
+  std::string reused_;  // content of a page that is drawn while it is written
   std::vector<FontRow> fonts_;
   std::vector<ImageRow> images_;
   std::string resources_;  // of every page, made by Save

@@ -23,8 +23,8 @@ bool ClassPRINT::MAKE_PDF(const std::string& path) {
   ClassPDF pdf(program_.platform.files, program_.locale);
   pdf.Clear();
   for (int face = 0; face < kFaces; ++face) pdf.FontAdd(FaceName(static_cast<Face>(face)));
-  // The page of an element is never below that of the one before, so that one walk serves all pages. A page is drawn when it is written; its
-  // pictures are numbered now, among the pages.
+  // The page of an element is never below that of the one before, so that one walk serves all pages. A page is drawn when it is written;
+  // its pictures are numbered now, among the pages.
   auto element = elements_.begin();
   int32_t number = 0;
   for (const PageRecord& page : pages_) {

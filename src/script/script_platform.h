@@ -36,12 +36,17 @@ class NoWaiting : public Waiter {
 
 struct ScriptPlatform {
   ScriptPlatform(std::string application_folder, UserInterface& ui, std::optional<Date> day, std::optional<uint64_t> seed)
-      : clock(day),
-        random(seed),
-        pictures(files),
-        download(files),
-        platform{files,   ui,       clock,    random, waiter,
-                 printer, pictures, download, serial, application_folder, application_folder + "user-settings/"} {}
+      : clock(day), random(seed), pictures(files), download(files), platform{files,
+                                                                             ui,
+                                                                             clock,
+                                                                             random,
+                                                                             waiter,
+                                                                             printer,
+                                                                             pictures,
+                                                                             download,
+                                                                             serial,
+                                                                             application_folder,
+                                                                             application_folder + "user-settings/"} {}
 
   PosixFileSystem files;
   ScriptClock clock;

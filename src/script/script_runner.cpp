@@ -93,7 +93,9 @@ void ScriptRunner::Execute(const WordList& words) {
   Wrong("unknown step " + words[0]);
 }
 
-void ScriptRunner::Wrong(const std::string& what) { Fail(2, what); }
+void ScriptRunner::Wrong(const std::string& what) {
+  Fail(2, what);
+}
 
 void ScriptRunner::Unmet(const std::string& what, const std::string& expected, const std::string& actual) {
   Fail(1, what + ": expected \"" + expected + "\", found \"" + actual + "\"");
@@ -107,7 +109,9 @@ void ScriptRunner::Fail(int status, const std::string& text) {
   error_.flush();
 }
 
-void ScriptRunner::Print(const std::string& line) { out_ << line << "\n"; }
+void ScriptRunner::Print(const std::string& line) {
+  out_ << line << "\n";
+}
 
 void ScriptRunner::ShowModal(Form& form) {
   if (status_code_ != 0) return;
@@ -150,9 +154,15 @@ std::optional<std::string> ScriptRunner::NextFile() {
   return std::filesystem::absolute(path).string();
 }
 
-std::optional<std::string> ScriptRunner::AskOpenFile(const std::vector<FileFilter>&) { return NextFile(); }
-std::optional<std::string> ScriptRunner::AskSaveFile(const std::vector<FileFilter>&, const std::string&, size_t&) { return NextFile(); }
-std::optional<std::string> ScriptRunner::AskFolder(const std::string&) { return NextFile(); }
+std::optional<std::string> ScriptRunner::AskOpenFile(const std::vector<FileFilter>&) {
+  return NextFile();
+}
+std::optional<std::string> ScriptRunner::AskSaveFile(const std::vector<FileFilter>&, const std::string&, size_t&) {
+  return NextFile();
+}
+std::optional<std::string> ScriptRunner::AskFolder(const std::string&) {
+  return NextFile();
+}
 
 bool ScriptRunner::OpenWithSystem(const std::string& target) {
   Print("open " + target);

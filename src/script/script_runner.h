@@ -1,7 +1,7 @@
 // Runs a script: a person's steps in a text file, one a line, on the whole program without a window.
 //
-// The runner is the user interface that the program asks: a modal form reads the steps that follow until it closes, message boxes print themselves
-// and take queued answers.
+// The runner is the user interface that the program asks: a modal form reads the steps that follow until it closes, message boxes print
+// themselves and take queued answers.
 #pragma once
 
 #include <deque>

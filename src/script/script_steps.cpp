@@ -108,7 +108,8 @@ std::vector<std::string> ScriptRunner::RowsOnShow(const WordList& words, size_t 
     const TableControl* table = TableOf(words, at);
     for (int row = 1; table && table->source && row <= table->source->Rows(); ++row) {
       std::string line;
-      for (int column = 1; column <= table->source->Columns(); ++column) line += (column > 1 ? "\t" : "") + table->source->CellText(row, column);
+      for (int column = 1; column <= table->source->Columns(); ++column)
+        line += (column > 1 ? "\t" : "") + table->source->CellText(row, column);
       rows.push_back(std::move(line));
     }
     return rows;
@@ -121,7 +122,8 @@ std::vector<std::string> ScriptRunner::RowsOnShow(const WordList& words, size_t 
   ClassQDBASE* table = window.ViewTable();
   for (int row = 1; table && row <= table->MAX_ROWS(); ++row) {
     std::string line;
-    for (const int field : table->columns()) line += (line.empty() && field == table->columns()[0] ? "" : "\t") + table->CellText(row, field, window.Look());
+    for (const int field : table->columns())
+      line += (line.empty() && field == table->columns()[0] ? "" : "\t") + table->CellText(row, field, window.Look());
     rows.push_back(std::move(line));
   }
   return rows;
@@ -129,7 +131,9 @@ std::vector<std::string> ScriptRunner::RowsOnShow(const WordList& words, size_t 
 
 // --- start and stop
 
-void ScriptRunner::DoSetting(const WordList& words) { program_.settings.SaveSettingValue(words[1], words[2], words[3], words[4]); }
+void ScriptRunner::DoSetting(const WordList& words) {
+  program_.settings.SaveSettingValue(words[1], words[2], words[3], words[4]);
+}
 
 void ScriptRunner::DoCreateDatabase(const WordList& words) {
   std::string folder = std::filesystem::absolute(words[1]).string();
@@ -212,7 +216,9 @@ void ScriptRunner::DoKey(const WordList& words) {
   }
 }
 
-void ScriptRunner::DoAlt(const WordList&) { startup_.window()->ribbon.AltState(true); }
+void ScriptRunner::DoAlt(const WordList&) {
+  startup_.window()->ribbon.AltState(true);
+}
 
 // --- forms
 
@@ -273,7 +279,9 @@ void ScriptRunner::DoAnswer(const WordList& words) {
   Wrong("no answer: " + words[1]);
 }
 
-void ScriptRunner::DoFile(const WordList& words) { files_.push_back(words[1]); }
+void ScriptRunner::DoFile(const WordList& words) {
+  files_.push_back(words[1]);
+}
 
 // --- checks
 
@@ -331,7 +339,9 @@ void ScriptRunner::DoFields(const WordList&) {
   for (const Control* control : FrontForm()->controls()) Print(control->name() + "\t" + *ValueOf(control->name()));
 }
 
-void ScriptRunner::DoStatus(const WordList&) { Print(status_); }
+void ScriptRunner::DoStatus(const WordList&) {
+  Print(status_);
+}
 
 void ScriptRunner::DoPages(const WordList& words) {
   FileSystem& files = program_.platform.files;

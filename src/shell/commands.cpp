@@ -116,7 +116,9 @@ const std::vector<Command>& MainWindow::Commands() {
   return commands;
 }
 
-bool MainWindow::IsBuilt(const Command& command) { return command.run != &MainWindow::NotBuilt; }
+bool MainWindow::IsBuilt(const Command& command) {
+  return command.run != &MainWindow::NotBuilt;
+}
 
 const Command* MainWindow::FindCommand(std::string_view key) const {
   const auto found = std::find_if(Commands().begin(), Commands().end(), [&](const Command& command) { return command.key == key; });
@@ -152,7 +154,9 @@ bool MainWindow::Run(std::string_view key, int argument) {
   return true;
 }
 
-void MainWindow::Refuse(const char* message_key) { program_.Message(message_key, MessageKind::kWarning); }
+void MainWindow::Refuse(const char* message_key) {
+  program_.Message(message_key, MessageKind::kWarning);
+}
 
 void MainWindow::NotBuilt(const Command&, int) {
   program_.platform.ui.Beep();

@@ -18,8 +18,8 @@ struct TabTable {
   std::string_view tab;
   int16_t table;
 };
-constexpr TabTable kTabs[] = {{"SPRZEDAŻ", kDokSprzed}, {"ZAKUP", kDokZakupu}, {"KONTRAHENCI", kKontrahenci},
-                              {"TOWARYUSŁUGI", kTowaryUslugi}, {"ZESTAWIENIA", -1}, {"SŁOWNIKI", -2}};
+constexpr TabTable kTabs[] = {{"SPRZEDAŻ", kDokSprzed},        {"ZAKUP", kDokZakupu}, {"KONTRAHENCI", kKontrahenci},
+                              {"TOWARYUSŁUGI", kTowaryUslugi}, {"ZESTAWIENIA", -1},   {"SŁOWNIKI", -2}};
 
 constexpr double kLeastZoom = 0.5, kMostZoom = 2;  // of the list; beyond them it cannot be read
 
@@ -221,9 +221,9 @@ bool MainWindow::UserKey(int code) {
       int code;
       std::string_view tab, command;
     };
-    constexpr AltKey kLetters[] = {{'F', "SPRZEDAŻ", "SPRZEDAŻ.DODAJ"},       {'S', "SPRZEDAŻ", "SPRZEDAŻ.DODAJ"},
-                                   {'Z', "ZAKUP", "ZAKUP.DODAJ"},             {'K', "KONTRAHENCI", "KONTRAHENT.DODAJ"},
-                                   {'T', "TOWARYUSŁUGI", "TOWARUSŁUGA.DODAJ"}, {'U', "TOWARYUSŁUGI", ""}};
+    constexpr AltKey kLetters[] = {
+        {'F', "SPRZEDAŻ", "SPRZEDAŻ.DODAJ"},      {'S', "SPRZEDAŻ", "SPRZEDAŻ.DODAJ"},        {'Z', "ZAKUP", "ZAKUP.DODAJ"},
+        {'K', "KONTRAHENCI", "KONTRAHENT.DODAJ"}, {'T', "TOWARYUSŁUGI", "TOWARUSŁUGA.DODAJ"}, {'U', "TOWARYUSŁUGI", ""}};
     if (code == 'P') return CurrentTable != -2 && Run(ribbon.TabID() + ".DRUKUJ", -1);
     for (const AltKey& key : kLetters) {
       if (key.code != code) continue;
@@ -291,24 +291,30 @@ void MainWindow::refresh_tasks_() {
 }
 
 PrintMode MainWindow::TickedPrintMode() {
-  constexpr std::pair<const char*, PrintMode> kModes[] = {
-      {"SPRZEDAŻ.TRYBDRUKU_OCO", PrintMode::kOriginalAndCopy},   {"SPRZEDAŻ.TRYBDRUKU_O2C", PrintMode::kOriginalAndTwoCopies},
-      {"SPRZEDAŻ.TRYBDRUKU_RCO", PrintMode::kOriginalCopyInOne}, {"SPRZEDAŻ.TRYBDRUKU_ORG", PrintMode::kOriginal},
-      {"SPRZEDAŻ.TRYBDRUKU_COP", PrintMode::kCopy},              {"SPRZEDAŻ.TRYBDRUKU_DUP", PrintMode::kDuplicate}};
+  constexpr std::pair<const char*, PrintMode> kModes[] = {{"SPRZEDAŻ.TRYBDRUKU_OCO", PrintMode::kOriginalAndCopy},
+                                                          {"SPRZEDAŻ.TRYBDRUKU_O2C", PrintMode::kOriginalAndTwoCopies},
+                                                          {"SPRZEDAŻ.TRYBDRUKU_RCO", PrintMode::kOriginalCopyInOne},
+                                                          {"SPRZEDAŻ.TRYBDRUKU_ORG", PrintMode::kOriginal},
+                                                          {"SPRZEDAŻ.TRYBDRUKU_COP", PrintMode::kCopy},
+                                                          {"SPRZEDAŻ.TRYBDRUKU_DUP", PrintMode::kDuplicate}};
   for (const auto& [key, mode] : kModes) {
     if (ribbon.ButtonChecked(key)) return mode;
   }
   return PrintMode::kOriginal;
 }
 
-bool MainWindow::GppTicked() { return ribbon.ButtonChecked("SPRZEDAŻ.GPP"); }
+bool MainWindow::GppTicked() {
+  return ribbon.ButtonChecked("SPRZEDAŻ.GPP");
+}
 
 void MainWindow::ScrollShow_(bool show) {
   view_shown_ = show;
   program_.platform.ui.RedrawMainWindow();
 }
 
-void MainWindow::ResetXRSC_() { column_order_.clear(); }
+void MainWindow::ResetXRSC_() {
+  column_order_.clear();
+}
 
 void MainWindow::SET_QDB_() {
   if (program_.database_open) SaveColumnWidths(program_);  // another company may be opened
@@ -342,9 +348,9 @@ void MainWindow::read_window_() {
 }
 
 void MainWindow::save_window_() {
-  const std::pair<std::string_view, Value> values[] = {{"Left", placement.left},     {"Top", placement.top},
-                                                       {"Width", placement.width},   {"Height", placement.height},
-                                                       {"WinState", placement.state}, {"Zoom", static_cast<int32_t>(std::lround(zoom_ * 100))}};
+  const std::pair<std::string_view, Value> values[] = {
+      {"Left", placement.left},     {"Top", placement.top},        {"Width", placement.width},
+      {"Height", placement.height}, {"WinState", placement.state}, {"Zoom", static_cast<int32_t>(std::lround(zoom_ * 100))}};
   for (const auto& [key, value] : values) program_.settings.SaveSettingValue(kOstrinka, kPlace, key, value);
 }
 

@@ -1,7 +1,7 @@
 // The main window's logic: one dispatcher that takes every command by its key, the list on show, the guards and selections.
 //
-// A front end shows `ribbon` and the list of ViewTable(), hands in what the person does through the User... operations, and draws again when
-// the interface is asked to.
+// A front end shows `ribbon` and the list of ViewTable(), hands in what the person does through the User... operations, and draws again
+// when the interface is asked to.
 #pragma once
 
 #include <array>
@@ -29,8 +29,8 @@ struct Command {
   std::string_view key;
   Needs needs;
   void (MainWindow::*run)(const Command& command, int argument);
-  int table = 0;                   // number of the table it acts on
-  const char* detail = "";         // what the handler reads: a message key, a range of letters, a tab
+  int table = 0;            // number of the table it acts on
+  const char* detail = "";  // what the handler reads: a message key, a range of letters, a tab
 };
 
 class MainWindow : public MainView {
@@ -45,16 +45,16 @@ class MainWindow : public MainView {
   bool UserCommand(std::string_view key, int argument = -1);
   bool UserItem(std::string_view parent, std::string_view key);
   bool UserTab(std::string_view key);
-  bool UserKey(int code);                 // by the key's code; false when the key means nothing here
-  bool UserRow(int row);                  // row from 1 of the list on show
+  bool UserKey(int code);  // by the key's code; false when the key means nothing here
+  bool UserRow(int row);   // row from 1 of the list on show
   bool UserRecord(int32_t record);
-  bool UserCell(int row, int column);     // a click on a cell: row as above, column from 1 of those on show; in a dictionary it edits
+  bool UserCell(int row, int column);  // a click on a cell: row as above, column from 1 of those on show; in a dictionary it edits
   void UserDoubleClick();
-  void UserSortByColumn(int column);      // a click on a header, column from 1 of those on show
+  void UserSortByColumn(int column);  // a click on a header, column from 1 of those on show
 
   // The list on show.
-  int ViewTableNumber() const;            // 0 for none
-  ClassQDBASE* ViewTable();               // null when none is open
+  int ViewTableNumber() const;  // 0 for none
+  ClassQDBASE* ViewTable();     // null when none is open
   TableLook Look() const;
   // The column, from 1 of those on show, that the list is ordered by, and ordAsc or ordDesc; 0 for none.
   std::pair<int, int> ViewOrder();
@@ -164,7 +164,7 @@ class MainWindow : public MainView {
   std::array<std::weak_ptr<ClassQDBASE>, kTableSlots + 1> selected_;  // tables whose records were selected once
   std::array<bool, kTableSlots + 1> filtered_{};
   std::array<SortState, kTableSlots + 1> sort_, shown_order_;  // what the next search keeps to; what the list shows now
-  std::map<std::pair<int, int>, int> column_order_;             // last direction by table and field
+  std::map<std::pair<int, int>, int> column_order_;            // last direction by table and field
 };
 
 }  // namespace ostrinka

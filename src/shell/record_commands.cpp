@@ -43,9 +43,7 @@ void MainWindow::AddDocument(const Command& command, int argument) {
 }
 
 void MainWindow::EditSalesDocument(frm_Dok_sprzed& form) {
-  form.print_document = [this](int32_t record, PrintMode mode) {
-    PrintOneDocument(program_, record, static_cast<int>(mode));
-  };
+  form.print_document = [this](int32_t record, PrintMode mode) { PrintOneDocument(program_, record, static_cast<int>(mode)); };
   form.reload_();
   program_.platform.ui.ShowModal(form);
 }
@@ -118,7 +116,9 @@ void MainWindow::EditRecord(const Command& command, int) {
   }
 }
 
-void MainWindow::Fail() { program_.Message("msg.info.error", MessageKind::kError); }
+void MainWindow::Fail() {
+  program_.Message("msg.info.error", MessageKind::kError);
+}
 
 void MainWindow::DeleteRecord(const Command& command, int) {
   const int32_t record = CurrentRecord(command.table);
@@ -158,11 +158,20 @@ void MainWindow::DeleteRecord(const Command& command, int) {
 void MainWindow::MoveRecord(const Command& command, int argument) {
   ClassQDBASE& table = Table(program_, command.table);
   switch (argument) {
-    case 0: table.MOVE_FIRST(); break;
-    case 1: table.MOVE_PREV(); break;
-    case 2: table.MOVE_NEXT(); break;
-    case 3: table.MOVE_LAST(); break;
-    default: program_.platform.ui.Beep();
+    case 0:
+      table.MOVE_FIRST();
+      break;
+    case 1:
+      table.MOVE_PREV();
+      break;
+    case 2:
+      table.MOVE_NEXT();
+      break;
+    case 3:
+      table.MOVE_LAST();
+      break;
+    default:
+      program_.platform.ui.Beep();
   }
 }
 
@@ -198,7 +207,9 @@ void MainWindow::CompanyData(const Command&, int) {
   program_.platform.ui.ShowModal(form);
 }
 
-void MainWindow::DatabaseConnection(const Command&, int) { SET_QDB_(); }
+void MainWindow::DatabaseConnection(const Command&, int) {
+  SET_QDB_();
+}
 
 void MainWindow::InterfaceOptions(const Command&, int) {
   OPT_ form(program_, ribbon);

@@ -60,7 +60,9 @@ const RibbonControl::State& RibbonControl::Of(std::string_view key) const {
   return found == states_.end() ? none : found->second;
 }
 
-RibbonControl::State& RibbonControl::Of(std::string_view key) { return states_[std::string(key)]; }
+RibbonControl::State& RibbonControl::Of(std::string_view key) {
+  return states_[std::string(key)];
+}
 
 bool RibbonControl::TabID(std::string_view key) {
   const RibbonRow* row = Find(key);
@@ -70,12 +72,24 @@ bool RibbonControl::TabID(std::string_view key) {
   return true;
 }
 
-std::string RibbonControl::ButtonText(std::string_view key) const { return Of(key).text; }
-bool RibbonControl::ButtonChecked(std::string_view key) const { return Of(key).checked; }
-bool RibbonControl::ButtonEnabled(std::string_view key) const { return Of(key).enabled; }
-std::string RibbonControl::ButtonToolTip(std::string_view key) const { return Of(key).tip; }
-std::string RibbonControl::GetButtonIcon(std::string_view key) const { return Of(key).icon; }
-bool RibbonControl::ToolbarVisible(std::string_view key) const { return Of(key).visible; }
+std::string RibbonControl::ButtonText(std::string_view key) const {
+  return Of(key).text;
+}
+bool RibbonControl::ButtonChecked(std::string_view key) const {
+  return Of(key).checked;
+}
+bool RibbonControl::ButtonEnabled(std::string_view key) const {
+  return Of(key).enabled;
+}
+std::string RibbonControl::ButtonToolTip(std::string_view key) const {
+  return Of(key).tip;
+}
+std::string RibbonControl::GetButtonIcon(std::string_view key) const {
+  return Of(key).icon;
+}
+bool RibbonControl::ToolbarVisible(std::string_view key) const {
+  return Of(key).visible;
+}
 
 void RibbonControl::ButtonText(std::string_view key, std::string text) {
   Of(key).text = std::move(text);
@@ -102,13 +116,17 @@ void RibbonControl::ToolbarVisible(std::string_view key, bool visible) {
   Changed();
 }
 
-void RibbonControl::ClearPopupMenu(std::string_view key) { Of(key).list.clear(); }
+void RibbonControl::ClearPopupMenu(std::string_view key) {
+  Of(key).list.clear();
+}
 
 void RibbonControl::AddListItem(std::string_view key, std::string item_key, std::string caption) {
   Of(key).list.emplace_back(std::move(item_key), std::move(caption));
 }
 
-const std::vector<std::pair<std::string, std::string>>& RibbonControl::ListItems(std::string_view key) const { return Of(key).list; }
+const std::vector<std::pair<std::string, std::string>>& RibbonControl::ListItems(std::string_view key) const {
+  return Of(key).list;
+}
 
 void RibbonControl::StatusBarText(std::string text) {
   status_ = std::move(text);

@@ -70,7 +70,9 @@ class RibbonControl {
   void ShowFirstChoice(const RibbonRow& split);
   const State& Of(std::string_view key) const;
   State& Of(std::string_view key);
-  void Changed() const { if (Repaint) Repaint(); }
+  void Changed() const {
+    if (Repaint) Repaint();
+  }
 
   std::map<std::string, State, std::less<>> states_;
   std::string tab_, status_, find_;

@@ -241,6 +241,8 @@ constexpr RibbonRow kRows[] = {
 
 }  // namespace
 
-std::span<const RibbonRow> RibbonRows() { return kRows; }
+std::span<const RibbonRow> RibbonRows() {
+  return kRows;
+}
 
 }  // namespace ostrinka

@@ -29,10 +29,14 @@ Span ChosenSpan(const Program& program, const std::string& caption, bool current
 // Days back of "the last ..."; the quarter of purchases is a day shorter (kept: users know these numbers).
 int DaysBack(Span span, int table) {
   switch (span) {
-    case Span::kWeek: return 7;
-    case Span::kMonth: return 31;
-    case Span::kQuarter: return table == kDokZakupu ? 92 : 93;
-    default: return 365;
+    case Span::kWeek:
+      return 7;
+    case Span::kMonth:
+      return 31;
+    case Span::kQuarter:
+      return table == kDokZakupu ? 92 : 93;
+    default:
+      return 365;
   }
 }
 
@@ -41,10 +45,14 @@ bool InCurrent(Span span, Date date, Date today) {
   if (!equal("yyyy")) return false;
   switch (span) {
     // Only the record's date is shifted by the day (kept: users know these weeks).
-    case Span::kWeek: return FormatDate(date.PlusDays(-1), "ww") == FormatDate(today, "ww");
-    case Span::kMonth: return equal("mm");
-    case Span::kQuarter: return equal("q");
-    default: return true;
+    case Span::kWeek:
+      return FormatDate(date.PlusDays(-1), "ww") == FormatDate(today, "ww");
+    case Span::kMonth:
+      return equal("mm");
+    case Span::kQuarter:
+      return equal("q");
+    default:
+      return true;
   }
 }
 
@@ -97,8 +105,7 @@ void MainWindow::PeriodLast(const Command& command, int) {
   const Date today = program_.platform.clock.Now().WithoutTime();
   const Span span = ChosenSpan(program_, ribbon.ButtonText(command.key), false);
   const Date from = today.PlusDays(-DaysBack(span, command.table));
-  Table(program_, command.table)
-      .SELECTION("~", "DATA_WYSTAWIENIA > " + from.Iso() + " AND DATA_WYSTAWIENIA <= " + today.Iso(), "", ordAsc);
+  Table(program_, command.table).SELECTION("~", "DATA_WYSTAWIENIA > " + from.Iso() + " AND DATA_WYSTAWIENIA <= " + today.Iso(), "", ordAsc);
   Chosen(command, true);
 }
 

@@ -14,8 +14,8 @@ class Startup {
   explicit Startup(Program& program) : program_(program) {}
   ~Startup() { Stop(); }
 
-  // The start sequence. `command_line` may hold "+wiz", in any case and anywhere: then the first-run wizard comes first. It makes and opens the
-  // company; leaving it ends the program.
+  // The start sequence. `command_line` may hold "+wiz", in any case and anywhere: then the first-run wizard comes first. It makes and opens
+  // the company; leaving it ends the program.
   void Start(const std::string& command_line);
   // The shutdown routine; once.
   void Stop();

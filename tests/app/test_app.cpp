@@ -10,7 +10,9 @@ namespace {
 
 class AppTest : public ::testing::Test {
  protected:
-  void Write(const std::string& name, const std::string& content) { ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / name, content)); }
+  void Write(const std::string& name, const std::string& content) {
+    ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / name, content));
+  }
   TestPlatform surroundings;
 };
 
@@ -34,7 +36,9 @@ TEST_F(AppTest, DefaultsKeepTheirTypeAndAnEmptyFileIsNoDefault) {
   EXPECT_EQ(settings.Integer(kCommon, "GUI", "Skin", 1), 1);
   settings.SaveSettingValue(kCommon, "system", "fRun", false);
   EXPECT_FALSE(settings.Boolean(kCommon, "system", "fRun", true));
-  Write("user/" + Settings::FileName(kCommon, "GUI", "WScreen"), std::string("\xFF\x00\x01" "binary", 9));
+  Write("user/" + Settings::FileName(kCommon, "GUI", "WScreen"), std::string("\xFF\x00\x01"
+                                                                             "binary",
+                                                                             9));
   EXPECT_EQ(settings.Integer(kCommon, "GUI", "WScreen", 1), 1);
 }
 

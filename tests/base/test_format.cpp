@@ -1,8 +1,8 @@
-#include "base/format.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
+
+#include "base/format.h"
 
 namespace ostrinka {
 namespace {
@@ -54,8 +54,8 @@ TEST(Rounding, CuttingPatternsNeverRoundUp) {
     Value value;
     const char* pattern;
     const char* text;
-  } rows[] = {{1.239, "#2", "1,23"},   {1.15, "#2", "1,15"},  {-1.999, "#2", "-1,99"}, {1.999, "#0", "1"},
-              {-0.001, "#2", "0,00"},  {5, "#3", "5,000"},    {0.29, "#2", "0,29"},    {1.1, "\\", ""},
+  } rows[] = {{1.239, "#2", "1,23"},      {1.15, "#2", "1,15"},         {-1.999, "#2", "-1,99"}, {1.999, "#0", "1"},
+              {-0.001, "#2", "0,00"},     {5, "#3", "5,000"},           {0.29, "#2", "0,29"},    {1.1, "\\", ""},
               {8.0, "#9", "8,000000000"}, {std::string("x"), "#2", "x"}};
   for (const auto& row : rows) EXPECT_EQ(FormatNumber(row.value, row.pattern), row.text) << ToText(row.value) << " in " << row.pattern;
 }
@@ -64,10 +64,12 @@ TEST(ReadingNumbers, TakesBothDecimalSignsAndPassesOverCurrencySigns) {
   const struct {
     const char* text;
     std::optional<double> number;
-  } rows[] = {{"10,00", 10},      {"10.00", 10},   {" -3,5 ", -3.5}, {"1 234,50", 1234.5}, {"€12,30", 12.3}, {"12,30 zł", 12.3},
-              {"1e3", 1000},      {",5", 0.5},     {"5,", 5},        {"", {}},             {"-", {}},        {"abc", {}},
-              {"1,2,3", {}},      {"12a", {}},     {"1e", {}},       {"$ 7", 7},           {"inf", {}},      {"nan", {}},
-              {"0x10", {}},       {"5-", {}},      {"1e999", {}},    {"zł", {}}};
+  } rows[] = {{"10,00", 10},    {"10.00", 10},      {" -3,5 ", -3.5}, {"1 234,50", 1234.5},
+              {"€12,30", 12.3}, {"12,30 zł", 12.3}, {"1e3", 1000},    {",5", 0.5},
+              {"5,", 5},        {"", {}},           {"-", {}},        {"abc", {}},
+              {"1,2,3", {}},    {"12a", {}},        {"1e", {}},       {"$ 7", 7},
+              {"inf", {}},      {"nan", {}},        {"0x10", {}},     {"5-", {}},
+              {"1e999", {}},    {"zł", {}}};
   for (const auto& row : rows) EXPECT_EQ(ReadNumber(row.text), row.number) << '"' << row.text << '"';
 }
 
@@ -81,7 +83,7 @@ TEST(ReadingNumbers, CurrencyIsExactToFourDecimals) {
 }
 
 TEST(CurrencyArithmetic, ProductsRoundHalfAwayAndOverflowIsTold) {
-  EXPECT_EQ(Multiply(Currency::FromRaw(3333), Currency::FromRaw(5000)), Currency::FromRaw(1667));    // 0.16665
+  EXPECT_EQ(Multiply(Currency::FromRaw(3333), Currency::FromRaw(5000)), Currency::FromRaw(1667));  // 0.16665
   EXPECT_EQ(Multiply(Currency::FromRaw(-3333), Currency::FromRaw(5000)), Currency::FromRaw(-1667));
   EXPECT_EQ(Multiply(Currency::FromRaw(INT64_MAX), Currency::FromWhole(2)), std::nullopt);
   EXPECT_EQ(Add(Currency::FromRaw(INT64_MAX), Currency::FromRaw(1)), std::nullopt);
@@ -105,7 +107,8 @@ TEST(Dates, PatternsNamesAndWeeks) {
 TEST(Dates, ReadsBothOrdersAndRefusesWhatIsNoDay) {
   EXPECT_EQ(Date::Parse("2008-02-29")->days(), 39507);
   EXPECT_EQ(Date::Parse("29.02.2008"), Date::Parse("2008/2/29"));
-  for (const char* text : {"2007-02-29", "", "2008", "2008-13-01", "08-02-03", "2008-1-1-1", "2008-01-01 25:00", "2008--01", "99999-01-01", "a"}) {
+  for (const char* text :
+       {"2007-02-29", "", "2008", "2008-13-01", "08-02-03", "2008-1-1-1", "2008-01-01 25:00", "2008--01", "99999-01-01", "a"}) {
     EXPECT_FALSE(Date::Parse(text)) << text;
   }
   EXPECT_EQ(Date(0).Iso(), "1899-12-30");

@@ -1,6 +1,6 @@
-#include "base/text.h"
-
 #include <gtest/gtest.h>
+
+#include "base/text.h"
 
 namespace ostrinka {
 namespace {
@@ -33,7 +33,8 @@ TEST(FileNames, LoseEveryFolderPart) {
   const struct {
     const char* path;
     const char* name;
-  } rows[] = {{"/etc/passwd", "passwd"}, {"..\\..\\x.exe", "x.exe"}, {"C:evil", "evil"}, {"..", ""}, {".", ""}, {"a/", ""}, {"skan.pdf ", "skan.pdf"}};
+  } rows[] = {{"/etc/passwd", "passwd"}, {"..\\..\\x.exe", "x.exe"}, {"C:evil", "evil"}, {"..", ""}, {".", ""}, {"a/", ""},
+              {"skan.pdf ", "skan.pdf"}};
   for (const auto& row : rows) EXPECT_EQ(BareFileName(row.path), row.name) << row.path;
 }
 

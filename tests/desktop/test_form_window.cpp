@@ -430,7 +430,8 @@ TEST_F(FormWindowTest, EveryFormOpensWithNamesTextsAndRoomForAll) {
   frm_Admin_bg_ wizard(program);
   wizard.reload_();
   LoginForm login(program);
-  for (Form* form : std::initializer_list<Form*>{&customers, &goods, &sales, &line, &company, &accounts, &individual, &connection, &creation, &wizard, &login}) {
+  for (Form* form : std::initializer_list<Form*>{&customers, &goods, &sales, &line, &company, &accounts, &individual, &connection,
+                                                 &creation, &wizard, &login}) {
     ExpectFinished(program, *look, *form);
   }
 }

@@ -300,7 +300,8 @@ TEST_F(MainWindowTest, TheWheelZoomsTheListAndAColumnKeepsItsWidthUntilTheNextSt
   const int rows = window->ViewTable()->TABLE_ROWS();
   const auto roll = [&](int notches) {
     const QPointF at(200, 200);
-    QWheelEvent event(at, view->list().mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event(at, view->list().mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase,
+                      false);
     QCoreApplication::sendEvent(&view->list(), &event);
     Turn();
   };
@@ -367,7 +368,9 @@ TEST_F(MainWindowTest, EveryToolHasANameARoleAndAVisibleFocus) {
       EXPECT_FALSE(name.empty()) << tab;
       QAccessibleInterface* access = QAccessible::queryAccessibleInterface(button);
       ASSERT_NE(access, nullptr);
-      EXPECT_TRUE(access->role() == QAccessible::Button || access->role() == QAccessible::CheckBox || access->role() == QAccessible::PushButton) << name;
+      EXPECT_TRUE(access->role() == QAccessible::Button || access->role() == QAccessible::CheckBox ||
+                  access->role() == QAccessible::PushButton)
+          << name;
       EXPECT_NE(button->focusPolicy() & Qt::TabFocus, 0) << name;
       if (!button->isEnabled()) continue;
       const QImage before = button->grab().toImage();

@@ -10,8 +10,8 @@ TEST_F(ArithmeticTest, PricesAreComputedInSinglePrecisionAndRoundedByThePattern)
     double multiplier;
     const char* gross;
   } rows[] = {
-      {"100", 1.22, "122,00"}, {"10,005", 1.22, "12,2061"}, {"0,01", 1.22, "0,0122"}, {"1,23456", 1.0, "1,2346"},
-      {"1234567,89", 1.0, "1234567,90"},  // a price of many digits loses them
+      {"100", 1.22, "122,00"},    {"10,005", 1.22, "12,2061"},       {"0,01", 1.22, "0,0122"},
+      {"1,23456", 1.0, "1,2346"}, {"1234567,89", 1.0, "1234567,90"},  // a price of many digits loses them
       {"abc", 1.22, "0,00"},
   };
   for (const auto& row : rows) EXPECT_EQ(GrossOfNet(program, row.net, row.multiplier), row.gross) << row.net;
@@ -106,7 +106,8 @@ TEST_F(ArithmeticTest, AnotherCurrencyScalesPricesAndValues) {
 }
 
 TEST_F(ArithmeticTest, TotalsKeepRatesOfOneValueApartAndCountDeletedArticles) {
-  const int32_t free = AddArticle("Wolne", 10, 10, kVatExempt), zero = AddArticle("Zero", 20, 20, kVat0), full = AddArticle("Pełne", 100, 122);
+  const int32_t free = AddArticle("Wolne", 10, 10, kVatExempt), zero = AddArticle("Zero", 20, 20, kVat0),
+                full = AddArticle("Pełne", 100, 122);
   AddStoredLine(6, free, "1", "10", "10");
   AddStoredLine(6, full, "1", "100", "122");
   AddStoredLine(6, zero, "1", "20", "20");

@@ -65,7 +65,7 @@ TEST_F(NumberingTest, AnOptionWordNeedsAPlusSignBesideIt) {
     const char *options, *word;
     bool found;
   } rows[] = {
-      {"+FK", "FK", true},  {" pf+fk ", "fk", true}, {"FK", "FK", false},    {"", "PF", false},      {"+PF", "PA", false},
+      {"+FK", "FK", true},   {" pf+fk ", "fk", true}, {"FK", "FK", false},   {"", "PF", false},      {"+PF", "PA", false},
       {"PF+FK", "FK", true}, {"PF+FK", "PF", true},   {"NUMER+", "R", true}, {"+PF+FZ", "FZ", true}, {"+ FK", "FK", false},
   };
   for (const auto& row : rows) EXPECT_EQ(has_option(row.options, row.word), row.found) << row.options << " " << row.word;
@@ -81,8 +81,9 @@ TEST_F(NumberingTest, TheTemplateIsFilledInCapitals) {
   const struct {
     const char *format, *text;
   } rows[] = {
-      {"Nr [nr] / yyyy", "NR 17 / 2008"}, {"[NR]/yy", "[NR]/08"},         {"FV_[nr]_mm", "FV  17  03"}, {"[nr] mmmm", "17 MARZEC"},
-      {"dddd dd", "ŚRODA 05"},            {"[nr]/[gr]", "17/Lokalni"}, {"bez numeru", "BEZ NUMERU"},   {"yyyyyy", "200808"},
+      {"Nr [nr] / yyyy", "NR 17 / 2008"}, {"[NR]/yy", "[NR]/08"},  {"FV_[nr]_mm", "FV  17  03"},
+      {"[nr] mmmm", "17 MARZEC"},         {"dddd dd", "ŚRODA 05"}, {"[nr]/[gr]", "17/Lokalni"},
+      {"bez numeru", "BEZ NUMERU"},       {"yyyyyy", "200808"},
   };
   for (const auto& row : rows) EXPECT_EQ(NumberText(row.format, 17, "2008-03-05", customer), row.text) << row.format;
 }

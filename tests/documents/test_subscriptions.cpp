@@ -1,5 +1,4 @@
 #include "documents/subscriptions.h"
-
 #include "documents/trade.h"
 
 namespace ostrinka {
@@ -8,8 +7,13 @@ class SubscriptionTest : public Trade {
  protected:
   int32_t AddSubscription(const std::string& end, int32_t days, bool hidden = false, bool ends = true) {
     const int32_t document = AddDocument(kInvoice, "2008-01-01", 5, new_document_id(program));
-    Change(kDokSprzed, document, {{"ABN_KONIEC", ends}, {"ABN_HIDE", hidden}, {"ABN_KONIEC_DATA", Day(end)}, {"ABN_KONIEC_DNI", days},
-                                  {"DATA_SPRZEDAZY", Day("2008-01-01")}, {"FORMA_PLATNOSCI", kTransfer7}});
+    Change(kDokSprzed, document,
+           {{"ABN_KONIEC", ends},
+            {"ABN_HIDE", hidden},
+            {"ABN_KONIEC_DATA", Day(end)},
+            {"ABN_KONIEC_DNI", days},
+            {"DATA_SPRZEDAZY", Day("2008-01-01")},
+            {"FORMA_PLATNOSCI", kTransfer7}});
     return document;
   }
 };
@@ -39,7 +43,8 @@ TEST_F(SubscriptionTest, AFollowUpIsACopyOfTodayWithItsOwnNumberAndLines) {
   ASSERT_GT(copy, source);
   const struct {
     const char *field, *text;
-  } rows[] = {{"TYP", "2"}, {"NR_DOK", "6"}, {"ZAPLACONO", "False"}, {"ZDFISK", "False"}, {"UWAGI", "co kwartał"}, {"ABN_KONIEC", "True"}, {"KOREKTA", "0"}};
+  } rows[] = {{"TYP", "2"},           {"NR_DOK", "6"}, {"ZAPLACONO", "False"}, {"ZDFISK", "False"}, {"UWAGI", "co kwartał"},
+              {"ABN_KONIEC", "True"}, {"KOREKTA", "0"}};
   for (const auto& row : rows) EXPECT_EQ(Stored(kDokSprzed, copy, row.field), row.text) << row.field;
   ClassQDBASE& documents = Table(program, kDokSprzed);
   documents.RECORD_LOAD(copy);

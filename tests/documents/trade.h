@@ -78,9 +78,11 @@ class Trade : public testing::Test {
   }
   static Date Day(const std::string& iso) { return *Date::Parse(iso); }
   int32_t AddDocument(int32_t type, const std::string& issued, int32_t number, int32_t id = 0) {
-    return Add(kDokSprzed, {{"TYP", type}, {"DATA_WYSTAWIENIA", Day(issued)}, {"NR_DOK", number}, {"ID_DOK", id}, {"WALUTA", kZloty}, {"KURS", 1.0F}});
+    return Add(kDokSprzed,
+               {{"TYP", type}, {"DATA_WYSTAWIENIA", Day(issued)}, {"NR_DOK", number}, {"ID_DOK", id}, {"WALUTA", kZloty}, {"KURS", 1.0F}});
   }
-  int32_t AddStoredLine(int32_t id, int32_t article, const std::string& quantity, const std::string& net, const std::string& gross, int16_t discount = 0) {
+  int32_t AddStoredLine(int32_t id, int32_t article, const std::string& quantity, const std::string& net, const std::string& gross,
+                        int16_t discount = 0) {
     const int32_t line = Add(kSprzedane, {{"ID_DOK", id},
                                           {"NAZWA_T_U", article},
                                           {"ILOSC", *ReadCurrency(quantity)},
@@ -90,7 +92,8 @@ class Trade : public testing::Test {
     EXPECT_TRUE(RecalculateLine(program, line));
     return line;
   }
-  LineEntry Entry(int32_t article, const std::string& quantity, const std::string& net, const std::string& gross, const std::string& discount = "0") {
+  LineEntry Entry(int32_t article, const std::string& quantity, const std::string& net, const std::string& gross,
+                  const std::string& discount = "0") {
     return {article, *ReadCurrency(quantity), *ReadCurrency(net), *ReadCurrency(gross), *ReadCurrency(discount)};
   }
   std::string NewestMessage() { return platform.ui.messages.empty() ? std::string() : platform.ui.messages.back().first; }

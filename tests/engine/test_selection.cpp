@@ -115,7 +115,8 @@ TEST_F(TableTest, ALongScanFindsThroughALinkWhatSingleReadsFind) {
   constexpr int kTargets = 300, kRecords = 700;
   auto groups = Create(surroundings.folder / "grupy.ovd");
   groups->FIELD_ADD("OPIS", kText, 20, "", "");
-  for (int i = 1; i <= kTargets; ++i) groups->RECORD_ADD({std::string(i % 7 == 0 ? "  Kowalska " : i % 7 == 1 ? " 12 " : i % 7 == 2 ? "" : "Żak")});
+  for (int i = 1; i <= kTargets; ++i)
+    groups->RECORD_ADD({std::string(i % 7 == 0 ? "  Kowalska " : i % 7 == 1 ? " 12 " : i % 7 == 2 ? "" : "Żak")});
   groups->RECORD_DELETE(7);  // a link shows a deleted record all the same
   auto table = Create(path);
   table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS");

@@ -159,9 +159,8 @@ TEST_F(GoodsFormTest, AFieldThatWasOnlyPassedOverMovesNothing) {
   const std::string before = Prices(0);
   EXPECT_EQ(before.substr(0, 10), "8,20 10,01");
   for (int round = 0; round < 2; ++round) {
-    for (Control* field :
-         std::initializer_list<Control*>{&form.txtCenaZakupu, &form.txtNetto[0], &form.txtBrutto[0], &form.txtNarzut[0], &form.txtMarża[0],
-                                         &form.txtZysk[0], &form.txtStawkaVAT}) {
+    for (Control* field : std::initializer_list<Control*>{&form.txtCenaZakupu, &form.txtNetto[0], &form.txtBrutto[0], &form.txtNarzut[0],
+                                                          &form.txtMarża[0], &form.txtZysk[0], &form.txtStawkaVAT}) {
       field->UserEnter();
       field->UserLeave();
       EXPECT_EQ(Prices(0), before) << field->name();

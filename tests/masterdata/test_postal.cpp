@@ -109,7 +109,8 @@ TEST(PostalRegion, FollowsFromTheFirstTwoDigits) {
 class PostalToolTest : public PostalTest {
  protected:
   bool Make(const std::string& list) {
-    const std::string command = "python3 -I -S '" OSTRINKA_SOURCE "/tools/make_psc.py' '" + list + "' '" + folder() + "psc.bin' 2>/dev/null";
+    const std::string command =
+        "python3 -I -S '" OSTRINKA_SOURCE "/tools/make_psc.py' '" + list + "' '" + folder() + "psc.bin' 2>/dev/null";
     return std::system(command.c_str()) == 0;
   }
 };

@@ -85,7 +85,8 @@ TEST(ScriptRuns, TheSameSeedLeavesTheSameBytes) {
   std::vector<std::string> contents[2];
   for (auto& content : contents) {
     ScriptSession session;
-    ASSERT_EQ(session.Run(kStart + kCustomer + kArticle + kInvoice + "file @f.pdf\nitem SPRZEDAŻ.DRUKUJ SPRZEDAŻ.DOPDF\npages @p"), 0) << session.error;
+    ASSERT_EQ(session.Run(kStart + kCustomer + kArticle + kInvoice + "file @f.pdf\nitem SPRZEDAŻ.DRUKUJ SPRZEDAŻ.DOPDF\npages @p"), 0)
+        << session.error;
     PosixFileSystem files;
     for (const char* folder : {"firma", "p"}) {
       for (const std::string& name : files.ListFiles(session.folder / folder)) {

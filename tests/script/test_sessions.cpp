@@ -64,13 +64,16 @@ TEST_F(Sessions, AFiscalisedDocumentStopsEditingAndDeletionAlsoOfACustomerOfItsN
     documents->FIELD("ZDFISK", true);
     ASSERT_TRUE(documents->RECORD_SAVE(1));
   }
-  Play("start\ncommand SPRZEDAŻ.EDYTUJ\nexpect-message msg.info.canteditfsik\nanswer yes\ncommand SPRZEDAŻ.USUŃ\n"
-       "expect-message msg.info.cantdeletefsik\ntab KONTRAHENCI\nanswer yes\ncommand KONTRAHENT.USUŃ\nexpect-message msg.info.cantdeletefsik\nexpect-rows 1");
+  Play(
+      "start\ncommand SPRZEDAŻ.EDYTUJ\nexpect-message msg.info.canteditfsik\nanswer yes\ncommand SPRZEDAŻ.USUŃ\n"
+      "expect-message msg.info.cantdeletefsik\ntab KONTRAHENCI\nanswer yes\ncommand KONTRAHENT.USUŃ\nexpect-message "
+      "msg.info.cantdeletefsik\nexpect-rows 1");
 }
 
 TEST_F(Sessions, ACorrectionIsMadeOnceAndFreesItsDocumentWhenDeleted) {
   const std::string correct = "row 1\nitem SPRZEDAŻ.DODAJ SPRZEDAŻ.DODAJ.FAKTURAKORYGUJĄCA\n";
-  Play(kStart + kCustomer + kArticle + kInvoice + correct + "expect-rows 1\nexpect txtTypDok \"Faktura korygująca\"\npress sdoc.btn.ok\nexpect-rows 2\n" +
+  Play(kStart + kCustomer + kArticle + kInvoice + correct +
+       "expect-rows 1\nexpect txtTypDok \"Faktura korygująca\"\npress sdoc.btn.ok\nexpect-rows 2\n" +
        // The button keeps its choice, so the plain command corrects as well, and refuses a second time.
        "row 1\ncommand SPRZEDAŻ.DODAJ\nexpect-message sdocs.msg.thisdochascdc\nexpect-status sdocs.msg.thisdochascdc\n" +
        "row 2\ncommand SPRZEDAŻ.DODAJ.KOREKTA\nexpect-message sdocs.msg.cantcreatecdc\n" +
@@ -89,7 +92,8 @@ TEST_F(Sessions, FindAlphabetAndSortChooseCustomers) {
   Play(script + "tab KONTRAHENCI\nexpect-rows 5\n" +
        "item KONTRAHENCI.SELEKCJA.SORTUJ KONTRAHENCI.SELEKCJA.SORTUJ.ROSNĄCO\nlist\n"
        "item KONTRAHENCI.SELEKCJA.SORTUJ KONTRAHENCI.SELEKCJA.SORTUJ.MALEJĄCO\nlist\n"
-       "set @FIND kutno\ncommand KONTRAHENCI.SELEKCJA.ZNAJDŹ\nexpect-rows 5\nset @FIND ŻUBR\ncommand KONTRAHENCI.SELEKCJA.ZNAJDŹ\nexpect-rows 1\n"
+       "set @FIND kutno\ncommand KONTRAHENCI.SELEKCJA.ZNAJDŹ\nexpect-rows 5\nset @FIND ŻUBR\ncommand "
+       "KONTRAHENCI.SELEKCJA.ZNAJDŹ\nexpect-rows 1\n"
        "item KONTRAHENCI.SELEKCJA.ZNAJDŹ KONTRAHENCI.SELEKCJA.ZNAJDŹ.WSZYSTKO\nexpect-rows 5\n"
        "command KONTRAHENCI.SELEKCJA.ALFABET.A-D\nexpect-rows 1\ncommand KONTRAHENCI.SELEKCJA.ALFABET.0-9\nexpect-rows 1\n"
        "command KONTRAHENCI.SELEKCJA.ALFABET.ALL\nexpect-rows 5\n");
@@ -113,34 +117,44 @@ TEST_F(Sessions, PeriodsReachAsFarBackAsTheirTableSays) {
     return "item " + parent + " " + parent + "." + choice + "\nexpect-rows " + std::to_string(rows) + "\n";
   };
   // The one document of today is current at once, wherever the list stood.
-  Play(script + "row 6\ncommand SPRZEDAŻ.OKRES.DZISIAJ\nexpect-rows 1\ncommand SPRZEDAŻ.EDYTUJ\nexpect txtDataWyst 2008-03-05\npress sdoc.btn.cancel\n" + pick("OSTATNI", "TYDZIEŃ", 2) + pick("OSTATNI", "MIESIĄC", 2) +
-       pick("OSTATNI", "KWARTAŁ", 4) + pick("OSTATNI", "ROK", 5) + pick("BIEŻĄCY", "TYDZIEŃ", 1) + pick("BIEŻĄCY", "MIESIĄC", 2) +
-       pick("BIEŻĄCY", "KWARTAŁ", 3) + pick("BIEŻĄCY", "ROK", 3) + "command SPRZEDAŻ.OKRES.WSZYSTKIE\nexpect-rows 6\n");
+  Play(script +
+       "row 6\ncommand SPRZEDAŻ.OKRES.DZISIAJ\nexpect-rows 1\ncommand SPRZEDAŻ.EDYTUJ\nexpect txtDataWyst 2008-03-05\npress "
+       "sdoc.btn.cancel\n" +
+       pick("OSTATNI", "TYDZIEŃ", 2) + pick("OSTATNI", "MIESIĄC", 2) + pick("OSTATNI", "KWARTAŁ", 4) + pick("OSTATNI", "ROK", 5) +
+       pick("BIEŻĄCY", "TYDZIEŃ", 1) + pick("BIEŻĄCY", "MIESIĄC", 2) + pick("BIEŻĄCY", "KWARTAŁ", 3) + pick("BIEŻĄCY", "ROK", 3) +
+       "command SPRZEDAŻ.OKRES.WSZYSTKIE\nexpect-rows 6\n");
 }
 
 TEST_F(Sessions, AMissingCompanyLeadsThroughTheConnectionDialog) {
-  Play("start\npress qdb.btn.create\nset userName kreda\nset userPassword1 kreda\nset userPassword2 kreda\npress qdbc.btn.create\n"
-       "expect-message msg.info.dbcreateok\npress qdb.btn.ok\ntab KONTRAHENCI\n" + std::string(kCustomer) + "expect-rows 1\n");
+  Play(
+      "start\npress qdb.btn.create\nset userName kreda\nset userPassword1 kreda\nset userPassword2 kreda\npress qdbc.btn.create\n"
+      "expect-message msg.info.dbcreateok\npress qdb.btn.ok\ntab KONTRAHENCI\n" +
+      std::string(kCustomer) + "expect-rows 1\n");
   EXPECT_TRUE(Contains(session.out, "message 48 ")) << session.out;  // the first-run box
   EXPECT_TRUE(surroundings.files.FileExists(session.folder / "app/data/kontrahenci.ovd"));
 }
 
 TEST_F(Sessions, AWrongPasswordIsToldAndCommandsSayThatNothingIsOpen) {
   Play(kStart);
-  Play("setting Velmora.common dbLogin password zła\nstart\nexpect-message msg.info.cantopendatabase\npress qdb.btn.cancel\n"
-       "command SPRZEDAŻ.DODAJ\nexpect-message msg.info.dbnotopen\ntab ZAKUP\nexpect-rows 0\n");
+  Play(
+      "setting Velmora.common dbLogin password zła\nstart\nexpect-message msg.info.cantopendatabase\npress qdb.btn.cancel\n"
+      "command SPRZEDAŻ.DODAJ\nexpect-message msg.info.dbnotopen\ntab ZAKUP\nexpect-rows 0\n");
 }
 
-TEST_F(Sessions, WhatIsNotBuiltSaysSo) { Play(kStart + "command BACKUP\nexpect-status common.notbuilt\ntab ZAKUP\ncommand ZAKUP.DODAJ\nexpect-status common.notbuilt"); }
+TEST_F(Sessions, WhatIsNotBuiltSaysSo) {
+  Play(kStart + "command BACKUP\nexpect-status common.notbuilt\ntab ZAKUP\ncommand ZAKUP.DODAJ\nexpect-status common.notbuilt");
+}
 
 TEST_F(Sessions, ACloneIsANewRecordFilledFromTheCurrentOne) {
-  Play(kStart + kCustomer + kArticle + "tab KONTRAHENCI\ncommand KONTRAHENT.DODAJ.KLONUJ\nexpect txtNazwa \"Jan Kowalski\"\nset txtNazwa Drugi\n" +
+  Play(kStart + kCustomer + kArticle +
+       "tab KONTRAHENCI\ncommand KONTRAHENT.DODAJ.KLONUJ\nexpect txtNazwa \"Jan Kowalski\"\nset txtNazwa Drugi\n" +
        "press customer.btn.ok\nexpect-rows 2\ntab TOWARYUSŁUGI\ncommand TOWARUSŁUGA.DODAJ.KLONUJ\npress product.btn.ok\nexpect-rows 2\n");
 }
 
 TEST_F(Sessions, KeysWalkTheListAndChangeTabs) {
   Play(kStart + "key 118\n" + kCustomer + "command KONTRAHENT.DODAJ\nset txtNazwa Drugi\npress customer.btn.ok\n" +
-       "key 36\nkey 13\nexpect txtNazwa \"Jan Kowalski\"\npress customer.btn.cancel\nkey 40\nkey 13\nexpect txtNazwa Drugi\npress customer.btn.cancel\n" +
+       "key 36\nkey 13\nexpect txtNazwa \"Jan Kowalski\"\npress customer.btn.cancel\nkey 40\nkey 13\nexpect txtNazwa Drugi\npress "
+       "customer.btn.cancel\n" +
        "key 35\nanswer yes\nkey 46\nexpect-rows 1\nalt\nkey 75\nset txtNazwa Trzeci\npress customer.btn.ok\nexpect-rows 2\n");
 }
 

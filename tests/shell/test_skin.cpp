@@ -200,7 +200,7 @@ TEST_F(DrawnTest, EachSkinHasAllColoursAndAReadableImageForEachNameOfTheList) {
 
 TEST_F(DrawnTest, EveryIconThatTheRibbonNamesStandsInFiveSizesNormalAndHot) {
   const std::string icons = Draw("make_icons.py", "once") + "Icons/", again = Draw("make_icons.py", "twice") + "Icons/";
-  std::set<std::string> names = {"btnsave.ico",   "btncancel.ico",   "error.ico",        "ostrinka.ico",
+  std::set<std::string> names = {"btnsave.ico",   "btncancel.ico",   "error.ico",   "ostrinka.ico",
                                  "msg.error.ico", "msg.warning.ico", "msg.info.ico"};
   for (const RibbonRow& row : RibbonRows()) {
     if (*row.icon) {

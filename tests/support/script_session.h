@@ -54,7 +54,8 @@ inline constexpr char kCustomer[] = "command KONTRAHENT.DODAJ\nset txtNazwa \"Ja
 inline constexpr char kArticle[] =
     "command TOWARUSŁUGA.DODAJ\nset txtNazwa Krzesło\nset txtJednostkaMiary szt.\nset txtNetto(0) 100\npress product.btn.ok\n";
 inline constexpr char kInvoice[] =
-    "command SPRZEDAŻ.DODAJ\nset txtTypDok \"Faktura VAT\"\nset txtKontrahent \"Jan Kowalski\"\npress sdoc.btn.add\nset txtComboTU Krzesło\n"
+    "command SPRZEDAŻ.DODAJ\nset txtTypDok \"Faktura VAT\"\nset txtKontrahent \"Jan Kowalski\"\npress sdoc.btn.add\nset txtComboTU "
+    "Krzesło\n"
     "set txtIlość 2\npress adps.btn.ok\npress sdoc.btn.ok\n";
 
 }  // namespace ostrinka

@@ -41,19 +41,23 @@ class TemporaryFolder {
 class TestUserInterface : public UserInterface {
  public:
   std::vector<std::pair<std::string, MessageKind>> messages;
-  std::deque<Answer> answers;                         // for questions, in order; kNo when none is left
+  std::deque<Answer> answers;  // for questions, in order; kNo when none is left
   std::deque<std::optional<std::string>> file_answers;
-  std::vector<FileFilter> save_filters;               // of the last save dialog
+  std::vector<FileFilter> save_filters;  // of the last save dialog
   size_t proposed_filter = 0;
-  std::optional<size_t> chosen_filter;                // what the person picks there; what is proposed when empty
-  std::function<void(Form&)> on_modal;                // plays the person in front of a form
-  std::function<void(frm_DocPreview&)> on_preview;    // and of the print preview
+  std::optional<size_t> chosen_filter;              // what the person picks there; what is proposed when empty
+  std::function<void(Form&)> on_modal;              // plays the person in front of a form
+  std::function<void(frm_DocPreview&)> on_preview;  // and of the print preview
   std::vector<std::string> status, opened;
   int beeps = 0, turns = 0, redraws = 0;
   bool ended = false, window_shown = false;
 
-  void ShowModal(Form& form) override { if (on_modal) on_modal(form); }
-  void ShowPreview(frm_DocPreview& preview) override { if (on_preview) on_preview(preview); }
+  void ShowModal(Form& form) override {
+    if (on_modal) on_modal(form);
+  }
+  void ShowPreview(frm_DocPreview& preview) override {
+    if (on_preview) on_preview(preview);
+  }
   Answer ShowMessage(const std::string& text, MessageKind kind) override {
     messages.emplace_back(text, kind);
     if (kind != MessageKind::kQuestion) return Answer::kOk;
@@ -77,7 +81,7 @@ class TestUserInterface : public UserInterface {
   }
   std::optional<std::string> AskFolder(const std::string&) override { return NextFile(); }
   void ShowStatus(const std::string& text) override { status.push_back(text); }
-  std::function<void()> on_turn;                      // what happens while a long work lets events run
+  std::function<void()> on_turn;  // what happens while a long work lets events run
   void TurnEvents() override {
     ++turns;
     if (on_turn) on_turn();
@@ -90,10 +94,15 @@ class TestUserInterface : public UserInterface {
   void RedrawMainWindow() override { ++redraws; }
   void StartMainTimer(int) override {}
   void StopMainTimer() override {}
-  bool OpenWithSystem(const std::string& target) override { opened.push_back(target); return true; }
+  bool OpenWithSystem(const std::string& target) override {
+    opened.push_back(target);
+    return true;
+  }
   void EndProgram() override { ended = true; }
   std::function<void(bool skin)> on_appearance;
-  void AppearanceChanged(bool skin) override { if (on_appearance) on_appearance(skin); }
+  void AppearanceChanged(bool skin) override {
+    if (on_appearance) on_appearance(skin);
+  }
 };
 
 class TestClock : public Clock {
@@ -173,9 +182,15 @@ struct TestPlatform {
   NoSerial serial;
   Platform platform{files, ui, clock, random, waiter, printer, pictures, download, serial, folder / "app/", folder / "user/"};
   // The same surroundings with another file system, printer or decoder of pictures.
-  Platform With(FileSystem& other) { return {other, ui, clock, random, waiter, printer, pictures, download, serial, folder / "app/", folder / "user/"}; }
-  Platform With(Printer& other) { return {files, ui, clock, random, waiter, other, pictures, download, serial, folder / "app/", folder / "user/"}; }
-  Platform With(PictureDecoder& other) { return {files, ui, clock, random, waiter, printer, other, download, serial, folder / "app/", folder / "user/"}; }
+  Platform With(FileSystem& other) {
+    return {other, ui, clock, random, waiter, printer, pictures, download, serial, folder / "app/", folder / "user/"};
+  }
+  Platform With(Printer& other) {
+    return {files, ui, clock, random, waiter, other, pictures, download, serial, folder / "app/", folder / "user/"};
+  }
+  Platform With(PictureDecoder& other) {
+    return {files, ui, clock, random, waiter, printer, other, download, serial, folder / "app/", folder / "user/"};
+  }
 
   TestPlatform() {
     files.MakeFolder(folder / "app");

@@ -20,16 +20,19 @@ struct Column {
   bool money, day;
 };
 constexpr Column kAdvanceColumns[] = {
-    {"DATA_WYSTAWIENIA", 110, "tdb.sdoc.mdate", false, true}, {"NR_DOK", 40, "tdb.sdoc.nrdoc", false, false},
-    {"WARTOSC_NETTO", 80, "tdb.sdoc.netto", true, false},     {"WARTOSC_BRUTTO", 80, "tdb.sdoc.brutto", true, false},
-    {"WALUTA", 20, "", false, false},                         {"ZAPLACONO", 60, "tdb.sdoc.pay", false, false},
+    {"DATA_WYSTAWIENIA", 110, "tdb.sdoc.mdate", false, true},
+    {"NR_DOK", 40, "tdb.sdoc.nrdoc", false, false},
+    {"WARTOSC_NETTO", 80, "tdb.sdoc.netto", true, false},
+    {"WARTOSC_BRUTTO", 80, "tdb.sdoc.brutto", true, false},
+    {"WALUTA", 20, "", false, false},
+    {"ZAPLACONO", 60, "tdb.sdoc.pay", false, false},
 };
 constexpr Column kArticleColumns[] = {
-    {"USLUGA", 50, "tdb.prsr.type", false, false},        {"SYMBOL", 50, "tdb.prsr.symbol", false, false},
-    {"NAZWA", 200, "tdb.prsr.name", false, false},        {"WALUTA", 20, "", false, false},
-    {"DETAL_NETTO", 80, "tdb.prsr.netto", true, false},   {"DETAL_BRUTTO", 80, "tdb.prsr.brutto", true, false},
-    {"HURT_NETTO", 80, "tdb.prsr.netto", true, false},    {"HURT_BRUTTO", 80, "tdb.prsr.brutto", true, false},
-    {"SPEC_NETTO", 80, "tdb.prsr.netto", true, false},    {"SPEC_BRUTTO", 80, "tdb.prsr.brutto", true, false},
+    {"USLUGA", 50, "tdb.prsr.type", false, false},      {"SYMBOL", 50, "tdb.prsr.symbol", false, false},
+    {"NAZWA", 200, "tdb.prsr.name", false, false},      {"WALUTA", 20, "", false, false},
+    {"DETAL_NETTO", 80, "tdb.prsr.netto", true, false}, {"DETAL_BRUTTO", 80, "tdb.prsr.brutto", true, false},
+    {"HURT_NETTO", 80, "tdb.prsr.netto", true, false},  {"HURT_BRUTTO", 80, "tdb.prsr.brutto", true, false},
+    {"SPEC_NETTO", 80, "tdb.prsr.netto", true, false},  {"SPEC_BRUTTO", 80, "tdb.prsr.brutto", true, false},
 };
 
 void FormatColumns(Program& program, ClassQDBASE& table, std::span<const Column> columns) {
@@ -105,7 +108,9 @@ void frm_Dok_add_TU::LayOut() {
       .When(tuType, kFreeText)
       .Row({{"adps.lbl.name", nt_TowarUsługa, 12, kTall}})
       .Row({{"adps.lbl.pkwiu", nt_PKWiU, 4}, {"adps.lbl.unit", nt_Jednostka, 4}, {"adps.lbl.vat", nt_VAT, 4}})
-      .Row({{"adps.lbl.count", nt_Ilość, 4, kRight}, {"adps.lbl.net", nt_CenaNETTO, 4, kRight}, {"adps.lbl.gross", nt_CenaBRUTTO, 4, kRight}})
+      .Row({{"adps.lbl.count", nt_Ilość, 4, kRight},
+            {"adps.lbl.net", nt_CenaNETTO, 4, kRight},
+            {"adps.lbl.gross", nt_CenaBRUTTO, 4, kRight}})
       .Row({{"", label_home_currency, 12, kCollapse}})
       .Always()
       .Row({{"adps.lbl.discount", txtRabat, 3, kRight}, Cell(9)});
@@ -144,8 +149,8 @@ void frm_Dok_add_TU::reload_() {
   ShowPage("STD");
   SetPageVisible("ZAL", Mode == 1);
   FillLists();
-  for (TextBoxControl* box : {&txtTU, &txtIlość, &txtCenaNetto, &txtCenaBrutto, &txtRabat, &nt_TowarUsługa, &nt_PKWiU, &nt_Ilość, &nt_CenaNETTO,
-                              &nt_CenaBRUTTO}) {
+  for (TextBoxControl* box : {&txtTU, &txtIlość, &txtCenaNetto, &txtCenaBrutto, &txtRabat, &nt_TowarUsługa, &nt_PKWiU, &nt_Ilość,
+                              &nt_CenaNETTO, &nt_CenaBRUTTO}) {
     box->SetText("");
   }
   if (Mode == 1) {
@@ -200,11 +205,10 @@ void frm_Dok_add_TU::ShowAdvances() {
   for (int32_t record = 1; record <= types.RECORD_COUNT() && type == 0; ++record) {
     if (types.RECORD_EXIST(record) && types.RECORD_LOAD(record) && has_option(types.Text("OPCJE"), "FZ")) type = record;
   }
-  const std::string of_customer =
-      ".KONTRAHENT = " + std::to_string(program_.current_customer) + " AND .TYP = " + std::to_string(type);
+  const std::string of_customer = ".KONTRAHENT = " + std::to_string(program_.current_customer) + " AND .TYP = " + std::to_string(type);
   FormatColumns(program_, table, kAdvanceColumns);
-  table.SELECTION("DATA_WYSTAWIENIA, NR_DOK, WARTOSC_NETTO, WARTOSC_BRUTTO, WALUTA, ZAPLACONO", type == 0 ? "!" : of_customer, "DATA_WYSTAWIENIA",
-                  ordDesc);
+  table.SELECTION("DATA_WYSTAWIENIA, NR_DOK, WARTOSC_NETTO, WARTOSC_BRUTTO, WALUTA, ZAPLACONO", type == 0 ? "!" : of_customer,
+                  "DATA_WYSTAWIENIA", ordDesc);
   ScrollFZ.SetScrollMax(table.MAX_ROWS());
 }
 

@@ -1,7 +1,7 @@
 // The line dialog: an article of the catalogue, a free text, or the settlement of an advance invoice.
 //
-// It gathers values only; the editor of sales documents writes the line. A free text becomes a row of towaryuslugi that is deleted at once, so that
-// links read it for good and lists never show it.
+// It gathers values only; the editor of sales documents writes the line. A free text becomes a row of towaryuslugi that is deleted at once,
+// so that links read it for good and lists never show it.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ namespace ostrinka {
 
 class frm_Dok_add_TU : public Form {
  public:
-  static constexpr int32_t kAdvance = -1;            // Article of a confirmed settlement
+  static constexpr int32_t kAdvance = -1;                  // Article of a confirmed settlement
   static constexpr int32_t kCatalogue = 1, kFreeText = 2;  // values of tuType
 
   // --- set by the caller before reload_

@@ -37,7 +37,9 @@ std::optional<double> LeadingNumber(std::string_view text) {
 
 }  // namespace
 
-std::string frm_Dok_add_TU::FormattedPrice(const Value& price) { return FormatNumber(price, EntryPricePattern(program_), program_.locale); }
+std::string frm_Dok_add_TU::FormattedPrice(const Value& price) {
+  return FormatNumber(price, EntryPricePattern(program_), program_.locale);
+}
 
 // --- picking an article
 
@@ -216,7 +218,8 @@ void frm_Dok_add_TU::Confirm() {
 
 bool frm_Dok_add_TU::ConfirmCatalogue() {
   changed_ = Article != shown_article_;
-  return ReadMoney(txtIlość, Quantity) && ReadMoney(txtCenaNetto, NetPrice) && ReadMoney(txtCenaBrutto, GrossPrice) && ReadMoney(txtRabat, Discount);
+  return ReadMoney(txtIlość, Quantity) && ReadMoney(txtCenaNetto, NetPrice) && ReadMoney(txtCenaBrutto, GrossPrice) &&
+         ReadMoney(txtRabat, Discount);
 }
 
 bool frm_Dok_add_TU::ConfirmFreeText() {
@@ -250,7 +253,9 @@ frm_Dok_add_TU::FreeText frm_Dok_add_TU::TypedText() const {
   return {Trim(nt_TowarUsługa.Text()), Trim(nt_PKWiU.Text()), nt_Jednostka.Value(), nt_VAT.Value()};
 }
 
-bool frm_Dok_add_TU::ArticleChanged() const { return changed_; }
+bool frm_Dok_add_TU::ArticleChanged() const {
+  return changed_;
+}
 
 // --- keys
 

@@ -10,8 +10,12 @@ namespace ostrinka {
 
 // The chosen record and its text.
 using ListChoice = std::pair<int32_t, std::string>;
-inline ListChoice Chosen(const ComboControl& list) { return {list.Value(), list.Text()}; }
+inline ListChoice Chosen(const ComboControl& list) {
+  return {list.Value(), list.Text()};
+}
 
-inline void SelectOrAdd(ComboControl& list, const ListChoice& choice) { SelectOrAdd(list, choice.first, choice.second); }
+inline void SelectOrAdd(ComboControl& list, const ListChoice& choice) {
+  SelectOrAdd(list, choice.first, choice.second);
+}
 
 }  // namespace ostrinka

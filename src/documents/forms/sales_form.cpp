@@ -87,16 +87,17 @@ void frm_Dok_sprzed::RegisterControls() {
 
 void frm_Dok_sprzed::LayOut() {
   const std::pair<ButtonControl*, const char*> captions[] = {
-      {&btnFind, "sdoc.btn.find"},       {&btnAdd_Kontrahent, "sdoc.btn.cadd"}, {&btnFind_Płatnik, "sdoc.btn.find"},
-      {&btnAdd_Płatnik, "sdoc.btn.cadd"}, {&btnAdd, "sdoc.btn.add"},             {&btnEdit, "sdoc.btn.edit"},
-      {&btnRemove, "sdoc.btn.remove"},   {&memoAdd, "sdoc.btn.ach.add"},        {&memoDel, "sdoc.btn.ach.del"},
-      {&memoExec, "sdoc.btn.ach.show"},
+      {&btnFind, "sdoc.btn.find"},         {&btnAdd_Kontrahent, "sdoc.btn.cadd"},
+      {&btnFind_Płatnik, "sdoc.btn.find"}, {&btnAdd_Płatnik, "sdoc.btn.cadd"},
+      {&btnAdd, "sdoc.btn.add"},           {&btnEdit, "sdoc.btn.edit"},
+      {&btnRemove, "sdoc.btn.remove"},     {&memoAdd, "sdoc.btn.ach.add"},
+      {&memoDel, "sdoc.btn.ach.del"},      {&memoExec, "sdoc.btn.ach.show"},
   };
   for (const auto& [button, key] : captions) button->caption_key = key;
   const std::pair<ButtonControl*, const char*> icons[] = {
-      {&btnSave, "btnsave.ico"},     {&btnPrint, "btnprint.ico"},  {&btnCancel, "btncancel.ico"},
-      {&btnAdd, "btnadd.ico"},       {&btnEdit, "btnedit.ico"},    {&btnRemove, "btnremove.ico"},
-      {&memoAdd, "btnattadd.ico"},   {&memoDel, "btnattdel.ico"},  {&memoExec, "btnattopen.ico"},
+      {&btnSave, "btnsave.ico"},   {&btnPrint, "btnprint.ico"}, {&btnCancel, "btncancel.ico"},
+      {&btnAdd, "btnadd.ico"},     {&btnEdit, "btnedit.ico"},   {&btnRemove, "btnremove.ico"},
+      {&memoAdd, "btnattadd.ico"}, {&memoDel, "btnattdel.ico"}, {&memoExec, "btnattopen.ico"},
   };
   for (const auto& [button, icon] : icons) button->icon = icon;
   btnAdd.SetToolTip(program_.Text("sdoc.btn.add") + " (Insert)");
@@ -184,9 +185,13 @@ void frm_Dok_sprzed::ConnectButtons() {
   btnCancel.Clicked += [this] { Close(); };
 }
 
-Date frm_Dok_sprzed::Today() { return program_.platform.clock.Now().WithoutTime(); }
+Date frm_Dok_sprzed::Today() {
+  return program_.platform.clock.Now().WithoutTime();
+}
 
-bool frm_Dok_sprzed::IsReceiptType() { return has_option(type_options(program_, txtTypDok.Value()), "PA"); }
+bool frm_Dok_sprzed::IsReceiptType() {
+  return has_option(type_options(program_, txtTypDok.Value()), "PA");
+}
 
 void frm_Dok_sprzed::TypeChanged() {
   const bool named = !IsReceiptType() && !CorrectionFlag;
@@ -296,7 +301,9 @@ void frm_Dok_sprzed::StatusChanged() {
   ShowStatus();
 }
 
-void frm_Dok_sprzed::ShowStatus() { txtDataZapłaty.SetVisible(txtStatus.Value() == kPaid); }
+void frm_Dok_sprzed::ShowStatus() {
+  txtDataZapłaty.SetVisible(txtStatus.Value() == kPaid);
+}
 
 void frm_Dok_sprzed::ShowSubscription() {
   const bool ends = txtAbonamentKoniec.Checked();
@@ -306,7 +313,9 @@ void frm_Dok_sprzed::ShowSubscription() {
   txtAbonamentDni.SetEnabled(ends);
 }
 
-void frm_Dok_sprzed::AddressChanged() { txtAdrOth.SetEnabled(txtAdrType.Value() == kFreeAddress); }
+void frm_Dok_sprzed::AddressChanged() {
+  txtAdrOth.SetEnabled(txtAdrType.Value() == kFreeAddress);
+}
 
 void frm_Dok_sprzed::FindCustomer(ComboControl& list) {
   const int32_t picked = pick_customer ? pick_customer() : 0;

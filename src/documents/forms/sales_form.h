@@ -1,7 +1,7 @@
 // The editor of sales documents: one record of dok_sprzed with its lines in sprzedane.
 //
-// Lines are written as they are entered, under the document's identity; the document itself by the save button. Closing without saving keeps the
-// lines that were changed, and writes no document.
+// Lines are written as they are entered, under the document's identity; the document itself by the save button. Closing without saving
+// keeps the lines that were changed, and writes no document.
 #pragma once
 
 #include <functional>
@@ -19,9 +19,9 @@ class frm_Dok_add_TU;
 class frm_Dok_sprzed : public Form {
  public:
   // --- set by the caller before reload_
-  int Mode = 1;                      // 1 new document, 2 edit of the current record of dok_sprzed
-  bool CorrectionFlag = false;       // a new document is a correcting invoice
-  int32_t CorrectedRecord = 0;       // of which document
+  int Mode = 1;                 // 1 new document, 2 edit of the current record of dok_sprzed
+  bool CorrectionFlag = false;  // a new document is a correcting invoice
+  int32_t CorrectedRecord = 0;  // of which document
   // Prints the document that the print button has saved; empty: nothing is printed.
   std::function<void(int32_t record, PrintMode mode)> print_document;
   // Lets the person pick a customer: its record, 0 for none. Empty: the find buttons beep.
@@ -36,8 +36,8 @@ class frm_Dok_sprzed : public Form {
   TableControl SQL_Pic;
   ScrollBoxControl ScrollVX;
   MemoControl memoCONTROL;
-  ButtonControl btnSave, btnPrint, btnCancel, btnAdd, btnEdit, btnRemove, btnFind, btnAdd_Kontrahent, btnFind_Płatnik, btnAdd_Płatnik, memoAdd,
-      memoDel, memoExec;
+  ButtonControl btnSave, btnPrint, btnCancel, btnAdd, btnEdit, btnRemove, btnFind, btnAdd_Kontrahent, btnFind_Płatnik, btnAdd_Płatnik,
+      memoAdd, memoDel, memoExec;
 
   explicit frm_Dok_sprzed(Program& program);
   ~frm_Dok_sprzed() override { Unbind(); }

@@ -51,7 +51,8 @@ void frm_Dok_sprzed::FillLists() {
   } fixed[] = {
       {txtStatus, {{"sdoc.status.np", kNotPaid}, {"sdoc.status.ok", kPaid}}},
       {txtAdrType, {{"sdoc.sadr.none", 0}, {"sdoc.sadr.cust", 1}, {"sdoc.sadr.othr", 2}}},
-      {txtAbonamentDni, {{"sdoc.abn.rem.7", kReminderDays[0]}, {"sdoc.abn.rem.14", kReminderDays[1]}, {"sdoc.abn.rem.31", kReminderDays[2]}}},
+      {txtAbonamentDni,
+       {{"sdoc.abn.rem.7", kReminderDays[0]}, {"sdoc.abn.rem.14", kReminderDays[1]}, {"sdoc.abn.rem.31", kReminderDays[2]}}},
   };
   for (const auto& [list, entries] : fixed) {
     list.Clear();
@@ -109,7 +110,8 @@ void frm_Dok_sprzed::LoadNew() {
     txtKontrahent.SetListIndex(0);
     txtPłatnik.SetListIndex(0);
   }
-  for (CalendarControl* day : {&txtDataWyst, &txtDataSprzed, &txtDataZapłaty, &txtDataSprzedDo, &txtAbonamentData}) day->SetCurrentDate(Today());
+  for (CalendarControl* day : {&txtDataWyst, &txtDataSprzed, &txtDataZapłaty, &txtDataSprzedDo, &txtAbonamentData})
+    day->SetCurrentDate(Today());
   txtFormaPłatności.SetListIndex(1);
   txtTerminZapłaty.SetCurrentDate(Today());
   PaymentFormChanged();
@@ -180,7 +182,7 @@ void frm_Dok_sprzed::LoadRecord() {
 
 void frm_Dok_sprzed::LoadRecordLinks() {
   const std::pair<ComboControl*, const char*> links[] = {
-      {&txtTypDok, "TYP"},       {&txtKontrahent, "KONTRAHENT"}, {&txtPłatnik, "PLATNIK"}, {&txtFormaPłatności, "FORMA_PLATNOSCI"},
+      {&txtTypDok, "TYP"},        {&txtKontrahent, "KONTRAHENT"}, {&txtPłatnik, "PLATNIK"}, {&txtFormaPłatności, "FORMA_PLATNOSCI"},
       {&txtWystawił, "WYSTAWIL"}, {&txtWaluta, "WALUTA"},
   };
   for (const auto& [list, field] : links) SelectLink(*list, field);
@@ -190,11 +192,8 @@ void frm_Dok_sprzed::LoadRecordLinks() {
 void frm_Dok_sprzed::LoadRecordDates() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
   const std::pair<CalendarControl*, const char*> days[] = {
-      {&txtDataWyst, "DATA_WYSTAWIENIA"},
-      {&txtDataSprzed, "DATA_SPRZEDAZY"},
-      {&txtDataSprzedDo, "DATA_SPRZED_DO"},
-      {&txtDataZapłaty, "DATA_ZAPLATY"},
-      {&txtTerminZapłaty, "TERMIN_ZAPLATY"},
+      {&txtDataWyst, "DATA_WYSTAWIENIA"}, {&txtDataSprzed, "DATA_SPRZEDAZY"},    {&txtDataSprzedDo, "DATA_SPRZED_DO"},
+      {&txtDataZapłaty, "DATA_ZAPLATY"},  {&txtTerminZapłaty, "TERMIN_ZAPLATY"},
   };
   for (const auto& [calendar, field] : days) calendar->SetCurrentDate(documents.Day(field));
   if (txtDataSprzedDo.CurrentDate().days() == 0) txtDataSprzedDo.SetCurrentDate(txtDataSprzed.CurrentDate());
@@ -249,7 +248,8 @@ void frm_Dok_sprzed::Unbind() {
 
 void frm_Dok_sprzed::GoSQL_() {
   ClassQDBASE& lines = Table(program_, kSprzedane);
-  lines.SELECTION("NAZWA_T_U, ILOSC, CENA_NETTO, RABAT, WARTOSC_NETTO, WARTOSC_BRUTTO", "ID_DOK >=1 AND ID_DOK=" + std::to_string(id_), "", ordAsc);
+  lines.SELECTION("NAZWA_T_U, ILOSC, CENA_NETTO, RABAT, WARTOSC_NETTO, WARTOSC_BRUTTO", "ID_DOK >=1 AND ID_DOK=" + std::to_string(id_), "",
+                  ordAsc);
   // Where there are lines, one is current for the buttons and keys to work on.
   if (lines.MAX_ROWS() > 0 && !lines.RECORD_SELECT(lines.RECORD_POSITION())) lines.RECORD_POSITION(lines.selection()[0]);
 }

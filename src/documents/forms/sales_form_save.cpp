@@ -272,7 +272,8 @@ void frm_Dok_sprzed::DeleteAttachment() {
 void frm_Dok_sprzed::OpenAttachment() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
   if (bound_) documents.RECORD_POSITION(record_);
-  if (!bound_ || !documents.MEMO_EXEC("MEMO_", memoCONTROL.GetCurrentFileID_())) program_.Message("msg.info.cantopenattachment", MessageKind::kWarning);
+  if (!bound_ || !documents.MEMO_EXEC("MEMO_", memoCONTROL.GetCurrentFileID_()))
+    program_.Message("msg.info.cantopenattachment", MessageKind::kWarning);
 }
 
 }  // namespace ostrinka

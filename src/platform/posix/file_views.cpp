@@ -16,7 +16,8 @@ namespace {
 
 // Magic numbers of the file systems whose mappings follow writes of every process: from the kernel's magic.h; XFS keeps its own.
 constexpr uint32_t kXfsMagic = 0x58465342;
-constexpr uint32_t kLocalFileSystems[] = {EXT4_SUPER_MAGIC, TMPFS_MAGIC, BTRFS_SUPER_MAGIC, OVERLAYFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, kXfsMagic};
+constexpr uint32_t kLocalFileSystems[] = {EXT4_SUPER_MAGIC,      TMPFS_MAGIC,      BTRFS_SUPER_MAGIC,
+                                          OVERLAYFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, kXfsMagic};
 
 // A mapping reaches beyond the end of the file, so that records added later are seen without a new one.
 constexpr size_t kRoomToGrow = size_t{16} << 20;
@@ -87,7 +88,9 @@ FileMapping::~FileMapping() {
   range.taken = false;
 }
 
-bool FileMapping::torn() const { return mapped_ranges[static_cast<size_t>(slot_)].torn; }
+bool FileMapping::torn() const {
+  return mapped_ranges[static_cast<size_t>(slot_)].torn;
+}
 
 std::shared_ptr<const char> FileView::Bytes(int descriptor, int64_t position, size_t length) {
   struct stat status;

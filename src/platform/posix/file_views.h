@@ -1,7 +1,7 @@
 // Files seen through memory: what a table's repeated scans read without a copy.
 //
-// Only files of local file systems are mapped, and only from the second request on, since the first pass through fresh memory costs more than a
-// copy. A file that another program cuts off under a mapping raises a bus error: the pages in question are replaced by zeros.
+// Only files of local file systems are mapped, and only from the second request on, since the first pass through fresh memory costs more
+// than a copy. A file that another program cuts off under a mapping raises a bus error: the pages in question are replaced by zeros.
 #pragma once
 
 #include <sys/types.h>

@@ -146,7 +146,9 @@ int64_t PosixFileSystem::FileSize(const std::string& path) {
   return static_cast<int64_t>(status.st_size);
 }
 
-bool PosixFileSystem::Remove(const std::string& path) { return unlink(PlatformPath(path).c_str()) == 0; }
+bool PosixFileSystem::Remove(const std::string& path) {
+  return unlink(PlatformPath(path).c_str()) == 0;
+}
 
 bool PosixFileSystem::Rename(const std::string& from, const std::string& to) {
   return rename(PlatformPath(from).c_str(), PlatformPath(to).c_str()) == 0;
@@ -177,7 +179,9 @@ std::vector<std::string> PosixFileSystem::ListFiles(const std::string& folder) {
   return names;
 }
 
-void PosixFileSystem::DropViews() { views_.Drop(); }
+void PosixFileSystem::DropViews() {
+  views_.Drop();
+}
 
 std::string PosixFileSystem::TemporaryFolder() {
   const char* named = std::getenv("TMPDIR");

@@ -28,7 +28,9 @@ double SystemRandom::Fraction() {
   return static_cast<double>(engine() >> 11) * 0x1.0p-53;
 }
 
-void SystemWaiter::Wait(int milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
+void SystemWaiter::Wait(int milliseconds) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
 
 namespace {
 

@@ -153,7 +153,9 @@ void CalendarControl::SetCurrentDate(Date date) {
   Repaint.Raise();
 }
 
-std::string CalendarControl::ShownText() const { return FormatDate(date_, format); }
+std::string CalendarControl::ShownText() const {
+  return FormatDate(date_, format);
+}
 
 bool CalendarControl::UserPick(Date date) {
   if (!CanAct() || !date.IsValid()) return false;
@@ -178,7 +180,9 @@ void CheckBoxControl::SetChecked(bool checked) {
   Repaint.Raise();
 }
 
-bool CheckBoxControl::UserToggle() { return UserSet(checked_ ? "false" : "true"); }
+bool CheckBoxControl::UserToggle() {
+  return UserSet(checked_ ? "false" : "true");
+}
 
 bool CheckBoxControl::UserSet(const std::string& value) {
   if (!CanAct() || (value != "true" && value != "false")) return false;
@@ -250,7 +254,9 @@ void MemoControl::Refill(std::vector<Item> items) {
   Repaint.Raise();
 }
 
-int32_t MemoControl::GetCurrentFileID_() const { return selected_ < 0 ? 0 : items_[static_cast<size_t>(selected_)].file_id; }
+int32_t MemoControl::GetCurrentFileID_() const {
+  return selected_ < 0 ? 0 : items_[static_cast<size_t>(selected_)].file_id;
+}
 
 bool MemoControl::UserSelect(int index) {
   if (!CanAct() || index < 0 || static_cast<size_t>(index) >= items_.size()) return false;

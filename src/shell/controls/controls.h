@@ -64,7 +64,10 @@ class Control {
   // The value as a text, as a script reads it.
   virtual std::string ShownText() const { return {}; }
   // What a script's `set` does between entering and leaving: changes the value as a person would, once. False when it does not take it.
-  virtual bool UserSet(const std::string& value) { (void)value; return false; }
+  virtual bool UserSet(const std::string& value) {
+    (void)value;
+    return false;
+  }
   // The focus comes to the control: the form knows it by its focus(). False when it cannot.
   bool UserEnter();
   void UserLeave();
@@ -119,9 +122,9 @@ class ComboControl : public Control {
   int ListCount() const { return static_cast<int>(items_.size()); }
   const std::string& List(int index) const { return items_[static_cast<size_t>(index)].first; }
   int32_t ListValue(int index) const { return items_[static_cast<size_t>(index)].second; }
-  int ListIndex() const { return index_; }      // from 0; -1 none
-  void SetListIndex(int index);                 // out of range is none
-  int FindIdByValue(int32_t value) const;       // -1 when absent
+  int ListIndex() const { return index_; }  // from 0; -1 none
+  void SetListIndex(int index);             // out of range is none
+  int FindIdByValue(int32_t value) const;   // -1 when absent
   // Selects by value or by exact text; none selected when absent. False then.
   bool SelectValue(int32_t value);
   bool SelectText(std::string_view text);

@@ -1,6 +1,5 @@
 #include "shell/controls/form.h"
 
-
 namespace ostrinka {
 
 LayoutItem& GroupLayout::Add(LayoutItem::Kind kind) {

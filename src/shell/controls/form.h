@@ -1,7 +1,7 @@
 // A dialog as a model: its controls by name, its layout as data, its life.
 //
-// A form's constructor registers every control with the name that the system knows it by, declares pages, rows and buttons, and connects the
-// rules to the controls' events. A renderer turns any form into a window; a script drives it by the names.
+// A form's constructor registers every control with the name that the system knows it by, declares pages, rows and buttons, and connects
+// the rules to the controls' events. A renderer turns any form into a window; a script drives it by the names.
 #pragma once
 
 #include <array>
@@ -20,12 +20,12 @@ class Program;
 // Flags of a cell in the layout.
 enum CellFlags : unsigned {
   kPlain = 0,
-  kStretch = 1,    // takes the free height of the page
-  kCollapse = 2,   // its row takes no room while the control is hidden
-  kStrong = 4,     // bold
-  kRight = 8,      // right-aligned content
-  kInline = 16,    // caption before the field instead of above it
-  kTall = 32,      // a text box of several lines, in which Enter makes a new one
+  kStretch = 1,   // takes the free height of the page
+  kCollapse = 2,  // its row takes no room while the control is hidden
+  kStrong = 4,    // bold
+  kRight = 8,     // right-aligned content
+  kInline = 16,   // caption before the field instead of above it
+  kTall = 32,     // a text box of several lines, in which Enter makes a new one
 };
 
 struct Cell {
@@ -43,15 +43,15 @@ class GroupLayout;
 // One element of a page, drawn from top to bottom.
 struct LayoutItem {
   enum class Kind { kRow, kSide, kMatrix, kTable, kFiles, kInfo } kind = Kind::kRow;
-  std::vector<Cell> cells;                       // kRow; kFiles: the list and its buttons
-  std::vector<GroupLayout> groups;               // kSide: groups side by side; a single group stands alone
-  std::vector<std::string> heads;                // kMatrix: column captions
-  std::vector<std::vector<Control*>> columns;    // kMatrix: control arrays, one a column
-  std::vector<std::string> row_captions;         // kMatrix: caption keys of the rows, may be empty
-  Control* table = nullptr;                      // kTable: a TableControl; its scroll bar is the window's own
-  std::string text_key;                          // kInfo: a paragraph of explanation; kFiles: the caption
+  std::vector<Cell> cells;                     // kRow; kFiles: the list and its buttons
+  std::vector<GroupLayout> groups;             // kSide: groups side by side; a single group stands alone
+  std::vector<std::string> heads;              // kMatrix: column captions
+  std::vector<std::vector<Control*>> columns;  // kMatrix: control arrays, one a column
+  std::vector<std::string> row_captions;       // kMatrix: caption keys of the rows, may be empty
+  Control* table = nullptr;                    // kTable: a TableControl; its scroll bar is the window's own
+  std::string text_key;                        // kInfo: a paragraph of explanation; kFiles: the caption
   unsigned flags = kPlain;
-  const ComboControl* when = nullptr;            // shown only while this list has the value below
+  const ComboControl* when = nullptr;  // shown only while this list has the value below
   int32_t when_value = 0;
 };
 
@@ -63,7 +63,8 @@ class GroupLayout {
 
   GroupLayout& Row(std::vector<Cell> cells);
   GroupLayout& Side(std::vector<GroupLayout> groups);
-  GroupLayout& Matrix(std::vector<std::string> heads, std::vector<std::vector<Control*>> columns, std::vector<std::string> row_captions = {});
+  GroupLayout& Matrix(std::vector<std::string> heads, std::vector<std::vector<Control*>> columns,
+                      std::vector<std::string> row_captions = {});
   GroupLayout& Table(TableControl& table, unsigned flags = kStretch);
   GroupLayout& Files(MemoControl& list, ButtonControl& add, ButtonControl& remove, ButtonControl& open, std::string caption_key = {});
   GroupLayout& Info(std::string text_key);
@@ -89,7 +90,7 @@ struct PageLayout {
   std::string caption_key;  // catalogue key of the tab
   GroupLayout content;
   bool visible = true;
-  bool done = false;        // of a form in steps: the step is finished
+  bool done = false;  // of a form in steps: the step is finished
 };
 
 enum ButtonFlags : unsigned { kNoFlags = 0, kDefault = 1, kCancel = 2 };
@@ -97,7 +98,8 @@ struct FormButton {
   std::string caption_key;
   ButtonControl* button;
   unsigned flags;
-  FormButton(std::string key, ButtonControl& control, unsigned bits = kNoFlags) : caption_key(std::move(key)), button(&control), flags(bits) {}
+  FormButton(std::string key, ButtonControl& control, unsigned bits = kNoFlags)
+      : caption_key(std::move(key)), button(&control), flags(bits) {}
 };
 
 // The buttons that lead through a form whose pages are steps.
@@ -133,13 +135,16 @@ class Form {
   Event PageChanged;  // raised by the person's choice of a page
   bool UserShowPage(std::string_view key);
 
-  // Whether the pages are steps that follow one another: the window lists them at its left with the current one marked and those that are done
-  // ticked; Enter goes on, or finishes where nothing follows. Null for a form whose pages stand side by side.
+  // Whether the pages are steps that follow one another: the window lists them at its left with the current one marked and those that are
+  // done ticked; Enter goes on, or finishes where nothing follows. Null for a form whose pages stand side by side.
   const StepButtons* steps() const { return steps_.next ? &steps_ : nullptr; }
   void SetPageDone(std::string_view key, bool done);
 
   // Closes the form: ShowModal returns.
-  void Close() { open_ = false; Closed.Raise(); }
+  void Close() {
+    open_ = false;
+    Closed.Raise();
+  }
   bool IsOpen() const { return open_; }
   void Open() { open_ = true; }
   Event Closed, Repaint;
@@ -156,9 +161,13 @@ class Form {
   void FocusCame(Control& control) { focus_ = &control; }
   Event FocusAsked;
 
-  // A key that the form takes before its fields do, by the code of the main window's table, with Ctrl or not. True when taken. A form that then
-  // acts on what its fields hold leaves the focused one first.
-  virtual bool UserKey(int code, bool ctrl) { (void)code; (void)ctrl; return false; }
+  // A key that the form takes before its fields do, by the code of the main window's table, with Ctrl or not. True when taken. A form that
+  // then acts on what its fields hold leaves the focused one first.
+  virtual bool UserKey(int code, bool ctrl) {
+    (void)code;
+    (void)ctrl;
+    return false;
+  }
 
   // Section of the settings in which the window's place is kept, "" for none.
   std::string place_section;

@@ -1,9 +1,8 @@
-#include "documents/forms/sales_form.h"
-
 #include <fstream>
 #include <memory>
 
 #include "documents/forms/line_form.h"
+#include "documents/forms/sales_form.h"
 #include "documents/trade.h"
 #include "masterdata/customer_form.h"
 
@@ -113,8 +112,8 @@ TEST_F(SalesFormTest, ANewInvoiceIsNumberedTotalledAndShown) {
   const int32_t record = Save(*form);
   const struct {
     const char *field, *text;
-  } rows[] = {{".KONTRAHENT", "1"}, {".PLATNIK", "0"}, {"NR_DOK", "42"}, {"WARTOSC_NETTO", "30"}, {"WARTOSC_BRUTTO", "36,6"},
-              {"ABN_KONIEC_DNI", "7"}, {"KURS", "1"}, {".WALUTA", "1"}, {"ZAPLACONO", "False"}};
+  } rows[] = {{".KONTRAHENT", "1"},    {".PLATNIK", "0"}, {"NR_DOK", "42"}, {"WARTOSC_NETTO", "30"}, {"WARTOSC_BRUTTO", "36,6"},
+              {"ABN_KONIEC_DNI", "7"}, {"KURS", "1"},     {".WALUTA", "1"}, {"ZAPLACONO", "False"}};
   for (const auto& row : rows) EXPECT_EQ(Stored(kDokSprzed, record, row.field), row.text) << row.field;
   EXPECT_EQ(customer, 1);
   EXPECT_TRUE(Table(program, kDokSprzed).RECORD_SELECT(record));
@@ -128,11 +127,25 @@ TEST_F(SalesFormTest, OpeningAndSavingADocumentChangesNothingInIt) {
   const int32_t employee = Add(kPracownicy, {{"PRACOWNIK", std::string("Nowak")}});
   const int32_t record = AddDocument(kInvoice, "2007-05-06", 9, 77);
   Change(kDokSprzed, record,
-         {{"KONTRAHENT", two}, {"PLATNIK", gone}, {"DATA_SPRZEDAZY", Day("2007-05-04")}, {"DATA_SPRZED_DO", Day("2007-05-05")},
-          {"DATA_SPRZED_CK", true}, {"FORMA_PLATNOSCI", kTransfer14}, {"TERMIN_ZAPLATY", Day("2007-06-30")}, {"WYSTAWIL", employee},
-          {"ODEBRAL", std::string("Zenon")}, {"UWAGI", std::string("pilne\r\nbardzo")}, {"WALUTA", kEuro}, {"KURS", 3.8123F}, {"ZAPLACONO", true},
-          {"DATA_ZAPLATY", Day("2007-05-10")}, {"ADR_TYP", int16_t{2}}, {"ADR_TEKST", std::string("Warszawa")}, {"ABN_KONIEC", true},
-          {"ABN_KONIEC_DATA", Day("2008-05-06")}, {"ABN_KONIEC_DNI", int32_t{10}}});
+         {{"KONTRAHENT", two},
+          {"PLATNIK", gone},
+          {"DATA_SPRZEDAZY", Day("2007-05-04")},
+          {"DATA_SPRZED_DO", Day("2007-05-05")},
+          {"DATA_SPRZED_CK", true},
+          {"FORMA_PLATNOSCI", kTransfer14},
+          {"TERMIN_ZAPLATY", Day("2007-06-30")},
+          {"WYSTAWIL", employee},
+          {"ODEBRAL", std::string("Zenon")},
+          {"UWAGI", std::string("pilne\r\nbardzo")},
+          {"WALUTA", kEuro},
+          {"KURS", 3.8123F},
+          {"ZAPLACONO", true},
+          {"DATA_ZAPLATY", Day("2007-05-10")},
+          {"ADR_TYP", int16_t{2}},
+          {"ADR_TEKST", std::string("Warszawa")},
+          {"ABN_KONIEC", true},
+          {"ABN_KONIEC_DATA", Day("2008-05-06")},
+          {"ABN_KONIEC_DNI", int32_t{10}}});
   Table(program, kKontrahenci).RECORD_DELETE(gone);
   Table(program, kFormyPlatn).RECORD_DELETE(kTransfer14);
   ClassQDBASE& documents = Table(program, kDokSprzed);
@@ -208,8 +221,8 @@ TEST_F(SalesFormTest, AReceiptTypeHasNoCustomer) {
   Set(form->chkDateTo, "true");
   Set(form->txtTypDok, "Paragon");
   EXPECT_FALSE(form->chkPłatnik.Checked());
-  const std::vector<Control*> locked = {&form->chkPłatnik, &form->txtKontrahent, &form->txtPłatnik, &form->txtOdebrał, &form->btnFind,
-                                        &form->btnAdd_Kontrahent, &form->chkDateTo, &form->txtDataSprzedDo};
+  const std::vector<Control*> locked = {&form->chkPłatnik, &form->txtKontrahent,     &form->txtPłatnik, &form->txtOdebrał,
+                                        &form->btnFind,    &form->btnAdd_Kontrahent, &form->chkDateTo,  &form->txtDataSprzedDo};
   for (Control* control : locked) EXPECT_FALSE(control->Enabled()) << control->name();
   Set(form->txtTypDok, "Faktura VAT");
   EXPECT_TRUE(form->txtKontrahent.Enabled());
@@ -341,8 +354,8 @@ TEST_F(SalesFormTest, ACorrectionCopiesTheLinesAndLinksBothDocuments) {
   EXPECT_TRUE(form->txtNrDokKorVAT.Visible());
   EXPECT_EQ(form->txtNrDokKorVAT.Text(), doc_reference_text(program, invoice));
   EXPECT_EQ(form->txtKurs.Text(), "3,7000");
-  for (Control* control : std::vector<Control*>{&form->txtKontrahent, &form->txtPłatnik, &form->txtDataSprzed, &form->txtWaluta, &form->txtKurs,
-                                                &form->chkPłatnik, &form->btnFind, &form->chkDateTo}) {
+  for (Control* control : std::vector<Control*>{&form->txtKontrahent, &form->txtPłatnik, &form->txtDataSprzed, &form->txtWaluta,
+                                                &form->txtKurs, &form->chkPłatnik, &form->btnFind, &form->chkDateTo}) {
     EXPECT_FALSE(control->Enabled()) << control->name();
   }
   EXPECT_DOUBLE_EQ(form->totals().net, 180);

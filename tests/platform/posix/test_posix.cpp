@@ -173,8 +173,8 @@ TEST_F(PosixTest, BitmapsAreCheckedBeforeTheyAreRead) {
   StoreLe<int32_t>(&bitmap[18], 2);
   StoreLe<int32_t>(&bitmap[22], 2);
   StoreLe<uint16_t>(&bitmap[28], 24);
-  bitmap[54] = '\x01';                  // blue of the lower left pixel
-  bitmap[54 + 8 + 5] = '\x02';          // red of the upper right one
+  bitmap[54] = '\x01';          // blue of the lower left pixel
+  bitmap[54 + 8 + 5] = '\x02';  // red of the upper right one
   BitmapDecoder decoder(files);
   ASSERT_TRUE(files.WriteAll(folder / "logo", bitmap));
   const auto picture = decoder.Decode(folder / "logo");

@@ -114,7 +114,8 @@ TEST(Controls, ATextBoxTakesWhatItsFieldCanHold) {
 TEST(Controls, ListsSortFoldedAndKeepValueAndSelection) {
   TestForm form;
   EXPECT_EQ(form.list.ListIndex(), -1);
-  for (const auto& [text, value] : {std::pair{"Żary", 1}, {"Zygmunt", 2}, {"10", 3}, {"9", 4}, {"Ćma", 5}, {"", 0}}) form.list.AddItem(text, value);
+  for (const auto& [text, value] : {std::pair{"Żary", 1}, {"Zygmunt", 2}, {"10", 3}, {"9", 4}, {"Ćma", 5}, {"", 0}})
+    form.list.AddItem(text, value);
   form.list.SelectValue(1);
   form.list.Sort();
   std::string order;
