@@ -1,4 +1,11 @@
-# The folders of src/ from the ground up, with the folders that each may include. A folder's library links the libraries of what it may
-# include, so an include of anything else does not link; tests/layers reads the includes themselves.
-set(OSTRINKA_LAYERS base platform app shell/controls engine company documents reports exchange print fiscal masterdata documents/forms shell startup)
-set(OSTRINKA_EDGES platform/posix script)
+# Reads layers.txt: OSTRINKA_FOLDERS in the order of the levels, and OSTRINKA_USES_<folder> with the libraries that a folder may use.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt rows REGEX "^[a-z/]+ \\|")
+set(OSTRINKA_FOLDERS "")
+foreach(row ${rows})
+  string(REGEX MATCH "^([a-z/]+) \\| ([a-z/ -]+) \\|" matched "${row}")
+  set(folder ${CMAKE_MATCH_1})
+  string(REGEX REPLACE "[ -]+" ";" uses "${CMAKE_MATCH_2}")
+  list(APPEND OSTRINKA_FOLDERS ${folder})
+  set(OSTRINKA_USES_${folder} ${uses})
+endforeach()

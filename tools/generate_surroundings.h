@@ -10,7 +10,7 @@ namespace ostrinka {
 
 class NobodyThere : public UserInterface {
  public:
-  void ShowModal(Form&) override {}
+  void ShowModal(Modal&) override {}
   Answer ShowMessage(const std::string& text, MessageKind) override {
     std::fprintf(stderr, "%s\n", text.c_str());
     return Answer::kOk;

@@ -1,9 +1,10 @@
 // The state of the running program, and the only one: passed by reference, so that a test can hold two programs at once.
 #pragma once
 
-#include <array>
+#include <map>
 #include <memory>
 #include <string>
+#include <typeindex>
 #include <vector>
 
 #include "app/catalogue.h"
@@ -14,10 +15,6 @@
 #include "platform/platform.h"
 
 namespace ostrinka {
-
-class ClassQDBASE;
-class ClassPRINT;
-class PostalTable;
 
 struct LoginResult {
   std::string user, password;
@@ -47,13 +44,18 @@ class Program {
   bool database_open = false;
   std::vector<std::string> TempPageFiles;
   LoginResult login;
-  std::array<std::shared_ptr<ClassQDBASE>, kTableSlots + 1> tables;  // by table number, from 1
-  std::shared_ptr<ClassPRINT> CurrentPrintJob;
-  std::shared_ptr<PostalTable> postal;
   CompanyRecord company;
   MainView* main_view = nullptr;  // null until the main window stands
   int32_t current_customer = 0;   // record handed from an editor to the line dialog and the picker
   int32_t current_advance = 0;    // record of the advance invoice picked in the line dialog
+
+  // What a folder above this one keeps for the life of the program: one object of a type, made when it is first asked for.
+  template <typename T>
+  T& Part() const {
+    std::shared_ptr<void>& part = parts_[typeid(T)];
+    if (!part) part = std::make_shared<T>();
+    return *static_cast<T*>(part.get());
+  }
 
   std::string ApplicationFolder() const { return platform.application_folder; }  // exactly one closing slash
   std::string IconsFolder() const { return platform.application_folder + "Icons/"; }
@@ -69,6 +71,9 @@ class Program {
   Answer Message(std::string_view key, MessageKind kind, std::initializer_list<std::string_view> arguments = {});
   Answer ShowMessage(const std::string& text, MessageKind kind);
   void Status(const std::string& text);  // the status line of the main window
+
+ private:
+  mutable std::map<std::type_index, std::shared_ptr<void>> parts_;
 };
 
 }  // namespace ostrinka

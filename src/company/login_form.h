@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/program.h"
-#include "shell/controls/form.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 

@@ -42,7 +42,7 @@ std::string LeftOvers(Program& program, const std::string& folder) {
 
 void CloseTables(Program& program) {
   for (int number = 1; number <= kTableSlots; ++number) {
-    std::shared_ptr<ClassQDBASE>& table = program.tables[static_cast<size_t>(number)];
+    std::shared_ptr<ClassQDBASE>& table = OpenTable(program, number);
     if (table) table->DATABASE_CLOSE();
     table.reset();
   }
@@ -80,7 +80,7 @@ void ShowProgress(Program& program, ClassQDBASE& table) {
 bool OpenTable(Program& program, int number, const std::string& folder, const LoginResult& login) {
   auto table = std::make_shared<ClassQDBASE>(program.platform);
   if (!table->DATABASE_OPEN(folder + TableFile(number), login.user, login.password, false, false, true)) return false;
-  program.tables[static_cast<size_t>(number)] = table;
+  OpenTable(program, number) = table;
   ShowProgress(program, *table);
   if (number != kFirma) {
     ShowListColumns(program, number, *table);

@@ -1,5 +1,7 @@
 #include "company/tables.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "company/table_definitions.h"
 
@@ -7,7 +9,7 @@ namespace ostrinka {
 namespace {
 
 // Slot of the closed object that stands in for a table which is not open.
-constexpr size_t kStandIn = 0;
+constexpr int kStandIn = 0;
 
 bool IsLetter(char32_t letter) {
   constexpr std::u32string_view kPolish = U"ąćęłńóśźż";
@@ -42,17 +44,21 @@ std::string DatePattern(Program& program, const char* field, const char* fallbac
 }  // namespace
 
 ClassQDBASE& Table(Program& program, int number) {
-  if (number >= 1 && number <= kTableSlots && program.tables[static_cast<size_t>(number)])
-    return *program.tables[static_cast<size_t>(number)];
-  std::shared_ptr<ClassQDBASE>& stand_in = program.tables[kStandIn];
+  if (number >= 1 && number <= kTableSlots && OpenTable(program, number)) return *OpenTable(program, number);
+  std::shared_ptr<ClassQDBASE>& stand_in = OpenTable(program, kStandIn);
   if (!stand_in) stand_in = std::make_shared<ClassQDBASE>(program.platform);
   return *stand_in;
 }
 
 bool TableIsOpen(const Program& program, int number) {
   if (number < 1 || number > kTableSlots) return false;
-  const std::shared_ptr<ClassQDBASE>& table = program.tables[static_cast<size_t>(number)];
+  const std::shared_ptr<ClassQDBASE>& table = OpenTable(program, number);
   return table && table->IsOpen();
+}
+
+bool AnyTableOpen(const Program& program) {
+  const auto& tables = program.Part<OpenTables>().by_number;
+  return std::any_of(tables.begin() + 1, tables.end(), [](const auto& table) { return table != nullptr; });
 }
 
 bool OpenPrivate(Program& program, int number, ClassQDBASE& table, bool links) {

@@ -1,6 +1,9 @@
 // Numbers of the company's tables in Program::tables, and access to them.
 #pragma once
 
+#include <array>
+#include <memory>
+
 #include "app/program.h"
 #include "engine/qdbase.h"
 
@@ -29,10 +32,21 @@ enum TableNumber : int {
   kFirma = 32,
 };
 
+// The open tables by their number, from 1; null where none is open.
+struct OpenTables {
+  std::array<std::shared_ptr<ClassQDBASE>, kTableSlots + 1> by_number;
+};
+inline std::shared_ptr<ClassQDBASE>& OpenTable(const Program& program, int number) {
+  return program.Part<OpenTables>().by_number[static_cast<size_t>(number)];
+}
+
 // The open table of that number; never null: a closed table object stands in where none is open or the number is outside 1 to 32.
 ClassQDBASE& Table(Program& program, int number);
 // Whether a table is open under that number.
 bool TableIsOpen(const Program& program, int number);
+
+// Whether any is.
+bool AnyTableOpen(const Program& program);
 
 // Opens `table` as a private object on the file of the open table `number`, with the same login and no record selected. False when that
 // table is not open or its file cannot be opened again.

@@ -99,21 +99,18 @@ QWidget* DesktopUi::Front() const {
   return window_ && window_->isVisible() ? window_.data() : nullptr;
 }
 
-void DesktopUi::ShowModal(Form& form) {
+void DesktopUi::ShowModal(Modal& modal) {
   if (!program_ || !look_) return;
   const PointerFree pointer;
   const Behind behind(Front());
-  FormWindow window(*program_, *look_, form, behind);
-  window.Run();
-}
-
-void DesktopUi::ShowPreview(frm_DocPreview& preview) {
-  if (!look_) return;
-  const PointerFree pointer;
-  const Behind behind(Front());
-  PreviewWindow window(*look_, preview, behind);
-  preview_ = &window;
-  window.Run();
+  if (auto* form = dynamic_cast<Form*>(&modal)) {
+    FormWindow window(*program_, *look_, *form, behind);
+    window.Run();
+  } else if (auto* preview = dynamic_cast<frm_DocPreview*>(&modal)) {
+    PreviewWindow window(*look_, *preview, behind);
+    preview_ = &window;
+    window.Run();
+  }
 }
 
 Answer DesktopUi::ShowMessage(const std::string& text, MessageKind kind) {

@@ -33,8 +33,7 @@ class DesktopUi : public UserInterface {
   void SetParent(QWidget* window) { window_ = window; }
   Hooks hooks;
 
-  void ShowModal(Form& form) override;
-  void ShowPreview(frm_DocPreview& preview) override;
+  void ShowModal(Modal& modal) override;
   Answer ShowMessage(const std::string& text, MessageKind kind) override;
   std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) override;
   std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) override;

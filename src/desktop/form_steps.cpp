@@ -5,8 +5,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "controls/form.h"
 #include "desktop/dialog_style.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 namespace {

@@ -6,8 +6,8 @@
 #include <functional>
 #include <map>
 
+#include "controls/form.h"
 #include "desktop/look.h"
-#include "shell/controls/form.h"
 
 class QKeyEvent;
 class QLineEdit;

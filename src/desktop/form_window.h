@@ -4,8 +4,8 @@
 #include <QDialog>
 #include <memory>
 
+#include "controls/form.h"
 #include "desktop/look.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 

@@ -22,7 +22,7 @@
 #include "desktop/form_window.h"
 #include "desktop/main_window_view.h"
 #include "desktop/qt_platform.h"
-#include "documents/forms/sales_form.h"
+#include "sales/sales_form.h"
 #include "startup/startup.h"
 
 namespace ostrinka {

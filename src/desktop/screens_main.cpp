@@ -29,8 +29,6 @@
 #include "desktop/preview_window.h"
 #include "desktop/qt_platform.h"
 #include "desktop/screen_check.h"
-#include "documents/forms/line_form.h"
-#include "documents/forms/sales_form.h"
 #include "masterdata/company_form.h"
 #include "masterdata/connection_form.h"
 #include "masterdata/create_database_form.h"
@@ -40,6 +38,8 @@
 #include "masterdata/individual_accounts_form.h"
 #include "masterdata/postal.h"
 #include "masterdata/wizard_form.h"
+#include "sales/line_form.h"
+#include "sales/sales_form.h"
 #include "startup/startup.h"
 
 namespace ostrinka {
@@ -56,13 +56,14 @@ class FixedClock : public Clock {
 class PlayedUi : public DesktopUi {
  public:
   std::function<void(Form&)> play;
-  void ShowModal(Form& form) override {
-    form.Open();
-    if (play) play(form);
-  }
   std::function<void(frm_DocPreview&)> play_preview;
-  void ShowPreview(frm_DocPreview& preview) override {
-    if (play_preview) play_preview(preview);
+  void ShowModal(Modal& modal) override {
+    if (auto* preview = dynamic_cast<frm_DocPreview*>(&modal)) {
+      if (play_preview) play_preview(*preview);
+    } else if (auto* form = dynamic_cast<Form*>(&modal)) {
+      form->Open();
+      if (play) play(*form);
+    }
   }
   // Questions are answered with no: nothing is deleted or replaced for a picture.
   Answer ShowMessage(const std::string& text, MessageKind kind) override {
@@ -143,8 +144,7 @@ class Screens {
         company_folder_(scratch + "firma/") {
     program_.catalogue.LoadProgramCatalogue("program.lang");
     program_.catalogue.LoadPrintCatalogue("printdoc.lang");
-    program_.postal = std::make_shared<PostalTable>();
-    program_.postal->LoadPostalCodes(program_.platform.files, wishes.application);
+    program_.Part<PostalTable>().LoadPostalCodes(program_.platform.files, wishes.application);
     look_ = std::make_unique<Look>(program_);
     ui_.Attach(program_, *look_);
   }

@@ -1,7 +1,7 @@
 // A form's controls bound to the fields of a table.
 #include "base/text.h"
+#include "controls/form.h"
 #include "engine/qdbase_state.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "controls/form.h"
 #include "engine/qdbase.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/company_record.h"
-#include "shell/controls/form.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 

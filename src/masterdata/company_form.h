@@ -1,8 +1,8 @@
 // The dialog of company data: the details that documents print, and the logo.
 #pragma once
 
+#include "forms/form_helpers.h"
 #include "masterdata/company_boxes.h"
-#include "masterdata/form_helpers.h"
 
 namespace ostrinka {
 

@@ -4,6 +4,8 @@
 
 #include "base/text.h"
 #include "company/ost_engine.h"
+#include "company/tables.h"
+#include "company/tables.h"
 #include "masterdata/company_data.h"
 #include "masterdata/create_database_form.h"
 #include "masterdata/wizard_form.h"
@@ -93,7 +95,7 @@ void frm_Admin_qdb_::ShowCompany() {
 }
 
 bool frm_Admin_qdb_::OpenDatabase() {
-  const bool was_open = std::any_of(program_.tables.begin(), program_.tables.end(), [](const auto& table) { return table != nullptr; });
+  const bool was_open = AnyTableOpen(program_);
   program_.database_open = false;
   bool opened = false;
   OSTEngine engine(program_);

@@ -175,12 +175,11 @@ void frm_Kontrahenci_::FindCity() {
   const int last = LastCityField;
   LastCityField = 0;
   if (last == 0) return;
-  if (program_.postal) {
-    const bool by_town = last == 2;
-    const std::string town = Trim(txtMiejscowość.Text()), code = Trim(txtKodPocztowy.Text());
-    const std::string found = by_town ? program_.postal->CodeOfTown(town, code) : program_.postal->TownOfCode(code);
-    if (!found.empty()) (by_town ? txtKodPocztowy : txtMiejscowość).SetText(found);
-  }
+  const auto& postal = program_.Part<PostalTable>();
+  const bool by_town = last == 2;
+  const std::string town = Trim(txtMiejscowość.Text()), code = Trim(txtKodPocztowy.Text());
+  const std::string found = by_town ? postal.CodeOfTown(town, code) : postal.TownOfCode(code);
+  if (!found.empty()) (by_town ? txtKodPocztowy : txtMiejscowość).SetText(found);
   ShowRegionOf(Trim(txtKodPocztowy.Text()));
   SetDirty(true);
 }

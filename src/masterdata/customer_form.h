@@ -1,7 +1,7 @@
 // The customer editor: one record of kontrahenci, with warnings for doubtful numbers and the postal look-up.
 #pragma once
 
-#include "masterdata/record_editor.h"
+#include "forms/record_editor.h"
 
 namespace ostrinka {
 

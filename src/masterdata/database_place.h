@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "masterdata/form_helpers.h"
+#include "forms/form_helpers.h"
 
 namespace ostrinka {
 

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "masterdata/form_helpers.h"
+#include "forms/form_helpers.h"
 
 namespace ostrinka {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "masterdata/record_editor.h"
+#include "forms/record_editor.h"
 
 namespace ostrinka {
 

@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "company/tables.h"
 #include "engine/find_filter.h"
-#include "masterdata/form_helpers.h"
+#include "forms/form_helpers.h"
 
 namespace ostrinka {
 namespace {

@@ -3,9 +3,9 @@
 // It works on an object of its own on the file of customers, so that the main list keeps its rows. What is typed is stored at once.
 #pragma once
 
+#include "controls/form.h"
 #include "documents/private_table.h"
 #include "engine/table_source.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 

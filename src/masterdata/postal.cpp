@@ -51,6 +51,7 @@ bool IsCode(std::string_view text) {
 
 bool PostalTable::LoadPostalCodes(FileSystem& files, const std::string& program_folder) {
   rows_.assign(1, Row());
+  loaded_ = true;
   std::string content;
   if (!files.ReadAll(program_folder + "psc.bin", content, kLargestFile) || content.size() < kRecordSize) return false;
   const std::string_view bytes = content;

@@ -20,6 +20,8 @@ class PostalTable {
   // off at the end is passed over. Never fails otherwise: the bytes are taken as they are.
   bool LoadPostalCodes(FileSystem& files, const std::string& program_folder);
 
+  bool Loaded() const { return loaded_; }
+
   size_t Count() const { return rows_.size(); }  // at least 1
 
   // The first town of the code "NN-NNN", the first code of the town; "" when there is none. Blanks at the ends do not count, case does.
@@ -38,6 +40,7 @@ class PostalTable {
     std::string code, town;  // trimmed
   };
   std::vector<Row> rows_;
+  bool loaded_ = false;
 };
 
 }  // namespace ostrinka

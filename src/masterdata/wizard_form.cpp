@@ -298,8 +298,9 @@ void frm_Admin_bg_::CheckNumbers() {
 // Of the postal code and the town the one that is empty follows from the other; documents are issued in the town, unless told otherwise.
 void frm_Admin_bg_::TownLeft() {
   const std::string code = Trim(txtKodPocztowy.Text()), town = Trim(txtMiejscowość.Text());
-  if (program_.postal && town.empty() && !code.empty()) txtMiejscowość.SetText(program_.postal->TownOfCode(code));
-  if (program_.postal && code.empty() && !town.empty()) txtKodPocztowy.SetText(program_.postal->CodeOfTown(town));
+  const auto& postal = program_.Part<PostalTable>();
+  if (town.empty() && !code.empty()) txtMiejscowość.SetText(postal.TownOfCode(code));
+  if (code.empty() && !town.empty()) txtKodPocztowy.SetText(postal.CodeOfTown(town));
   if (Trim(txtMiejsceWystDok.Text()).empty()) txtMiejsceWystDok.SetText(Trim(txtMiejscowość.Text()));
 }
 

@@ -7,8 +7,11 @@
 
 namespace ostrinka {
 
-class Form;
-class frm_DocPreview;
+// What stands in front of everything else until it closes: a form, or the print preview.
+class Modal {
+ public:
+  virtual ~Modal() = default;
+};
 
 // Kinds of message boxes: a question is a warning with yes and no, the others have one button.
 enum class MessageKind { kPlain = 0, kError = 16, kWarning = 48, kQuestion = 52, kInformation = 64 };
@@ -23,9 +26,7 @@ struct FileFilter {
 class UserInterface {
  public:
   virtual ~UserInterface() = default;
-  virtual void ShowModal(Form& form) = 0;  // returns when the form closes
-  // Returns when the preview closes; a front end without a window passes over it.
-  virtual void ShowPreview(frm_DocPreview& preview) { (void)preview; }
+  virtual void ShowModal(Modal& modal) = 0;  // returns when it closes; a front end without a window passes over the preview
   virtual Answer ShowMessage(const std::string& text, MessageKind kind) = 0;
   // Nothing when the person cancels.
   virtual std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) = 0;

@@ -31,7 +31,7 @@ std::span<const PreviewCommand> frm_DocPreview::Commands() {
   return commands;
 }
 
-frm_DocPreview::frm_DocPreview(Program& program) : program_(program), job_(program.CurrentPrintJob) {
+frm_DocPreview::frm_DocPreview(Program& program) : program_(program), job_(CurrentPrintJob(program)) {
   for (int page = 1; page <= Pages(); ++page) {
     tops_.push_back(height_);
     height_ += double{job_->Page_Height(page)} + kGapMm;

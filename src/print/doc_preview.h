@@ -13,11 +13,13 @@
 #include <vector>
 
 #include "app/program.h"
+#include "controls/controls.h"
 #include "platform/canvas.h"
-#include "shell/controls/controls.h"
+#include "platform/user_interface.h"
 
 namespace ostrinka {
 
+class ClassPRINT;
 class frm_DocPreview;
 
 struct PreviewCommand {
@@ -28,7 +30,7 @@ struct PreviewCommand {
   void (frm_DocPreview::*run)();
 };
 
-class frm_DocPreview {
+class frm_DocPreview : public Modal {
  public:
   // Shows the current print job, which stays alive as long as the preview. The place that the window had last is read here.
   explicit frm_DocPreview(Program& program);

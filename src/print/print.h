@@ -164,4 +164,9 @@ class ClassPRINT {
   int reduction_ = 1;  // of reduced_; 1 while none is made
 };
 
+// The job that was built last; null before the first and after the program's end.
+inline std::shared_ptr<ClassPRINT>& CurrentPrintJob(const Program& program) {
+  return program.Part<std::shared_ptr<ClassPRINT>>();
+}
+
 }  // namespace ostrinka

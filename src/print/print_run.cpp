@@ -35,9 +35,9 @@ using Copies = std::span<const CopyToPrint>;
 constexpr Copies kCopiesOfMode[] = {kOriginalAndCopy, kOriginalAndTwoCopies, kOriginalCopyInOne, kOriginal, kCopy, kDuplicate};
 
 ClassPRINT& NewJob(Program& program) {
-  program.CurrentPrintJob = std::make_shared<ClassPRINT>(program);
-  program.CurrentPrintJob->SetFldStyle(program.settings.Integer(kCommon, "prgSettings", "DocStyle", 0));
-  return *program.CurrentPrintJob;
+  CurrentPrintJob(program) = std::make_shared<ClassPRINT>(program);
+  CurrentPrintJob(program)->SetFldStyle(program.settings.Integer(kCommon, "prgSettings", "DocStyle", 0));
+  return *CurrentPrintJob(program);
 }
 
 void PrintCopies(Program& program, ClassPRINT& print, int32_t record, Copies copies) {
@@ -52,7 +52,7 @@ void PrintCopies(Program& program, ClassPRINT& print, int32_t record, Copies cop
 
 bool WriteEmbedded(Program& program, const std::string& path) {
   EmbeddedPdf& pdf = *program.platform.embedded_pdf;
-  ClassPRINT& job = *program.CurrentPrintJob;
+  ClassPRINT& job = *CurrentPrintJob(program);
   if (!pdf.Start(path)) return false;
   for (int32_t page = 1; page <= job.Page(); ++page) {
     double pixels_per_mm = 0;
@@ -90,8 +90,8 @@ void BuildDocumentJob(Program& program, int32_t record, int mode, bool save_pdf)
 }
 
 void StampPageTotals(Program& program) {
-  if (!program.CurrentPrintJob) return;
-  ClassPRINT& print = *program.CurrentPrintJob;
+  if (!CurrentPrintJob(program)) return;
+  ClassPRINT& print = *CurrentPrintJob(program);
   print.FONT_NAME("Arial CE");
   print.FONT_SIZE(10);
   print.FONT_BOLD(false);
@@ -100,7 +100,7 @@ void StampPageTotals(Program& program) {
 }
 
 void SaveJobAsPdf(Program& program) {
-  if (!program.CurrentPrintJob) return;
+  if (!CurrentPrintJob(program)) return;
   std::vector<FileFilter> kinds = {{"Portable Document Format (*.pdf)", {"*.pdf"}}};
   if (program.platform.embedded_pdf) kinds.push_back({program.Text("prntpv.pdf.embedded"), {"*.pdf"}});
   const int32_t last = program.settings.Integer(kOstrinka, kPrintSection, kKindKey, 0);
@@ -111,15 +111,15 @@ void SaveJobAsPdf(Program& program) {
   if (path.size() < 4 || Lower(path.substr(path.size() - 4)) != ".pdf") path += ".pdf";
   if (kinds.size() > 1) program.settings.SaveSettingValue(kOstrinka, kPrintSection, kKindKey, static_cast<int32_t>(kind));
   program.Status(program.Text("mdi.pdf.pleasewait"));
-  const bool written = kind == 0 ? program.CurrentPrintJob->MAKE_PDF(path) : WriteEmbedded(program, path);
+  const bool written = kind == 0 ? CurrentPrintJob(program)->MAKE_PDF(path) : WriteEmbedded(program, path);
   program.Status("");
   if (!written) program.Message("msg.info.error", MessageKind::kError);
   if (written && kind == 0) TellOfFonts(program);
 }
 
 bool RunPrinter(Program& program) {
-  if (!program.CurrentPrintJob) return false;
-  const std::shared_ptr<ClassPRINT> job = program.CurrentPrintJob;
+  if (!CurrentPrintJob(program)) return false;
+  const std::shared_ptr<ClassPRINT> job = CurrentPrintJob(program);
   Printer& printer = program.platform.printer;
   const Printer::State state = printer.Query();
   if (state != Printer::State::kReady || !printer.StartDocument("Velmora.Ostrinka")) {

@@ -113,8 +113,10 @@ void ScriptRunner::Print(const std::string& line) {
   out_ << line << "\n";
 }
 
-void ScriptRunner::ShowModal(Form& form) {
-  if (status_code_ != 0) return;
+void ScriptRunner::ShowModal(Modal& modal) {
+  auto* shown = dynamic_cast<Form*>(&modal);
+  if (status_code_ != 0 || !shown) return;
+  Form& form = *shown;
   form.Open();
   forms_.push_back(&form);
   while (form.IsOpen() && NextStep()) {

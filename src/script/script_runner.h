@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/form.h"
 #include "platform/user_interface.h"
 #include "script/script_platform.h"
-#include "shell/controls/form.h"
 #include "startup/startup.h"
 
 namespace ostrinka {
@@ -33,7 +33,7 @@ class ScriptRunner : public UserInterface {
   // The words of a line; nothing when a quote is not closed.
   static std::optional<std::vector<std::string>> Words(const std::string& line);
 
-  void ShowModal(Form& form) override;
+  void ShowModal(Modal& modal) override;
   Answer ShowMessage(const std::string& text, MessageKind kind) override;
   std::optional<std::string> AskOpenFile(const std::vector<FileFilter>& filters) override;
   std::optional<std::string> AskSaveFile(const std::vector<FileFilter>& filters, const std::string& proposal, size_t& filter) override;

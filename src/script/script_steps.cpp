@@ -345,7 +345,7 @@ void ScriptRunner::DoStatus(const WordList&) {
 
 void ScriptRunner::DoPages(const WordList& words) {
   FileSystem& files = program_.platform.files;
-  if (!program_.CurrentPrintJob || program_.CurrentPrintJob->Page() == 0) {
+  if (!CurrentPrintJob(program_) || CurrentPrintJob(program_)->Page() == 0) {
     Wrong("there is no print job");
     return;
   }
@@ -353,7 +353,7 @@ void ScriptRunner::DoPages(const WordList& words) {
   if (folder.back() != '/') folder += '/';
   bool ok = files.MakeFolders(folder);
   int number = 0;
-  for (const PageRecord& page : program_.CurrentPrintJob->pages()) {
+  for (const PageRecord& page : CurrentPrintJob(program_)->pages()) {
     std::string digits = std::to_string(++number), content;
     digits.insert(0, digits.size() < 3 ? 3 - digits.size() : 0, '0');
     ok = ok && files.ReadAll(page.FileName, content) && files.WriteAll(folder + "page-" + digits + ".ovp", content);

@@ -1,7 +1,8 @@
 // What the program is, and its version.
 #pragma once
 
-#include "shell/controls/form.h"
+#include "app/program.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 

@@ -6,8 +6,9 @@
 
 #include <cstdint>
 
+#include "app/program.h"
+#include "controls/form.h"
 #include "engine/qdbase.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 

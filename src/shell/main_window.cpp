@@ -264,9 +264,9 @@ void MainWindow::ref_() {
   const int number = ViewTableNumber();
   ClassQDBASE* table = ViewTable();
   // A table opened anew may lie where the old one did: only the owner tells them apart.
-  if (table && selected_[static_cast<size_t>(number)].lock() != program_.tables[static_cast<size_t>(number)]) {
+  if (table && selected_[static_cast<size_t>(number)].lock() != OpenTable(program_, number)) {
     // A list is filled when it is first shown, not at the opening of the company.
-    selected_[static_cast<size_t>(number)] = program_.tables[static_cast<size_t>(number)];
+    selected_[static_cast<size_t>(number)] = OpenTable(program_, number);
     sort_[static_cast<size_t>(number)] = shown_order_[static_cast<size_t>(number)] = {};
     filtered_[static_cast<size_t>(number)] = false;
     for (const TabTable& row : kTabs) {

@@ -1,7 +1,8 @@
 // The options of the interface: splash, transparent windows, the export entry of the menu, the skin.
 #pragma once
 
-#include "shell/controls/form.h"
+#include "app/program.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 

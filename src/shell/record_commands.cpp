@@ -1,11 +1,11 @@
 // Adding, editing, deleting and walking records, with their guards.
-#include "documents/forms/sales_form.h"
 #include "documents/numbering.h"
 #include "masterdata/company_form.h"
 #include "masterdata/customer_form.h"
 #include "masterdata/goods_form.h"
 #include "print/doc_preview.h"
 #include "print/print_run.h"
+#include "sales/sales_form.h"
 #include "shell/about_form.h"
 #include "shell/main_window.h"
 #include "shell/options_form.h"
@@ -198,7 +198,7 @@ void MainWindow::PreviewJob(const std::string& subject) {
   frm_DocPreview preview(program_);
   if (preview.Pages() == 0) return;
   preview.subject = subject;
-  program_.platform.ui.ShowPreview(preview);
+  program_.platform.ui.ShowModal(preview);
 }
 
 void MainWindow::CompanyData(const Command&, int) {

@@ -73,9 +73,8 @@ bool Startup::RunWizard() {
 }
 
 void Startup::LoadPostalTable() {
-  if (program_.postal) return;
-  program_.postal = std::make_shared<PostalTable>();
-  program_.postal->LoadPostalCodes(program_.platform.files, program_.ApplicationFolder());
+  auto& postal = program_.Part<PostalTable>();
+  if (!postal.Loaded()) postal.LoadPostalCodes(program_.platform.files, program_.ApplicationFolder());
 }
 
 void Startup::OpenCompany() {
@@ -108,7 +107,7 @@ void Startup::ReportNoCompany() {
 void Startup::ShowList() {
   UserInterface& ui = program_.platform.ui;
   if (!running()) return;  // the person ended the program from the connection dialog
-  program_.CurrentPrintJob = std::make_shared<ClassPRINT>(program_);
+  CurrentPrintJob(program_) = std::make_shared<ClassPRINT>(program_);
   window_->ScrollShow_(true);
   window_->ref_();
   program_.platform.waiter.Wait(250);
@@ -131,7 +130,7 @@ void Startup::Stop() {
   ui.TurnEvents();
   if (program_.database_open) OSTEngine(program_).close_(true);
   program_.database_open = false;
-  program_.CurrentPrintJob.reset();
+  CurrentPrintJob(program_).reset();
   for (const std::string& file : program_.TempPageFiles) program_.platform.files.Remove(file);
   program_.TempPageFiles.clear();
   // The window itself stands until the command that ended the program has returned.

@@ -74,9 +74,9 @@ class CompanyTest : public testing::Test {
     return content;
   }
   void Write(const std::string& name, std::string_view content) { ASSERT_TRUE(surroundings.files.WriteAll(folder + name, content)); }
-  size_t OpenTables() {
+  size_t CountOpenTables() {
     size_t open = 0;
-    for (size_t n = 1; n <= kTableSlots; ++n) open += program.tables[n] ? 1 : 0;
+    for (size_t n = 1; n <= kTableSlots; ++n) open += OpenTable(program, static_cast<int>(n)) ? 1 : 0;
     return open;
   }
   // Raw fields of a record, joined; numbers in their shortest form.

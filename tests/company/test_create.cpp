@@ -141,7 +141,7 @@ TEST_F(CompanyTest, TestTriesEveryTableAndLeavesNothingOpen) {
   EXPECT_TRUE(Test());
   EXPECT_FALSE(Test("kreda", "Kreda"));
   EXPECT_FALSE(Test("", ""));
-  EXPECT_EQ(OpenTables(), 0u);
+  EXPECT_EQ(CountOpenTables(), 0u);
   surroundings.files.Remove(folder + "zestawienie.q09");  // the last one tried
   EXPECT_FALSE(Test());
   EXPECT_TRUE(surroundings.ui.status.empty());

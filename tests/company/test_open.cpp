@@ -25,7 +25,7 @@ TEST_F(CompanyTest, TheFirstOpeningUpgradesTheFolderAndMarksIt) {
   ASSERT_TRUE(Open());
   EXPECT_TRUE(program.database_open);
   EXPECT_EQ(Content("db.info"), kVersion1);
-  EXPECT_EQ(OpenTables(), 28u);
+  EXPECT_EQ(CountOpenTables(), 28u);
   for (int unused : {18, 19, 30, 31}) EXPECT_FALSE(TableIsOpen(program, unused));
 
   ClassQDBASE& lines = Table(program, kSprzedane);
@@ -68,7 +68,7 @@ TEST_F(CompanyTest, AnyOtherVersionOfTheFolderIsUpgradedAndRewritten) {
   surroundings.files.Remove(folder + "kasy_fisk.ovd");
   EXPECT_FALSE(Open());  // the same version: nothing is created
   EXPECT_FALSE(Exists("kasy_fisk.ovd"));
-  EXPECT_EQ(OpenTables(), 0u);
+  EXPECT_EQ(CountOpenTables(), 0u);
   EXPECT_FALSE(program.database_open);
 }
 
@@ -77,7 +77,7 @@ TEST_F(CompanyTest, ARefusedLoginLeavesTheFolderAsItIs) {
   for (const auto& [user, password] : {std::pair("kreda", "other"), std::pair("other", "kreda"), std::pair("", "")}) {
     SetLogin(user, password);
     EXPECT_FALSE(Open());
-    EXPECT_EQ(OpenTables(), 0u);
+    EXPECT_EQ(CountOpenTables(), 0u);
   }
   EXPECT_FALSE(Exists("db.info"));
   SetLogin("kreda", "kreda");
@@ -97,7 +97,7 @@ TEST_F(CompanyTest, WhatCannotBeOpenedFailsAndIsUpgradedNextTime) {
     const auto other = surroundings.files.Open(folder + "sprzedane.ovd", OpenMode::kReadWrite);
     ASSERT_TRUE(other && other->Lock(0, INT64_MAX, true));
     EXPECT_FALSE(Open());
-    EXPECT_EQ(OpenTables(), 0u);
+    EXPECT_EQ(CountOpenTables(), 0u);
   }
   ASSERT_TRUE(Open());
   EXPECT_EQ(Table(program, kSprzedane).FIELD_TYPE("ILOSC"), kCurrency);
@@ -126,7 +126,7 @@ TEST_F(CompanyTest, AFolderThatMayNotBeWrittenFailsAndStaysAsItIs) {
   ASSERT_EQ(root ? seteuid(0) : 0, 0);
   fs::permissions(folder, fs::perms(0755));
   EXPECT_FALSE(Exists("db.info"));
-  EXPECT_EQ(OpenTables(), 0u);
+  EXPECT_EQ(CountOpenTables(), 0u);
 }
 
 TEST_F(CompanyTest, TheUserIsToldOfWhatABrokenStructureChangeLeft) {
@@ -348,7 +348,7 @@ TEST_F(CompanyTest, ATableThatIsNotOpenIsAClosedObject) {
   EXPECT_EQ(Table(program, 99).Text("NAZWA"), "");
   EXPECT_EQ(ScreenDatePattern(program), "dd-mm-yyyy");
   EXPECT_EQ(PrintDatePattern(program), "dd-mm-yy");
-  EXPECT_EQ(OpenTables(), 0u);
+  EXPECT_EQ(CountOpenTables(), 0u);
 }
 
 TEST_F(CompanyTest, ClosingCompressesAttachments) {
@@ -367,7 +367,7 @@ TEST_F(CompanyTest, ClosingCompressesAttachments) {
   ASSERT_TRUE(Open());
   Close(true);
   EXPECT_EQ(surroundings.files.FileSize(folder + "kontrahenci.ovd.memo"), 286 + 5);
-  EXPECT_EQ(OpenTables(), 0u);
+  EXPECT_EQ(CountOpenTables(), 0u);
   EXPECT_FALSE(program.database_open);
 }
 

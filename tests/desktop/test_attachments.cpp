@@ -4,9 +4,9 @@
 #include <fstream>
 
 #include "desktop/clerk.h"
-#include "documents/forms/sales_form.h"
 #include "engine/memo_file.h"
 #include "masterdata/customer_form.h"
+#include "sales/sales_form.h"
 
 namespace ostrinka {
 namespace {

@@ -1,8 +1,8 @@
 #include <QLineEdit>
 
 #include "desktop/clerk.h"
-#include "documents/forms/line_form.h"
-#include "documents/forms/sales_form.h"
+#include "sales/line_form.h"
+#include "sales/sales_form.h"
 
 namespace ostrinka {
 namespace {

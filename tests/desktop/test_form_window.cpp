@@ -16,8 +16,6 @@
 #include "desktop/form_window.h"
 #include "desktop/message_window.h"
 #include "desktop/person.h"
-#include "documents/forms/line_form.h"
-#include "documents/forms/sales_form.h"
 #include "documents/trade.h"
 #include "masterdata/company_form.h"
 #include "masterdata/connection_form.h"
@@ -27,6 +25,8 @@
 #include "masterdata/goods_form.h"
 #include "masterdata/individual_accounts_form.h"
 #include "masterdata/wizard_form.h"
+#include "sales/line_form.h"
+#include "sales/sales_form.h"
 
 namespace ostrinka {
 namespace {

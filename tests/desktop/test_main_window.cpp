@@ -7,9 +7,9 @@
 
 #include "company/ost_engine.h"
 #include "company/tables.h"
+#include "controls/form.h"
 #include "desktop/main_window_view.h"
 #include "desktop/person.h"
-#include "shell/controls/form.h"
 #include "startup/startup.h"
 #include "support/test_platform.h"
 

@@ -49,12 +49,12 @@ class PreviewTest : public ClerkTest {
   }
   // A job of `pages` sheets, every third of them across, instead of a document.
   void PreviewOf(int pages, std::function<void(PreviewWindow&)> look_on) {
-    program.CurrentPrintJob = std::make_shared<ClassPRINT>(program);
+    CurrentPrintJob(program) = std::make_shared<ClassPRINT>(program);
     for (int page = 1; page <= pages; ++page) {
-      program.CurrentPrintJob->BEGIN_PAGE(page % 3 == 0);
-      program.CurrentPrintJob->RECT_ADD(20, 20, 180, 180, Rgb(200, 0, 0));
+      CurrentPrintJob(program)->BEGIN_PAGE(page % 3 == 0);
+      CurrentPrintJob(program)->RECT_ADD(20, 20, 180, 180, Rgb(200, 0, 0));
     }
-    program.CurrentPrintJob->END_PAGE();
+    CurrentPrintJob(program)->END_PAGE();
     frm_DocPreview preview(program);
     Show(preview, look_on);
   }

@@ -1,6 +1,6 @@
+#include "controls/form.h"
 #include "engine/table_fixture.h"
 #include "platform/recording_canvas.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 namespace {

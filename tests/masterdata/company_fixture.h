@@ -8,7 +8,7 @@
 
 #include "company/ost_engine.h"
 #include "company/tables.h"
-#include "shell/controls/form.h"
+#include "controls/form.h"
 #include "support/test_platform.h"
 
 namespace ostrinka {

@@ -124,8 +124,7 @@ TEST_F(CustomerFormTest, DoubtfulNumbersAreMarkedAndSavedAllTheSame) {
 TEST_F(CustomerFormTest, PostalLookUpFillsWhatWasNotTouchedLast) {
   WriteFile(platform.folder / "app/psc.bin", Scrambled("80-001", 6) + Scrambled("Sopot", 25) + " " + Scrambled("30-002", 6) +
                                                  Scrambled("Skawina", 25) + " " + Scrambled("81-700", 6) + Scrambled("Sopot", 25) + " ");
-  program.postal = std::make_shared<PostalTable>();
-  ASSERT_TRUE(program.postal->LoadPostalCodes(platform.files, program.ApplicationFolder()));
+  ASSERT_TRUE(program.Part<PostalTable>().LoadPostalCodes(platform.files, program.ApplicationFolder()));
   Open(1);
   ASSERT_TRUE(form.btnFindCity.UserPress());
   EXPECT_EQ(form.txtWojewództwo.Value(), 0) << "nothing was touched";

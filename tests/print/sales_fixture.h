@@ -78,7 +78,7 @@ class SalesFixture : public ::testing::Test {
     User("konto", "12 1020 2212 0000 1234 5678 9012");
   }
   ~SalesFixture() override {
-    program->CurrentPrintJob.reset();
+    CurrentPrintJob(*program).reset();
     if (program) OSTEngine(*program).close_(false);
   }
 
@@ -157,7 +157,7 @@ class SalesFixture : public ::testing::Test {
     Change(kDokSprzed, document_, {{"WARTOSC_NETTO", net_sum}, {"WARTOSC_BRUTTO", gross_sum}});
   }
 
-  ClassPRINT& Job() { return *program->CurrentPrintJob; }
+  ClassPRINT& Job() { return *CurrentPrintJob(*program); }
 
   // Every line of text of the job, in drawing order. A text in a box counts as the lines that its line ends make.
   std::vector<PlacedText> Texts() {

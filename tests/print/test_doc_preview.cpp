@@ -41,11 +41,11 @@ class DocPreviewTest : public testing::Test {
     EXPECT_TRUE(surroundings.files.ReadAll(OSTRINKA_SOURCE "/resources/program.lang", content));
     EXPECT_TRUE(surroundings.files.WriteAll(platform.application_folder + "program.lang", content));
     program.catalogue.LoadProgramCatalogue("program.lang");
-    program.CurrentPrintJob = std::make_shared<ClassPRINT>(program);
+    CurrentPrintJob(program) = std::make_shared<ClassPRINT>(program);
   }
-  ~DocPreviewTest() override { program.CurrentPrintJob.reset(); }
+  ~DocPreviewTest() override { CurrentPrintJob(program).reset(); }
 
-  ClassPRINT& Job() { return *program.CurrentPrintJob; }
+  ClassPRINT& Job() { return *CurrentPrintJob(program); }
   void AddPage(bool landscape) {
     Job().BEGIN_PAGE(landscape);
     Job().TEXT_ADD(20, 30, "Strona %p");
@@ -238,7 +238,7 @@ TEST_F(DocPreviewTest, MakePdfWritesTheJobOnShow) {
 
 TEST_F(DocPreviewTest, AnEmptyJobHasNothingToPrintOrDraw) {
   for (const bool job : {true, false}) {
-    if (!job) program.CurrentPrintJob.reset();
+    if (!job) CurrentPrintJob(program).reset();
     frm_DocPreview preview(program);
     for (const char* command : {"PRINT", "MAKEPDF"}) EXPECT_FALSE(preview.UserCommand(command));
     EXPECT_EQ(preview.PageAt(10), 0);

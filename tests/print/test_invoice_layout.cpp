@@ -279,7 +279,7 @@ TEST_F(InvoiceTest, TheLogoKeepsItsProportionsInItsBox) {
     decoder.width = row.width;
     decoder.height = row.height;
     BuildDocumentJob(other, document_, kOriginalOnly, false);
-    const auto& elements = other.CurrentPrintJob->elements();
+    const auto& elements = CurrentPrintJob(other)->elements();
     const auto image = std::find_if(elements.begin(), elements.end(), [](const PageElement& e) { return e.Kind == ElementKind::kImage; });
     ASSERT_NE(image, elements.end());
     EXPECT_NEAR(image->X[1], row.right, 0.01);

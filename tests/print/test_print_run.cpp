@@ -131,9 +131,9 @@ TEST_F(PrintRunTest, EverySheetGoesToThePrinterInItsOwnDirection) {
   EXPECT_EQ(found, 1);
 
   // A sheet that the printer refuses is passed over; the others come out.
-  program->CurrentPrintJob->BEGIN_PAGE(true);
-  program->CurrentPrintJob->TEXT_ADD(10, 10, "na szerokość");
-  program->CurrentPrintJob->END_PAGE();
+  CurrentPrintJob(*program)->BEGIN_PAGE(true);
+  CurrentPrintJob(*program)->TEXT_ADD(10, 10, "na szerokość");
+  CurrentPrintJob(*program)->END_PAGE();
   printer.calls.clear();
   printer.sheets.clear();
   printer.failing = 2;
@@ -150,7 +150,7 @@ TEST_F(PrintRunTest, AJobThatIsReplacedWhileItPrintsComesOutWhole) {
   int turns = 0;
   surroundings.ui.on_turn = [&] {
     EXPECT_GT(surroundings.ui.busy, 0);  // the person's keys wait
-    if (++turns == 1) program->CurrentPrintJob.reset();
+    if (++turns == 1) CurrentPrintJob(*program).reset();
   };
   EXPECT_TRUE(RunPrinter(*program));
   EXPECT_EQ(surroundings.printer.sheets.size(), 2u);

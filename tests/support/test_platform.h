@@ -38,6 +38,33 @@ class TemporaryFolder {
   std::string path_;
 };
 
+// Plays the person in front of the kind of modal that the function assigned takes: [](Form& form) { ... }.
+class ModalHook {
+ public:
+  ModalHook& operator=(std::nullptr_t) {
+    play_ = nullptr;
+    return *this;
+  }
+  template <typename Function>
+  requires(!std::is_same_v<std::decay_t<Function>, ModalHook>) ModalHook& operator=(Function function) {
+    Set(std::function(std::move(function)));
+    return *this;
+  }
+  // False when nobody plays this kind.
+  bool Play(Modal& modal) const { return play_ && play_(modal); }
+
+ private:
+  template <typename Shown>
+  void Set(std::function<void(Shown&)> play) {
+    play_ = [play = std::move(play)](Modal& modal) {
+      auto* shown = dynamic_cast<Shown*>(&modal);
+      if (shown) play(*shown);
+      return shown != nullptr;
+    };
+  }
+  std::function<bool(Modal&)> play_;
+};
+
 class TestUserInterface : public UserInterface {
  public:
   std::vector<std::pair<std::string, MessageKind>> messages;
@@ -45,18 +72,14 @@ class TestUserInterface : public UserInterface {
   std::deque<std::optional<std::string>> file_answers;
   std::vector<FileFilter> save_filters;  // of the last save dialog
   size_t proposed_filter = 0;
-  std::optional<size_t> chosen_filter;              // what the person picks there; what is proposed when empty
-  std::function<void(Form&)> on_modal;              // plays the person in front of a form
-  std::function<void(frm_DocPreview&)> on_preview;  // and of the print preview
+  std::optional<size_t> chosen_filter;  // what the person picks there; what is proposed when empty
+  ModalHook on_modal, on_preview;       // play the person in front of a form, and of the print preview
   std::vector<std::string> status, opened;
   int beeps = 0, turns = 0, redraws = 0;
   bool ended = false, window_shown = false;
 
-  void ShowModal(Form& form) override {
-    if (on_modal) on_modal(form);
-  }
-  void ShowPreview(frm_DocPreview& preview) override {
-    if (on_preview) on_preview(preview);
+  void ShowModal(Modal& modal) override {
+    if (!on_modal.Play(modal)) on_preview.Play(modal);
   }
   Answer ShowMessage(const std::string& text, MessageKind kind) override {
     messages.emplace_back(text, kind);

@@ -1,12 +1,12 @@
-#include "documents/forms/sales_form.h"
+#include "sales/sales_form.h"
 
 #include <algorithm>
 
 #include "base/format.h"
 #include "base/text.h"
 #include "company/tables.h"
-#include "documents/forms/list_choice.h"
 #include "documents/numbering.h"
+#include "forms/list_choice.h"
 #include "masterdata/customer_form.h"
 
 namespace ostrinka {

@@ -1,4 +1,4 @@
-#include "shell/controls/form.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 

@@ -4,8 +4,8 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "company/tables.h"
-#include "documents/forms/line_form.h"
-#include "documents/forms/list_choice.h"
+#include "forms/list_choice.h"
+#include "sales/line_form.h"
 
 namespace ostrinka {
 

@@ -11,11 +11,10 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/controls/controls.h"
+#include "controls/controls.h"
+#include "platform/user_interface.h"
 
 namespace ostrinka {
-
-class Program;
 
 // Flags of a cell in the layout.
 enum CellFlags : unsigned {
@@ -107,11 +106,11 @@ struct StepButtons {
   ButtonControl *previous, *next, *finish;
 };
 
-class Form {
+class Form : public Modal {
  public:
   // `name` is the form's class name; `title_key` the catalogue key of its title.
   Form(std::string name, std::string title_key);
-  virtual ~Form() = default;
+  ~Form() override = default;
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 

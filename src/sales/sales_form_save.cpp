@@ -2,9 +2,9 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "company/tables.h"
-#include "documents/forms/line_form.h"
-#include "documents/forms/sales_form.h"
 #include "documents/numbering.h"
+#include "sales/line_form.h"
+#include "sales/sales_form.h"
 
 namespace ostrinka {
 

@@ -1,4 +1,4 @@
-#include "masterdata/record_editor.h"
+#include "forms/record_editor.h"
 
 #include "base/text.h"
 #include "company/tables.h"

@@ -1,10 +1,10 @@
 #include <fstream>
 #include <memory>
 
-#include "documents/forms/line_form.h"
-#include "documents/forms/sales_form.h"
 #include "documents/trade.h"
 #include "masterdata/customer_form.h"
+#include "sales/line_form.h"
+#include "sales/sales_form.h"
 
 namespace ostrinka {
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "app/program.h"
+#include "controls/form.h"
 #include "engine/qdbase.h"
-#include "shell/controls/form.h"
 
 namespace ostrinka {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/controls/form.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 namespace {

@@ -1,13 +1,13 @@
-#include "documents/forms/line_form.h"
+#include "sales/line_form.h"
 
 #include <span>
 
 #include "base/format.h"
 #include "base/text.h"
 #include "company/tables.h"
-#include "documents/forms/list_choice.h"
 #include "documents/numbering.h"
-#include "masterdata/form_helpers.h"
+#include "forms/form_helpers.h"
+#include "forms/list_choice.h"
 
 namespace ostrinka {
 

@@ -2,10 +2,10 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "company/tables.h"
-#include "documents/forms/list_choice.h"
-#include "documents/forms/sales_form.h"
 #include "documents/numbering.h"
-#include "masterdata/form_helpers.h"
+#include "forms/form_helpers.h"
+#include "forms/list_choice.h"
+#include "sales/sales_form.h"
 
 namespace ostrinka {
 

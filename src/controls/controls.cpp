@@ -1,10 +1,10 @@
-#include "shell/controls/controls.h"
+#include "controls/controls.h"
 
 #include <algorithm>
 
 #include "base/format.h"
 #include "base/text.h"
-#include "shell/controls/form.h"
+#include "controls/form.h"
 
 namespace ostrinka {
 namespace {

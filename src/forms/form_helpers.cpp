@@ -1,4 +1,4 @@
-#include "masterdata/form_helpers.h"
+#include "forms/form_helpers.h"
 
 #include "base/check_digits.h"
 #include "base/text.h"
