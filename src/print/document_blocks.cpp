@@ -95,14 +95,14 @@ struct Payment {
 };
 
 // The note on the average rate, on a document in another currency.
-std::string RateNote(Program& program, const SalesDocument& document) {
+std::string RateNote(Program& program, const PrintedDocument& document) {
   if (document.rate_of_exchange <= 0 || document.rate_of_exchange == 1) return "";
   if (!program.settings.Boolean(kCommon, "prgSettings", "VDopAddUNBP", true)) return "";
   const std::string name = document.currency_code.empty() ? document.currency_symbol : document.currency_code;
   return program.Text("sdoc.info.nbp") + " 1 " + name + " = " + FormatNumber(document.rate_of_exchange, "0.0000") + " PLN";
 }
 
-Payment GatherPayment(PageFlow& flow, const SalesDocument& document, double words_width) {
+Payment GatherPayment(PageFlow& flow, const PrintedDocument& document, double words_width) {
   Program& program = flow.program();
   const int32_t percent = document.paid_at_once_percent;
   const double share = static_cast<double>(static_cast<float>(percent * 0.01));
@@ -163,7 +163,7 @@ void PrintTitle(PageFlow& flow, const DocumentHead& head, const TitlePlace& plac
   flow.Font(10);
 }
 
-void PrintPayment(PageFlow& flow, const SalesDocument& document) {
+void PrintPayment(PageFlow& flow, const PrintedDocument& document) {
   const double words_left = flow.Left() + kPayWidth + 10, words_width = flow.Right() - words_left;
   const Payment payment = GatherPayment(flow, document, words_width);
   flow.Font(kTextSize);

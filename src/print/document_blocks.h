@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "print/page_flow.h"
-#include "print/sales_document.h"
+#include "print/printed_document.h"
 
 namespace ostrinka {
 
@@ -28,7 +28,7 @@ TitlePlace PrintDocumentHead(PageFlow& flow, const DocumentHead& head);
 void PrintTitle(PageFlow& flow, const DocumentHead& head, const TitlePlace& place);
 
 // What is to be paid, how and when, and the amount in words.
-void PrintPayment(PageFlow& flow, const SalesDocument& document);
+void PrintPayment(PageFlow& flow, const PrintedDocument& document);
 
 struct SignatureBox {
   const char* heading_key;

@@ -5,12 +5,12 @@
 #include "print/document_blocks.h"
 #include "print/line_table.h"
 #include "print/party_block.h"
-#include "print/sales_document.h"
+#include "print/printed_document.h"
 
 namespace ostrinka {
 namespace {
 
-std::vector<ColumnId> InvoiceColumns(Program& program, const SalesDocument& document) {
+std::vector<ColumnId> InvoiceColumns(Program& program, const PrintedDocument& document) {
   std::vector<ColumnId> columns = {ColumnId::kNumber, ColumnId::kName};
   if (!program.settings.Boolean(kCommon, "prgSettings", "VDopNorPKWiU", false)) columns.push_back(ColumnId::kCode);
   columns.insert(columns.end(), {ColumnId::kQuantity, ColumnId::kUnit, ColumnId::kNetPrice});
@@ -19,12 +19,12 @@ std::vector<ColumnId> InvoiceColumns(Program& program, const SalesDocument& docu
   return columns;
 }
 
-std::string SaleDates(const SalesDocument& document) {
+std::string SaleDates(const PrintedDocument& document) {
   const std::string from = document.DateText(document.sold_from);
   return document.sold_over_range ? from + " - " + document.DateText(document.sold_to) : from;
 }
 
-DocumentHead InvoiceHead(Program& program, const SalesDocument& document, const std::string& label) {
+DocumentHead InvoiceHead(Program& program, const PrintedDocument& document, const std::string& label) {
   DocumentHead head;
   head.pairs = {{"sdoc.info.place", program.settings.Text(kCommon, "user", "mwdok")},
                 {"sdoc.info.sdate", SaleDates(document)},
@@ -41,7 +41,7 @@ DocumentHead InvoiceHead(Program& program, const SalesDocument& document, const 
 }  // namespace
 
 void PrintInvoice(Program& program, ClassPRINT& print, const DocumentCopy& copy) {
-  const SalesDocument document = ReadSalesDocument(program, copy.record);
+  const PrintedDocument document = ReadPrintedDocument(program, copy.record);
   PageFlow flow(program, print, DocumentTitle(document));
   flow.FirstPage();
   const DocumentHead head = InvoiceHead(program, document, copy.label);

@@ -18,29 +18,29 @@ constexpr double kHeadPad = 0.75;        // above the text of a head cell
 
 constexpr LineColumn kColumns[] = {
     {ColumnId::kNumber, "sdoc.table.nr", nullptr, true, 8, 0, nullptr, nullptr},
-    {ColumnId::kName, "sdoc.table.name", nullptr, false, 0, 0, [](const SalesDocument&, const SalesLine& line) { return line.name; },
+    {ColumnId::kName, "sdoc.table.name", nullptr, false, 0, 0, [](const PrintedDocument&, const PrintedLine& line) { return line.name; },
      nullptr},
-    {ColumnId::kCode, "sdoc.table.pkwiu", nullptr, false, 13, 24, [](const SalesDocument&, const SalesLine& line) { return line.code; },
+    {ColumnId::kCode, "sdoc.table.pkwiu", nullptr, false, 13, 24, [](const PrintedDocument&, const PrintedLine& line) { return line.code; },
      nullptr},
     {ColumnId::kQuantity, "sdoc.table.count", nullptr, true, 12, 0,
-     [](const SalesDocument&, const SalesLine& line) { return FormatNumber(line.quantity, line.unit_format); }, nullptr},
-    {ColumnId::kUnit, "sdoc.table.unit", nullptr, false, 9, 16, [](const SalesDocument&, const SalesLine& line) { return line.unit; },
+     [](const PrintedDocument&, const PrintedLine& line) { return FormatNumber(line.quantity, line.unit_format); }, nullptr},
+    {ColumnId::kUnit, "sdoc.table.unit", nullptr, false, 9, 16, [](const PrintedDocument&, const PrintedLine& line) { return line.unit; },
      nullptr},
     {ColumnId::kNetPrice, "sdoc.nprice", "sdoc.pnetto", true, 16, 0,
-     [](const SalesDocument& document, const SalesLine& line) { return document.Price(line.net_price); }, nullptr},
+     [](const PrintedDocument& document, const PrintedLine& line) { return document.Price(line.net_price); }, nullptr},
     {ColumnId::kDiscount, "sdoc.rabat", "sdoc.rabprc", true, 10, 0,
-     [](const SalesDocument&, const SalesLine& line) { return std::to_string(line.discount); }, nullptr},
+     [](const PrintedDocument&, const PrintedLine& line) { return std::to_string(line.discount); }, nullptr},
     {ColumnId::kNet, "sdoc.nvalue", "sdoc.vnetto", true, 18, 0,
-     [](const SalesDocument& document, const SalesLine& line) { return document.Amount(line.net); },
-     [](const SalesDocument& document, const RateSum& sum) { return document.Amount(sum.net); }},
-    {ColumnId::kRate, "sdoc.vat", "sdoc.vatprc", true, 10, 0, [](const SalesDocument&, const SalesLine& line) { return line.rate; },
-     [](const SalesDocument&, const RateSum& sum) { return sum.rate; }},
+     [](const PrintedDocument& document, const PrintedLine& line) { return document.Amount(line.net); },
+     [](const PrintedDocument& document, const RateSum& sum) { return document.Amount(sum.net); }},
+    {ColumnId::kRate, "sdoc.vat", "sdoc.vatprc", true, 10, 0, [](const PrintedDocument&, const PrintedLine& line) { return line.rate; },
+     [](const PrintedDocument&, const RateSum& sum) { return sum.rate; }},
     {ColumnId::kVat, "sdoc.vatvalue", "sdoc.valvat", true, 16, 0,
-     [](const SalesDocument& document, const SalesLine& line) { return document.Amount(line.gross - line.net); },
-     [](const SalesDocument& document, const RateSum& sum) { return document.Amount(sum.vat()); }},
+     [](const PrintedDocument& document, const PrintedLine& line) { return document.Amount(line.gross - line.net); },
+     [](const PrintedDocument& document, const RateSum& sum) { return document.Amount(sum.vat()); }},
     {ColumnId::kGross, "sdoc.bvalue", "sdoc.bnetto", true, 18, 0,
-     [](const SalesDocument& document, const SalesLine& line) { return document.Amount(line.gross); },
-     [](const SalesDocument& document, const RateSum& sum) { return document.Amount(sum.gross); }},
+     [](const PrintedDocument& document, const PrintedLine& line) { return document.Amount(line.gross); },
+     [](const PrintedDocument& document, const RateSum& sum) { return document.Amount(sum.gross); }},
 };
 
 // Sizes of the rows' text from the one that is wished for, each with the least width of the name column that it is taken for.
@@ -52,7 +52,7 @@ const LineColumn& ColumnOf(ColumnId id) {
   return *std::find_if(std::begin(kColumns), std::end(kColumns), [&](const LineColumn& column) { return column.id == id; });
 }
 
-LineTable::LineTable(PageFlow& flow, const SalesDocument& document, const std::vector<SalesLine>& lines,
+LineTable::LineTable(PageFlow& flow, const PrintedDocument& document, const std::vector<PrintedLine>& lines,
                      const std::vector<ColumnId>& columns)
     : flow_(flow), document_(document), lines_(lines), sums_(SumsByRate(lines)) {
   for (const ColumnId id : columns) columns_.push_back(&ColumnOf(id));
@@ -66,7 +66,7 @@ LineTable::LineTable(PageFlow& flow, const SalesDocument& document, const std::v
 }
 
 std::string LineTable::CellText(const LineColumn& column, size_t line) const {
-  const SalesLine& row = lines_[line];
+  const PrintedLine& row = lines_[line];
   if (column.id == ColumnId::kNumber) return std::to_string(line + 1);
   if (column.id != ColumnId::kName) return column.text(document_, row);
   const std::string name = column.text(document_, row);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "print/page_flow.h"
-#include "print/sales_document.h"
+#include "print/printed_document.h"
 
 namespace ostrinka {
 
@@ -18,14 +18,14 @@ struct LineColumn {
   const char* second_key;  // null for a head of one line
   bool figures;            // set flush right, never wrapped
   double least, most;      // mm; a column is as wide as its texts between these. `most` 0: no limit; both 0: takes what is left
-  std::string (*text)(const SalesDocument& document, const SalesLine& line);
-  std::string (*sum)(const SalesDocument& document, const RateSum& sum);
+  std::string (*text)(const PrintedDocument& document, const PrintedLine& line);
+  std::string (*sum)(const PrintedDocument& document, const RateSum& sum);
 };
 const LineColumn& ColumnOf(ColumnId id);
 
 class LineTable {
  public:
-  LineTable(PageFlow& flow, const SalesDocument& document, const std::vector<SalesLine>& lines, const std::vector<ColumnId>& columns);
+  LineTable(PageFlow& flow, const PrintedDocument& document, const std::vector<PrintedLine>& lines, const std::vector<ColumnId>& columns);
 
   // Head and rows at the cursor, on as many pages as they take.
   void Draw();
@@ -53,8 +53,8 @@ class LineTable {
   void BreakPage();
 
   PageFlow& flow_;
-  const SalesDocument& document_;
-  const std::vector<SalesLine>& lines_;
+  const PrintedDocument& document_;
+  const std::vector<PrintedLine>& lines_;
   std::vector<const LineColumn*> columns_;
   std::vector<RateSum> sums_;
   RateSum total_;

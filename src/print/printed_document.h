@@ -11,7 +11,7 @@
 
 namespace ostrinka {
 
-struct SalesLine {
+struct PrintedLine {
   bool found = false;  // the article's row could be read, deleted or not
   std::string name, code, unit, unit_format;
   int32_t rate_record = 0;
@@ -31,7 +31,7 @@ struct RateSum {
   double vat() const { return gross - net; }
 };
 
-struct SalesDocument {
+struct PrintedDocument {
   int32_t record = 0;
   std::string options, title, number;  // OPCJE, DRUK_TYT, the printed number
   int32_t currency = 0;
@@ -44,7 +44,7 @@ struct SalesDocument {
   std::string payment_form;
   int32_t payment_days = 0, paid_at_once_percent = 0;
   double net = 0, gross = 0;  // WARTOSC_NETTO, WARTOSC_BRUTTO
-  std::vector<SalesLine> lines;
+  std::vector<PrintedLine> lines;
   std::string price_pattern;        // with the currency's sign
   std::string plain_price_pattern;  // the same without letters and sign
   std::string amount_pattern;       // without sign; what values are rounded with
@@ -61,12 +61,12 @@ struct SalesDocument {
 };
 
 // The printed title and number: "Faktura VAT NR 17 / 2008".
-std::string DocumentTitle(const SalesDocument& document);
+std::string DocumentTitle(const PrintedDocument& document);
 
 // One sum a rate, in the order of the table of rates.
-std::vector<RateSum> SumsByRate(const std::vector<SalesLine>& lines);
+std::vector<RateSum> SumsByRate(const std::vector<PrintedLine>& lines);
 
 // The document in record `record`; positions of the tables are kept. Missing rows leave their texts empty.
-SalesDocument ReadSalesDocument(Program& program, int32_t record);
+PrintedDocument ReadPrintedDocument(Program& program, int32_t record);
 
 }  // namespace ostrinka

@@ -1,4 +1,4 @@
-#include "print/sales_document.h"
+#include "print/printed_document.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +21,7 @@ std::string RateText(const std::string& symbol, double percent) {
   return FormatNumber(percent, kPercentMask);
 }
 
-void ReadArticle(Program& program, int32_t record, SalesLine& line) {
+void ReadArticle(Program& program, int32_t record, PrintedLine& line) {
   ClassQDBASE& articles = Table(program, kTowaryUslugi);
   line.found = record > 0 && articles.RECORD_LOAD(record);
   if (!line.found) return;
@@ -38,8 +38,8 @@ void ReadArticle(Program& program, int32_t record, SalesLine& line) {
   if (line.rate_record > 0 && rates.RECORD_LOAD(line.rate_record)) line.rate = RateText(rates.Text("SYMBOL"), rates.Real("WARTOSC"));
 }
 
-SalesLine ReadLine(Program& program, int32_t record, const std::string& amount_pattern) {
-  SalesLine line;
+PrintedLine ReadLine(Program& program, int32_t record, const std::string& amount_pattern) {
+  PrintedLine line;
   ClassQDBASE& sold = Table(program, kSprzedane);
   if (!sold.RECORD_LOAD(record)) return line;
   line.quantity = sold.Money("ILOSC");
@@ -52,7 +52,7 @@ SalesLine ReadLine(Program& program, int32_t record, const std::string& amount_p
   return line;
 }
 
-void ReadCurrency(Program& program, SalesDocument& document) {
+void ReadCurrency(Program& program, PrintedDocument& document) {
   ClassQDBASE& currencies = Table(program, kWaluty);
   if (document.currency > 0 && currencies.RECORD_LOAD(document.currency)) {
     document.currency_symbol = currencies.Text("SYMBOL");
@@ -67,7 +67,7 @@ void ReadCurrency(Program& program, SalesDocument& document) {
   }
 }
 
-void ReadPaymentForm(Program& program, int32_t record, SalesDocument& document) {
+void ReadPaymentForm(Program& program, int32_t record, PrintedDocument& document) {
   ClassQDBASE& forms = Table(program, kFormyPlatn);
   if (record < 1 || !forms.RECORD_LOAD(record)) return;
   document.payment_form = forms.Text("NAZWA");
@@ -75,7 +75,7 @@ void ReadPaymentForm(Program& program, int32_t record, SalesDocument& document) 
   document.paid_at_once_percent = forms.Int("PROCENT");
 }
 
-int32_t ReadRow(Program& program, SalesDocument& document) {
+int32_t ReadRow(Program& program, PrintedDocument& document) {
   ClassQDBASE& table = Table(program, kDokSprzed);
   if (document.record < 1 || !table.RECORD_LOAD(document.record)) return 0;
   document.currency = table.Int("WALUTA");
@@ -100,7 +100,7 @@ int32_t ReadRow(Program& program, SalesDocument& document) {
 
 }  // namespace
 
-bool SalesLine::PricesAgree() const {
+bool PrintedLine::PricesAgree() const {
   const int64_t net_raw = net_price.raw(), gross_raw = gross_price.raw();
   if (net_raw == 0 || gross_raw == 0) return net_raw == gross_raw;
   // A price counted from the other one is right to single precision.
@@ -109,17 +109,17 @@ bool SalesLine::PricesAgree() const {
   return (net_raw < 0) == (gross_raw < 0) && (net_raw < 0 ? gross_raw <= net_raw : gross_raw >= net_raw);
 }
 
-bool SalesDocument::AnyDiscount() const {
-  return std::any_of(lines.begin(), lines.end(), [](const SalesLine& line) { return line.discount != 0; });
+bool PrintedDocument::AnyDiscount() const {
+  return std::any_of(lines.begin(), lines.end(), [](const PrintedLine& line) { return line.discount != 0; });
 }
 
-std::string DocumentTitle(const SalesDocument& document) {
+std::string DocumentTitle(const PrintedDocument& document) {
   return Trim(Trim(document.title) + " " + Trim(document.number));
 }
 
-std::vector<RateSum> SumsByRate(const std::vector<SalesLine>& lines) {
+std::vector<RateSum> SumsByRate(const std::vector<PrintedLine>& lines) {
   std::vector<RateSum> sums;
-  for (const SalesLine& line : lines) {
+  for (const PrintedLine& line : lines) {
     auto at = std::find_if(sums.begin(), sums.end(), [&](const RateSum& sum) { return sum.rate_record >= line.rate_record; });
     if (at == sums.end() || at->rate_record != line.rate_record) at = sums.insert(at, {line.rate_record, line.rate, 0, 0});
     at->net += line.net;
@@ -128,24 +128,24 @@ std::vector<RateSum> SumsByRate(const std::vector<SalesLine>& lines) {
   return sums;
 }
 
-std::string SalesDocument::DateText(Date date) const {
+std::string PrintedDocument::DateText(Date date) const {
   return FormatDate(date, date_pattern);
 }
-std::string SalesDocument::Amount(double amount) const {
+std::string PrintedDocument::Amount(double amount) const {
   return FormatNumber(amount, amount_pattern);
 }
-std::string SalesDocument::Money(double amount) const {
+std::string PrintedDocument::Money(double amount) const {
   return FormatNumber(amount, price_pattern);
 }
 
-std::string SalesDocument::Price(Currency price) const {
+std::string PrintedDocument::Price(Currency price) const {
   const std::string text = FormatNumber(price, plain_price_pattern);
   return ReadCurrency(text) == price ? text : FormatNumber(price, "0.00##");
 }
 
-SalesDocument ReadSalesDocument(Program& program, int32_t record) {
+PrintedDocument ReadPrintedDocument(Program& program, int32_t record) {
   const KeepPositions keep(program, {kDokSprzed, kSprzedane, kTowaryUslugi, kJednMiary, kStawkiVat, kWaluty, kFormyPlatn});
-  SalesDocument document;
+  PrintedDocument document;
   document.record = record;
   document.options = doc_options(program, record);
   document.title = doc_print_title(program, record);
