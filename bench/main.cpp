@@ -1,24 +1,31 @@
 // ostrinka-bench FOLDER N CATALOGUES [WORD]: measures with the data in FOLDER, making it when it is not there. The status is 1 when a row
 // is over its figure, 2 when something could not be measured.
-#include <charconv>
-#include <cstdio>
 #include <filesystem>
 #include <string>
 
+#include "platform/posix/command_line.h"
 #include "rows.h"
 
 int main(int count, char** words) {
   using namespace ostrinka::bench;
-  if (count == 4 && std::string(words[1]) == "--field-delete") return MeasureFieldDelete(words[2], words[3]);
+  std::string folder, catalogues, word;
   int32_t customers = 0;
-  const std::string number = count >= 4 ? words[2] : "";
-  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), customers);
-  if (error != std::errc() || end != number.data() + number.size() || customers < 100 || customers > 1000000) {
-    std::fprintf(stderr, "usage: ostrinka-bench FOLDER N CATALOGUES [WORD], with N from 100 to 1000000\n");
-    return 2;
-  }
-  Report report(count > 4 ? words[4] : "");
-  Data data(std::filesystem::absolute(words[1]).string() + "/", words[3], customers);
+  std::vector<std::string> field_delete;
+  ostrinka::CommandLine line("ostrinka-bench", "Measures the program beside SQLite and libharu.");
+  CLI::Option* places[] = {line.Text("FOLDER", folder, "The data, made when it is not there"),
+                           line.Whole("N", customers, 100, 1000000, "Customers, 100 to 1000000"),
+                           line.Text("CATALOGUES", catalogues, "Folder of the catalogues"),
+                           line.Text("WORD", word, "Only the rows whose name holds it")};
+  CLI::Option* child = line.options()
+                           .add_option("--field-delete", field_delete, "The process of the row FIELD_DELETE, memory: folder and path")
+                           ->expected(2)
+                           ->type_name("TEXT");
+  for (CLI::Option* place : places) place->type_name("")->excludes(child);
+  if (const auto status = line.Read(count, words)) return *status;
+  if (child->count() > 0) return MeasureFieldDelete(field_delete[0], field_delete[1]);
+  if (catalogues.empty()) return line.Wrong("FOLDER, N and CATALOGUES are needed");
+  Report report(word);
+  Data data(std::filesystem::absolute(folder).string() + "/", catalogues, customers);
   SelectionRows(data, report);
   RecordRows(data, report);
   StructureRows(data, report);

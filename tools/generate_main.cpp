@@ -1,22 +1,21 @@
 // ostrinka-generate-company FOLDER N: makes FOLDER/company/ with N customers, 5 N documents and 20 N lines.
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
-#include <string_view>
+#include <string>
 
 #include "company/ost_engine.h"
 #include "generate_company.h"
 #include "generate_surroundings.h"
+#include "platform/posix/command_line.h"
 
 int main(int count, char** words) {
   int32_t customers = 0;
-  const std::string_view number = count == 3 ? words[2] : "";
-  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), customers);
-  if (number.empty() || error != std::errc() || end != number.data() + number.size() || customers < 1 || customers > 1000000) {
-    std::fprintf(stderr, "usage: ostrinka-generate-company FOLDER N\n");
-    return 2;
-  }
-  const std::string folder = std::filesystem::absolute(words[1]).string() + "/";
+  std::string place;
+  ostrinka::CommandLine line("ostrinka-generate-company", "Makes a company for measurements, the same for the same N.");
+  line.Text("FOLDER", place, "Where company/ is made")->required()->type_name("");
+  line.Whole("N", customers, 1, 1000000, "Customers, 1 to 1000000; five documents and twenty lines for each")->required()->type_name("");
+  if (const auto status = line.Read(count, words)) return *status;
+  const std::string folder = std::filesystem::absolute(place).string() + "/";
   ostrinka::Surroundings surroundings(folder);
   surroundings.script.files.MakeFolders(folder + "user-settings");
   ostrinka::Program program(surroundings.script.platform);

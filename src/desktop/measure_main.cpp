@@ -22,6 +22,7 @@
 #include "desktop/form_window.h"
 #include "desktop/main_window_view.h"
 #include "desktop/qt_platform.h"
+#include "platform/posix/command_line.h"
 #include "sales/sales_form.h"
 #include "startup/startup.h"
 
@@ -203,12 +204,17 @@ int main(int argc, char** argv) {
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  const QStringList words = QApplication::arguments().mid(1);
-  if (words.size() == 2 && words[0] == "--start") {
-    const ostrinka::Running running(ostrinka::FromQt(words[1]));
+  std::string company, sample, start;
+  ostrinka::CommandLine line("ostrinka-measure", "Measures the window on a large company and on a sample; both are copied first.");
+  CLI::Option* large = line.Text("COMPANY", company, "Folder of the large company")->type_name("");
+  CLI::Option* small = line.Text("SAMPLE", sample, "Folder of the small one")->type_name("")->needs(large);
+  large->needs(small);
+  line.Text("--start", start, "Only starts on the company there, and ends once the window is usable")->type_name("FOLDER")->excludes(large);
+  line.options().require_option(1, 2);
+  if (const auto status = line.Read(argc, argv)) return *status;
+  if (!start.empty()) {
+    const ostrinka::Running running(start);
     return 0;
   }
-  if (words.size() == 2) return ostrinka::Measure(ostrinka::FromQt(words[0]), ostrinka::FromQt(words[1]));
-  std::fputs("ostrinka-measure COMPANY SAMPLE\n", stderr);
-  return 2;
+  return ostrinka::Measure(company, sample);
 }

@@ -2,6 +2,8 @@
 #include <QApplication>
 #include <QTimer>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "app/program.h"
 #include "desktop/desktop_ui.h"
@@ -11,6 +13,7 @@
 #include "desktop/qt_platform.h"
 #include "desktop/splash.h"
 #include "desktop/toolkit_texts.h"
+#include "platform/posix/command_line.h"
 #include "startup/startup.h"
 
 namespace ostrinka {
@@ -106,7 +109,17 @@ int main(int count, char** words) {
   QApplication::setApplicationName("ostrinka");
   QApplication::setApplicationDisplayName("Ostrinka 2008");
   QApplication::setQuitOnLastWindowClosed(false);
-  QString command_line;
-  for (const QString& word : QApplication::arguments().mid(1)) command_line += word + " ";
-  return ostrinka::Desktop().Run(ostrinka::FromQt(command_line));
+  // What the toolkit takes for itself (-platform, -style) is gone from its words.
+  std::vector<std::string> own, words_of_start;
+  for (const QString& word : QApplication::arguments()) own.push_back(ostrinka::FromQt(word));
+  std::vector<const char*> pointers;
+  for (const std::string& word : own) pointers.push_back(word.c_str());
+  ostrinka::CommandLine line("ostrinka", "Ostrinka 2008: invoices of a small business.");
+  line.options()
+      .add_option("WORDS", words_of_start, "+wiz starts with the first-run wizard; +nohook is taken and changes nothing")
+      ->type_name("");
+  if (const auto status = line.Read(static_cast<int>(pointers.size()), pointers.data())) return *status;
+  std::string command_line;
+  for (const std::string& word : words_of_start) command_line += word + " ";
+  return ostrinka::Desktop().Run(command_line);
 }

@@ -11,6 +11,7 @@
 
 #include "desktop/pdf_file.h"
 #include "desktop/qcanvas.h"
+#include "platform/posix/command_line.h"
 #include "platform/posix/posix_files.h"
 #include "print/page_file.h"
 
@@ -32,29 +33,6 @@ struct LoadedPage {
   std::string bytes;
   PageFileSize size;
 };
-
-std::optional<Options> ReadOptions(int count, char** words) {
-  Options options;
-  std::vector<std::string> plain;
-  for (int i = 1; i < count; ++i) {
-    std::string word = words[i];
-    if ((word == "--dpi" || word == "--pdf") && i + 1 == count) return std::nullopt;
-    if (word == "--dpi") {
-      options.dpi = std::atoi(words[++i]);
-    } else if (word == "--pdf") {
-      options.pdf = words[++i];
-    } else if (word.starts_with("--")) {
-      return std::nullopt;
-    } else {
-      plain.push_back(word);
-    }
-  }
-  if (plain.size() < 2 || options.dpi < 10 || options.dpi > kMostDpi) return std::nullopt;
-  options.folder = plain.front();
-  if (options.folder.back() != '/') options.folder += '/';
-  options.pages.assign(plain.begin() + 1, plain.end());
-  return options;
-}
 
 bool Fail(const std::string& what, const std::string& file) {
   std::fprintf(stderr, "ostrinka-pages: %s: %s\n", what.c_str(), file.c_str());
@@ -134,13 +112,16 @@ void OnlySevere(QtMsgType type, const QMessageLogContext&, const QString& text) 
 }
 
 int main(int argc, char** argv) {
-  std::optional<ostrinka::Options> options = ostrinka::ReadOptions(argc, argv);
-  if (!options) {
-    std::fputs("ostrinka-pages [--dpi N] [--pdf FILE] OUTDIR PAGE.ovp...\n", stderr);
-    return 2;
-  }
+  ostrinka::Options options;
+  ostrinka::CommandLine line("ostrinka-pages", "Turns page files into pictures, or into one PDF with embedded fonts.");
+  line.Whole("--dpi", options.dpi, 10, ostrinka::kMostDpi, "Dots per inch of the pictures, 10 to 1200; 150 when not given")->type_name("N");
+  line.Text("--pdf", options.pdf, "Writes this file instead of pictures; a bare name goes to OUTDIR")->type_name("FILE");
+  line.Text("OUTDIR", options.folder, "Folder of the pictures, made when it is missing")->required()->type_name("");
+  line.options().add_option("PAGE", options.pages, "Page files (.ovp)")->required()->type_name("");
+  if (const auto status = line.Read(argc, argv)) return *status;
+  if (options.folder.back() != '/') options.folder += '/';
   if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
   qInstallMessageHandler(OnlySevere);
   QGuiApplication application(argc, argv);
-  return ostrinka::Run(*options);
+  return ostrinka::Run(options);
 }

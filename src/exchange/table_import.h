@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "engine/qdbase.h"
-#include "exchange/import.h"
 #include "exchange/import_columns.h"
 #include "exchange/import_dictionaries.h"
+#include "exchange/import_result.h"
 #include "exchange/separated_file.h"
 
 namespace ostrinka {

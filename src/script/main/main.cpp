@@ -1,48 +1,30 @@
 // ostrinka-script [--app DIR] [--now YYYY-MM-DD] [--seed N] FILE|-
-#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <limits>
 
+#include "platform/posix/command_line.h"
 #include "script/script_runner.h"
-
-namespace {
-
-int Usage() {
-  std::cerr << "usage: ostrinka-script [--app DIR] [--now YYYY-MM-DD] [--seed N] FILE|-\n";
-  return 2;
-}
-
-}  // namespace
 
 int main(int count, char** words) {
   ostrinka::ScriptOptions options;
+  std::string folder, file;
+  uint64_t seed = 0;
+  ostrinka::CommandLine line("ostrinka-script", "Runs the whole program without a window, driven by the steps of a script.");
+  line.Text("--app", folder, "The program's folder; where the executable stands when not given")->type_name("DIR");
+  line.Checked("--now", "Fixes the clock at 12:00 of that day",
+               [&](const std::string& text) { return (options.day = ostrinka::Date::Parse(text)).has_value(); })
+      ->type_name("YYYY-MM-DD");
+  const CLI::Option* seeded =
+      line.Whole("--seed", seed, 0, std::numeric_limits<uint64_t>::max(), "Fixes the random numbers")->type_name("N");
+  line.Text("FILE", file, "The script; - reads it from standard input")->required()->type_name("");
+  if (const auto status = line.Read(count, words)) return *status;
+  if (seeded->count() > 0) options.seed = seed;
   options.application_folder = ostrinka::ExecutableFolder();
-  std::string file;
-  for (int i = 1; i < count; ++i) {
-    const std::string word = words[i];
-    const bool option = word == "--app" || word == "--now" || word == "--seed";
-    if (option && i + 1 == count) return Usage();
-    if (word == "--app") {
-      options.application_folder = std::filesystem::absolute(words[++i]).string();
-      if (options.application_folder.back() != '/') options.application_folder += '/';
-    } else if (word == "--now") {
-      options.day = ostrinka::Date::Parse(words[++i]);
-      if (!options.day) return Usage();
-    } else if (word == "--seed") {
-      const std::string number = words[++i];
-      uint64_t seed = 0;
-      const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), seed);
-      if (error != std::errc() || end != number.data() + number.size()) return Usage();
-      options.seed = seed;
-    } else if (file.empty() && (word == "-" || word[0] != '-')) {
-      file = word;
-    } else {
-      return Usage();
-    }
-  }
-  if (file.empty()) return Usage();
+  if (!folder.empty()) options.application_folder = std::filesystem::absolute(folder).string();
+  if (options.application_folder.back() != '/') options.application_folder += '/';
   std::string script;
   if (file == "-") {
     script.assign(std::istreambuf_iterator<char>(std::cin), {});
