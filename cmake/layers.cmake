@@ -1,11 +1,19 @@
-# Reads layers.txt: OSTRINKA_FOLDERS in the order of the levels, and OSTRINKA_USES_<folder> with the libraries that a folder may use.
+# Reads layers.txt: OSTRINKA_FOLDERS in the order of the levels, and OSTRINKA_USES_<folder> with the libraries that a folder may use. Rows that say
+# "empty so far" keep a place in the order for what will come, and make no library.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt rows REGEX "^[a-z/]+ \\|")
 set(OSTRINKA_FOLDERS "")
+set(OSTRINKA_EMPTY "")
 foreach(row ${rows})
-  string(REGEX MATCH "^([a-z/]+) \\| ([a-z/ -]+) \\|" matched "${row}")
+  string(REGEX MATCH "^([a-z/]+) \\| ([a-z/ -]+) \\| (.*)$" matched "${row}")
   set(folder ${CMAKE_MATCH_1})
-  string(REGEX REPLACE "[ -]+" ";" uses "${CMAKE_MATCH_2}")
+  set(uses "${CMAKE_MATCH_2}")
+  if(CMAKE_MATCH_3 STREQUAL "empty so far")
+    list(APPEND OSTRINKA_EMPTY ${folder})
+    continue()
+  endif()
+  string(REGEX REPLACE "[ -]+" ";" uses "${uses}")
+  list(REMOVE_ITEM uses "" ${OSTRINKA_EMPTY})
   list(APPEND OSTRINKA_FOLDERS ${folder})
   set(OSTRINKA_USES_${folder} ${uses})
 endforeach()

@@ -30,7 +30,7 @@ inline constexpr int kTableSlots = 32;
 class Program {
  public:
   // Runs the mobile test: a file "mobile" in the application folder moves the settings there.
-  explicit Program(Platform& platform);
+  explicit Program(Platform& surroundings);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

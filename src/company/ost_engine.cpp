@@ -96,7 +96,8 @@ bool OpenTable(Program& program, int number, const std::string& folder, const Lo
 // The last three steps are 98, 99 and 100.
 double OpeningPercent(size_t step) {
   constexpr size_t kBefore = kTableCount - 3;
-  return step <= kBefore ? static_cast<double>(step * 97 / kBefore) : static_cast<double>(97 + step - kBefore);
+  const size_t whole = step <= kBefore ? step * 97 / kBefore : 97 + step - kBefore;
+  return static_cast<double>(whole);
 }
 
 bool SameVersion(ProgramVersion a, ProgramVersion b) {

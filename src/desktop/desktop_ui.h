@@ -2,12 +2,11 @@
 #pragma once
 
 #include <QPointer>
+#include <QWidget>
 #include <functional>
 
 #include "desktop/look.h"
 #include "platform/user_interface.h"
-
-class QWidget;
 
 namespace ostrinka {
 

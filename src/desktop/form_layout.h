@@ -34,7 +34,7 @@ class RowLayout : public QLayout {
   QSize minimumSize() const override;
   bool hasHeightForWidth() const override;
   int heightForWidth(int width) const override;
-  void setGeometry(const QRect& area) override;
+  void setGeometry(const QRect& outer) override;
 
  private:
   int CaptionHeight() const;

@@ -72,7 +72,7 @@ class StepMark : public QAbstractButton {
   State state_ = State::kAhead;
 };
 
-StepList::StepList(const Look& look, const Form& form, QWidget* parent, std::function<void(const std::string&)> go)
+StepList::StepList(const Look& look, const Form& form, QWidget* parent, const std::function<void(const std::string&)>& go)
     : QWidget(parent), look_(look), form_(form) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(1, kMargin - 4, 1, kMargin);

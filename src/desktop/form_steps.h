@@ -15,7 +15,7 @@ class StepMark;
 class StepList : public QWidget {
  public:
   // `go` is called with the page that the person goes back to by a click.
-  StepList(const Look& look, const Form& form, QWidget* parent, std::function<void(const std::string&)> go);
+  StepList(const Look& look, const Form& form, QWidget* parent, const std::function<void(const std::string&)>& go);
   void Refresh();  // shows what the form says
 
  protected:

@@ -179,7 +179,7 @@ void FieldHost::Beep() const {
   program.platform.ui.Beep();
 }
 
-void Follow(const Control& control, QWidget* widget, std::function<void()> show) {
+void Follow(const Control& control, QWidget* widget, const std::function<void()>& show) {
   // Events keep their handlers for good, and a form may be shown again in another window.
   const_cast<Control&>(control).Repaint += [guard = QPointer<QWidget>(widget), show] {
     if (guard) show();
@@ -213,7 +213,7 @@ QPixmap WarningPicture(const Look& look, int size, double ratio) {
   return picture;
 }
 
-void AttachMark(FieldHost& host, Control& control, QWidget* field, std::function<void(int)> room) {
+void AttachMark(FieldHost& host, Control& control, QWidget* field, const std::function<void(int)>& room) {
   auto* mark = new Mark(host.look, field);
   Follow(control, mark, [&control, field, mark, room] {
     const bool shown = control.Warning();

@@ -30,7 +30,7 @@ struct FieldHost {
 QWidget* MakeField(FieldHost& host, Control& control, unsigned flags, QWidget* parent);
 
 // Calls `show` now and whenever the control asks to be drawn, as long as `widget` stands.
-void Follow(const Control& control, QWidget* widget, std::function<void()> show);
+void Follow(const Control& control, QWidget* widget, const std::function<void()>& show);
 
 // A box of several lines in which Enter makes a new line; in the low ones it goes to the next field, and Shift+Enter makes the line.
 bool TakesEnter(const QWidget* field);
@@ -44,7 +44,7 @@ QWidget* MakeTableField(FieldHost& host, TableControl& control, QWidget* parent)
 QWidget* MakeFileList(FieldHost& host, MemoControl& control, QWidget* parent);
 
 // The red mark of a doubtful entry, within the right end of `field`; `room` is told how many pixels it takes, 0 when it is away.
-void AttachMark(FieldHost& host, Control& control, QWidget* field, std::function<void(int)> room);
+void AttachMark(FieldHost& host, Control& control, QWidget* field, const std::function<void(int)>& room);
 QPixmap WarningPicture(const Look& look, int size, double ratio);
 
 // The height of a field of one line, in the pixels of the layout.

@@ -340,7 +340,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   const QWidget* field = focusWidget();
   const bool asked = field && (field == parts_->tabs || parts_->controls.count(field) > 0);
   if (!asked && parts_->OnKey(*event, nullptr, nullptr)) return;
-  QWidget::keyPressEvent(event);
+  QWidget::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call): QDialog would close by Escape and press its own default button
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

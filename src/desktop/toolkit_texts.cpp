@@ -15,58 +15,18 @@ struct TextRow {
   const char* key;
 };
 
-// The same words mean the same wherever the toolkit says them.
+// Where the toolkit's own Polish differs from the words of this program: a folder is no "katalog", and what is kept is "zapisane".
 constexpr TextRow kTexts[] = {
-    {"&Undo", "toolkit.undo"},
     {"&Redo", "toolkit.redo"},
-    {"Cu&t", "toolkit.cut"},
-    {"&Copy", "toolkit.copy"},
-    {"&Paste", "toolkit.paste"},
-    {"Delete", "toolkit.delete"},
-    {"&Delete", "toolkit.delete"},
-    {"Select All", "toolkit.selectall"},
-    {"&Select All", "toolkit.selectall"},
-    {"OK", "common.ok"},
-    {"&OK", "common.ok"},
-    {"Cancel", "common.cancel"},
-    {"&Yes", "common.yes"},
-    {"&No", "common.no"},
-    {"Close", "common.close"},
-    {"Open", "toolkit.open"},
-    {"&Open", "toolkit.open"},
     {"Save", "toolkit.save"},
     {"&Save", "toolkit.save"},
     {"Save As", "toolkit.saveas"},
-    {"&Choose", "toolkit.choose"},
-    {"Look in:", "toolkit.lookin"},
-    {"Directory:", "toolkit.folder"},
-    {"File &name:", "toolkit.filename"},
-    {"Files of type:", "toolkit.filetype"},
-    {"Back", "toolkit.back"},
-    {"Forward", "toolkit.forward"},
+    {"Directory:", "toolkit.directory"},
+    {"Folder", "toolkit.folder"},
     {"Parent Directory", "toolkit.up"},
     {"Create New Folder", "toolkit.newfolder"},
     {"&New Folder", "toolkit.newfolder"},
     {"New Folder", "toolkit.newfolder"},
-    {"List View", "toolkit.list"},
-    {"Detail View", "toolkit.details"},
-    {"Show &hidden files", "toolkit.hidden"},
-    {"&Rename", "toolkit.rename"},
-    {"Find Directory", "toolkit.choose"},
-    {"All Files (*)", "toolkit.allfiles"},
-    {"All files (*)", "toolkit.allfiles"},
-    {"Computer", "toolkit.computer"},
-    {"My Computer", "toolkit.computer"},
-    {"Name", "toolkit.name"},
-    {"Size", "toolkit.size"},
-    {"Type", "toolkit.type"},
-    {"Date Modified", "toolkit.modified"},
-    {"Show ", "toolkit.show"},
-    {"File", "toolkit.file"},
-    {"Folder", "toolkit.filefolder"},
-    {"%1 already exists.\nDo you want to replace it?", "toolkit.replace"},
-    {"%1\nFile not found.\nPlease verify the correct file name was given.", "toolkit.nofile"},
-    {"%1\nDirectory not found.\nPlease verify the correct directory name was given.", "toolkit.nofolder"},
 };
 
 }  // namespace
@@ -81,8 +41,7 @@ void ToolkitTexts::Install() {
 QString ToolkitTexts::translate(const char*, const char* source, const char*, int) const {
   if (!source) return {};
   for (const TextRow& row : kTexts) {
-    if (row.source != source || !program_.catalogue.Has(row.key)) continue;
-    return ToQt(program_.Text(row.key)).replace("\r\n", "\n") + (row.source.ends_with(' ') ? " " : "");
+    if (row.source == source && program_.catalogue.Has(row.key)) return ToQt(program_.Text(row.key));
   }
   return {};
 }

@@ -1,4 +1,5 @@
-// The toolkit's own texts (menus of text fields, file dialogs, buttons) from the program's catalogue.
+// The toolkit's own texts (menus of text fields, file dialogs, buttons) in Polish, from its own catalogue, with a few words of the
+// program's.
 #pragma once
 
 #include <QTranslator>
@@ -10,8 +11,7 @@ class Program;
 class ToolkitTexts : public QTranslator {
  public:
   explicit ToolkitTexts(const Program& program) : program_(program) {}
-  // Installs Polish for the whole application: what the toolkit's own catalogue on this machine says, and before it what the program's
-  // says.
+  // Installs Polish for the whole application, as long as this object lives.
   void Install();
 
   QString translate(const char* context, const char* source, const char* disambiguation, int count) const override;

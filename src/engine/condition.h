@@ -63,7 +63,7 @@ class Condition {
     bool scanned = false;       // all targets were told in one pass
   };
 
-  Term Bind(const ConditionTerm& term);
+  Term Bind(const ConditionTerm& from);
   bool Holds(Term& term, const char* record);
   bool HoldsForText(const Term& term, std::string_view bytes);
   bool HoldsForLink(Term& term, int32_t target);

@@ -42,7 +42,7 @@ std::string FromUtf16(std::string_view bytes, bool little_endian) {
   return FromCodePoints(letters);
 }
 
-std::string DecodeText(std::string bytes) {
+std::string DecodeText(const std::string& bytes) {
   if (StartsWith(bytes, "\xFF\xFE")) return FromUtf16(bytes, true);
   if (StartsWith(bytes, "\xFE\xFF")) return FromUtf16(bytes, false);
   // A mark says what the file is, also where a part of it is spoilt.
@@ -61,11 +61,11 @@ SeparatedFile::OpenResult SeparatedFile::Open(FileSystem& files, const std::stri
   if (size > kSeparatedFileLimit) return OpenResult::kTooLarge;
   std::string bytes;
   if (size < 0 || !files.ReadAll(path, bytes, kSeparatedFileLimit)) return OpenResult::kUnreadable;
-  return OpenBytes(std::move(bytes));
+  return OpenBytes(bytes);
 }
 
-SeparatedFile::OpenResult SeparatedFile::OpenBytes(std::string bytes) {
-  text_ = DecodeText(std::move(bytes));
+SeparatedFile::OpenResult SeparatedFile::OpenBytes(const std::string& bytes) {
+  text_ = DecodeText(bytes);
   position_ = 0;
   row_ = 0;
   while (!text_.empty() && text_.back() == kEndOfFile) text_.pop_back();

@@ -37,7 +37,7 @@ class SeparatedFile {
   enum class OpenResult { kOpened, kUnreadable, kTooLarge, kNotText, kEmpty };
   OpenResult Open(FileSystem& files, const std::string& path);
   // The same from the bytes of a file.
-  OpenResult OpenBytes(std::string bytes);
+  OpenResult OpenBytes(const std::string& bytes);
 
   // The next row that is not blank; false at the end.
   bool Next(SeparatedRow& row);

@@ -58,7 +58,7 @@ class TableImport {
   std::string ReadText(const ImportColumn& column, const std::string& cell);
   std::string ReadNumberCell(const ImportColumn& column, const std::string& cell);
   std::string ReadFlag(const ImportColumn& column, const std::string& cell);
-  std::string ReadLink(const ImportColumn& column, const std::string& cell);
+  std::string ReadLink(const ImportColumn& column, const std::string& text);
   std::string TextFault(const std::string& heading, const std::string& text, int32_t length) const;
   std::string Duplicate() const;
   std::vector<RecordIdentity> RowIdentities() const;

@@ -5,7 +5,6 @@
 #include "base/text.h"
 #include "company/ost_engine.h"
 #include "company/tables.h"
-#include "company/tables.h"
 #include "masterdata/company_data.h"
 #include "masterdata/create_database_form.h"
 #include "masterdata/wizard_form.h"

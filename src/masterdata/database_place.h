@@ -29,7 +29,7 @@ class DatabasePlaceFields {
   TextBoxControl& path;
 
   // `browse` asks for a folder under the title `title_key`.
-  DatabasePlaceFields(Program& program, std::array<OptionBoxControl, 2>& options, TextBoxControl& path, ButtonControl& browse,
+  DatabasePlaceFields(Program& program, std::array<OptionBoxControl, 2>& boxes, TextBoxControl& box, ButtonControl& browse,
                       std::string title_key);
   void Show(const DatabasePlace& place);
   DatabasePlace Read() const;

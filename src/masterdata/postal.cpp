@@ -94,7 +94,7 @@ int32_t PostalTable::PostalIndexOf(std::string_view code) const {
 int32_t PostalTable::RegionOfCode(std::string_view code) {
   const std::string text = Trim(code);
   if (!IsCode(text)) return 0;
-  return kVoivodeshipOfDistrict[static_cast<size_t>((text[0] - '0') * 10 + (text[1] - '0'))];
+  return kVoivodeshipOfDistrict[static_cast<size_t>(text[0] - '0') * 10 + static_cast<size_t>(text[1] - '0')];
 }
 
 }  // namespace ostrinka

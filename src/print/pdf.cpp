@@ -323,7 +323,8 @@ void ClassPDF::Test() {
     for (int cell = 0; cell < 100; ++cell) {
       int glyph = page * 100 + cell;
       std::string code{kHexDigits[glyph >> 12 & 15], kHexDigits[glyph >> 8 & 15], kHexDigits[glyph >> 4 & 15], kHexDigits[glyph & 15]};
-      double x = 15 + cell % 10 * 18, y = 15 + cell / 10 * 26;
+      const int row = cell / 10, column = cell % 10;
+      double x = 15 + column * 18, y = 15 + row * 26;
       SetAttrs(0, 0, 0, 1);
       DrawNativeText(code, font, 8, x, y, 1, 0);
       SetAttrs(Rgb(200, 200, 200), Rgb(200, 200, 200), 0, 1);

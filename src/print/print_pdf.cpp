@@ -13,7 +13,7 @@ constexpr double kNoWrap = 0.01;       // a wrap width below is none
 constexpr double kInHand = 1;          // mm of the box that wrapped words leave free
 
 // "%p" is the page's number; other marks stay.
-std::string WithPageNumber(std::string text, const std::string& number) {
+std::string WithPageNumber(const std::string& text, const std::string& number) {
   return Contains(text, "%") ? ReplaceAll(ReplaceAll(text, "%p", number), "%P", number) : text;
 }
 

@@ -270,43 +270,47 @@ TEST_F(LookTest, NoTextControlTakesALetterThatTheTablesLack) {
   }
 }
 
-// The menus of the fields and the toolkit's own file dialog hold no text that is not the catalogue's.
-TEST_F(LookTest, TheToolkitSpeaksTheLanguageOfTheCatalogue) {
-  Open();
-  ToolkitTexts texts(*program);
-  texts.Install();
-  std::set<QString> polish;
-  std::string line;
-  for (std::ifstream catalogue(OSTRINKA_SOURCE "/resources/program.lang"); std::getline(catalogue, line);) {
-    if (const size_t sign = line.find('='); sign != std::string::npos) polish.insert(ToQt(line.substr(sign + 1)).remove('&'));
-  }
-  int seen = 0;
-  const auto check = [&](QString text) {
-    text = text.section('\t', 0, 0).remove('&').remove("Pokazuj: ");
-    if (text.isEmpty()) return;
-    EXPECT_TRUE(polish.count(text)) << text.toStdString();
-    ++seen;
-  };
+// What the toolkit itself says: in the menus of text fields and in its file dialogs.
+QStringList ToolkitsOwnTexts(const QString& folder) {
+  QStringList texts;
   QLineEdit field;
   QPlainTextEdit area;
   for (QMenu* menu : {field.createStandardContextMenu(), area.createStandardContextMenu()}) {
-    for (const QAction* action : menu->actions()) check(action->text());
+    for (const QAction* action : menu->actions()) texts << action->text().section('\t', 0, 0);
     delete menu;
   }
   for (const auto mode : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
     QFileDialog dialog;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(mode);
-    dialog.setDirectory(ToQt(surroundings.folder.path()));
-    for (const QLabel* label : dialog.findChildren<QLabel*>()) check(label->text());
-    for (const QPushButton* button : dialog.findChildren<QPushButton*>()) check(button->text());
-    for (const QToolButton* button : dialog.findChildren<QToolButton*>()) check(button->toolTip());
-    for (const QAction* action : dialog.findChildren<QAction*>()) check(action->text());
+    dialog.setDirectory(folder);
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) texts << label->text();
+    for (const QPushButton* button : dialog.findChildren<QPushButton*>()) texts << button->text();
+    for (const QToolButton* button : dialog.findChildren<QToolButton*>()) texts << button->toolTip();
+    for (const QAction* action : dialog.findChildren<QAction*>()) texts << action->text();
     for (const auto* model : dialog.findChildren<QFileSystemModel*>()) {
-      for (int column = 0; column < model->columnCount(); ++column) check(model->headerData(column, Qt::Horizontal).toString());
+      for (int column = 0; column < model->columnCount(); ++column) texts << model->headerData(column, Qt::Horizontal).toString();
     }
   }
-  EXPECT_GT(seen, 30);
+  texts.removeAll(QString());
+  return texts.replaceInStrings("&", "");
+}
+
+TEST_F(LookTest, TheToolkitSpeaksPolishInTheProgramsWords) {
+  Open();
+  const QStringList english = ToolkitsOwnTexts(surroundings.folder.path().c_str());
+  ToolkitTexts texts(*program);
+  texts.Install();
+  const QStringList polish = ToolkitsOwnTexts(surroundings.folder.path().c_str());
+  ASSERT_GT(english.size(), 30);
+  ASSERT_EQ(english.size(), polish.size());
+  for (int i = 0; i < english.size(); ++i) {
+    EXPECT_NE(english[i], polish[i]);
+    EXPECT_FALSE(polish[i].contains("katalog", Qt::CaseInsensitive)) << polish[i].toStdString();
+  }
+  for (const char* word : {"Cofnij", "Ponów", "Wklej", "Folder:", "Nowy folder", "Nazwa pliku:", "Zapisz", "Anuluj"}) {
+    EXPECT_TRUE(polish.contains(word)) << word;
+  }
 }
 
 }  // namespace
