@@ -10,7 +10,8 @@ import sys
 
 sys.dont_write_bytecode = True
 import drawing
-from skin_art import Art, SCALE
+from skin_art import Art
+from skin_pen import SCALE
 
 RESOURCES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "resources")
 SKINS = ("black", "silver", "blue")
