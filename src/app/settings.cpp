@@ -15,6 +15,7 @@ std::string Settings::FileName(std::string_view space, std::string_view section,
 }
 
 Value Settings::GetSettingValue(std::string_view space, std::string_view section, std::string_view key, const Value& fallback) {
+  // Kept: a wrong name reads as the number of that error, not as the fallback.
   if (Trim(space).empty() || Trim(section).empty() || Trim(key).empty()) return int32_t{5};
   const std::string path = folder_ + FileName(space, section, key);
   if (files_.FileSize(path) < 0) return fallback;

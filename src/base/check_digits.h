@@ -9,7 +9,8 @@ namespace ostrinka {
 
 // The tax number: ten digits, whatever stands between them.
 bool CheckNIP(std::string_view text);
-// The statistical number of 7, 9 or 14 digits, whatever stands between them. A remainder of 10 is invalid and does not count as 0.
+// The statistical number of 7, 9 or 14 digits, whatever stands between them. Kept strict: a remainder of 10
+// is invalid and does not count as 0.
 bool CheckREGON(std::string_view text);
 // The account number in its international form; one without two letters in front gets `country` ("PL").
 bool CheckIBAN(std::string_view text, std::string_view country);

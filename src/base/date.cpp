@@ -23,7 +23,8 @@ sys_days DayOf(double number) {
   return kEpoch + days(static_cast<int>(std::floor(number)));
 }
 
-// Weeks of a year that begin on the weekday `start` (0 Sunday, 1 Monday); the week of 1 January is week 1.
+// Weeks of a year that begin on the weekday `start` (0 Sunday, 1 Monday); the week of 1 January is week 1. Kept: this is not the ISO week,
+// also where the week begins on Monday.
 int WeekOf(const Date& date, int start) {
   const YearMonthDay ymd = date.Ymd();
   const int first = Date::FromYmd(ymd.year, 1, 1)->Weekday() % 7;  // 0 Sunday

@@ -33,6 +33,7 @@ bool IsNumeric(const Value& value) {
 
 std::optional<double> ToDouble(const Value& value) {
   return std::visit(Overloaded{[](std::monostate) -> std::optional<double> { return 0.0; },
+                               // Kept: conditions and exports of existing companies hold -1 for true.
                                [](bool flag) -> std::optional<double> { return flag ? -1.0 : 0.0; },
                                [](Currency money) -> std::optional<double> { return money.ToDouble(); },
                                [](Date date) -> std::optional<double> { return date.days(); },
