@@ -1,7 +1,6 @@
 #include "desktop/qt_platform.h"
 
 #include <QEventLoop>
-#include <QImageReader>
 #include <QPageLayout>
 #include <QPrinterInfo>
 #include <QStandardPaths>
@@ -12,7 +11,6 @@
 namespace ostrinka {
 namespace {
 
-constexpr qint64 kMostPixels = 64'000'000, kWidestPixel = 8;  // bytes of a pixel of two bytes a colour
 constexpr double kHairlineMm = 0.1, kMmPerInch = 25.4;
 
 std::string UserSettingsFolder() {
@@ -25,26 +23,6 @@ void EventWaiter::Wait(int milliseconds) {
   QEventLoop loop;
   QTimer::singleShot(milliseconds, &loop, [&loop] { loop.quit(); });
   loop.exec(QEventLoop::ExcludeUserInputEvents);
-}
-
-std::optional<Picture> QtPictureDecoder::Decode(const std::string& path) {
-  QImageReader reader(ToQt(path));
-  reader.setDecideFormatFromContent(true);
-  const QByteArray format = reader.format();
-  if (format != "png" && format != "jpeg" && format != "gif" && format != "bmp") return std::nullopt;
-  const QSize size = reader.size();
-  if (size.isEmpty() || qint64{size.width()} * size.height() > kMostPixels) return std::nullopt;
-  // The limit holds for the whole program: room for the largest picture that may come, and no more.
-  QImageReader::setAllocationLimit(static_cast<int>(kMostPixels * kWidestPixel / (1 << 20)) + 1);
-  const QImage image = reader.read().convertToFormat(QImage::Format_ARGB32);
-  if (image.isNull()) return std::nullopt;
-  Picture picture{image.width(), image.height(), {}};
-  picture.pixels.reserve(static_cast<size_t>(image.width()) * static_cast<size_t>(image.height()));
-  for (int y = 0; y < image.height(); ++y) {
-    const auto* line = reinterpret_cast<const uint32_t*>(image.constScanLine(y));
-    picture.pixels.insert(picture.pixels.end(), line, line + image.width());
-  }
-  return picture;
 }
 
 Printer::State QtPrinter::Query() {
@@ -110,7 +88,8 @@ bool QtPrinter::EndDocument() {
 }
 
 QtPlatform::QtPlatform(UserInterface& ui, std::string application_folder)
-    : download(files),
+    : pictures(files),
+      download(files),
       platform{
           files,        ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder(),
           &embedded_pdf} {

@@ -1,4 +1,4 @@
-// The surroundings of the program in its window: real files, the system's clock, pictures and the default printer through Qt.
+// The surroundings of the program in its window: real files, the system's clock, the default printer through Qt.
 #pragma once
 
 #include <QPainter>
@@ -10,6 +10,7 @@
 #include "desktop/pdf_file.h"
 #include "desktop/qcanvas.h"
 #include "platform/platform.h"
+#include "platform/posix/picture_decoder.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_system.h"
 
@@ -19,12 +20,6 @@ namespace ostrinka {
 class EventWaiter : public Waiter {
  public:
   void Wait(int milliseconds) override;
-};
-
-// PNG, JPEG, GIF and BMP of at most 64 million pixels, told apart by their content.
-class QtPictureDecoder : public PictureDecoder {
- public:
-  std::optional<Picture> Decode(const std::string& path) override;
 };
 
 class QtPrinter : public Printer {
@@ -54,7 +49,7 @@ struct QtPlatform {
   EventWaiter waiter;
   QtPrinter printer;
   QtPdfFile embedded_pdf;
-  QtPictureDecoder pictures;
+  FilePictureDecoder pictures;
   HttpDownload download;
   PosixSerialPort serial;
   Platform platform;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <random>
 
+#include "platform/posix/picture_decoder.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_system.h"
 
@@ -53,7 +54,7 @@ struct ScriptPlatform {
   ScriptRandom random;
   NoWaiting waiter;
   NoPrinter printer;
-  BitmapDecoder pictures;
+  FilePictureDecoder pictures;
   HttpDownload download;
   PosixSerialPort serial;
   Platform platform;

@@ -193,36 +193,6 @@ TEST_F(LookTest, APictureOfASkinThatLiesAboutItsSizeIsNoPicture) {
   }
 }
 
-TEST_F(LookTest, ALogoThatIsNoPictureIsNone) {
-  QtPictureDecoder decoder;
-  const std::string path = surroundings.folder / "_logo.img";
-  QImage good(40, 20, QImage::Format_RGB32);
-  good.fill(Qt::red);
-  std::string whole;
-  for (const char* format : {"PNG", "JPG", "BMP"}) {
-    ASSERT_TRUE(good.save(ToQt(path), format));
-    ASSERT_TRUE(decoder.Decode(path).has_value()) << format;
-    whole = Bytes(path);
-    for (const size_t length : {size_t{0}, size_t{1}, size_t{20}, whole.size() / 3}) {
-      surroundings.files.WriteAll(path, whole.substr(0, length));
-      const auto picture = decoder.Decode(path);  // a cut-off picture may still give its upper lines
-      if (picture) {
-        EXPECT_EQ(picture->pixels.size(), size_t{40} * 20) << format << " " << length;
-      }
-      if (length < 20) {
-        EXPECT_FALSE(picture.has_value()) << format << " " << length;
-      }
-    }
-  }
-  for (const std::string& bytes :
-       {LyingBitmap(2000000000, 2000000000), LyingBitmap(60000, 60000), std::string("GIF89a\xFF\xFF\xFF\xFF"), std::string(70000, 'A')}) {
-    surroundings.files.WriteAll(path, bytes);
-    EXPECT_FALSE(decoder.Decode(path).has_value());
-  }
-  surroundings.files.Remove(path);
-  EXPECT_FALSE(decoder.Decode(path).has_value());
-}
-
 TEST_F(LookTest, NoTextControlTakesALetterThatTheTablesLack) {
   Open();
   Key(Qt::Key_F7);

@@ -11,8 +11,6 @@
 #include <random>
 #include <thread>
 
-#include "base/bytes.h"
-
 namespace ostrinka {
 
 Date SystemClock::Now() {
@@ -115,32 +113,6 @@ int64_t PosixSerialPort::Read(void* to, size_t length, int timeout_milliseconds)
 void PosixSerialPort::Close() {
   if (descriptor_ >= 0) close(descriptor_);
   descriptor_ = -1;
-}
-
-std::optional<Picture> BitmapDecoder::Decode(const std::string& path) {
-  std::string bytes;
-  if (!files_.ReadAll(path, bytes, int64_t{256} << 20) || bytes.size() < 54 || bytes[0] != 'B' || bytes[1] != 'M') return std::nullopt;
-  const uint32_t offset = LoadLe<uint32_t>(&bytes[10]);
-  const int32_t width = LoadLe<int32_t>(&bytes[18]);
-  const int64_t height = LoadLe<int32_t>(&bytes[22]);
-  const uint16_t bits = LoadLe<uint16_t>(&bytes[28]);
-  const uint32_t compression = LoadLe<uint32_t>(&bytes[30]);
-  const int64_t rows = height < 0 ? -height : height;
-  if ((bits != 24 && bits != 32) || (compression != 0 && !(bits == 32 && compression == 3))) return std::nullopt;
-  if (width < 1 || rows < 1 || int64_t{width} * rows > 64'000'000) return std::nullopt;
-  const int64_t step = bits / 8, row_bytes = (width * step + 3) / 4 * 4;
-  if (offset > bytes.size() || static_cast<int64_t>(bytes.size() - offset) < row_bytes * rows) return std::nullopt;
-  Picture picture{width, static_cast<int>(rows), {}};
-  picture.pixels.reserve(static_cast<size_t>(width * rows));
-  for (int64_t y = 0; y < rows; ++y) {
-    const int64_t source = height < 0 ? y : rows - 1 - y;
-    const auto* pixel = reinterpret_cast<const uint8_t*>(bytes.data()) + offset + source * row_bytes;
-    for (int x = 0; x < width; ++x, pixel += step) {
-      const uint32_t alpha = bits == 32 && compression == 3 ? pixel[3] : 255u;
-      picture.pixels.push_back(alpha << 24 | uint32_t{pixel[2]} << 16 | uint32_t{pixel[1]} << 8 | pixel[0]);
-    }
-  }
-  return picture;
 }
 
 std::string ExecutableFolder() {

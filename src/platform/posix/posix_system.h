@@ -45,16 +45,6 @@ class PosixSerialPort : public SerialPort {
   int descriptor_ = -1;
 };
 
-// Uncompressed bitmaps of 24 and 32 bits; the only pictures that need no library.
-class BitmapDecoder : public PictureDecoder {
- public:
-  explicit BitmapDecoder(FileSystem& files) : files_(files) {}
-  std::optional<Picture> Decode(const std::string& path) override;
-
- private:
-  FileSystem& files_;
-};
-
 // The folder of the running executable, with a closing slash; "./" when the system does not tell.
 std::string ExecutableFolder();
 

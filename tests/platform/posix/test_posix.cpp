@@ -8,7 +8,6 @@
 
 #include <thread>
 
-#include "base/bytes.h"
 #include "platform/posix/posix_system.h"
 #include "support/test_platform.h"
 
@@ -163,33 +162,6 @@ TEST_F(PosixTest, ADownloadCountsOnlyWhenItIsCompleteAndSuccessful) {
     EXPECT_EQ(download.Fetch(server.Url(), folder / "d", 10), row.counts) << row.answer;
     EXPECT_EQ(files.FileExists(folder / "d"), row.counts);
   }
-}
-
-TEST_F(PosixTest, BitmapsAreCheckedBeforeTheyAreRead) {
-  std::string bitmap(54 + 2 * 8, '\0');
-  bitmap[0] = 'B';
-  bitmap[1] = 'M';
-  StoreLe<uint32_t>(&bitmap[10], 54);
-  StoreLe<int32_t>(&bitmap[18], 2);
-  StoreLe<int32_t>(&bitmap[22], 2);
-  StoreLe<uint16_t>(&bitmap[28], 24);
-  bitmap[54] = '\x01';          // blue of the lower left pixel
-  bitmap[54 + 8 + 5] = '\x02';  // red of the upper right one
-  BitmapDecoder decoder(files);
-  ASSERT_TRUE(files.WriteAll(folder / "logo", bitmap));
-  const auto picture = decoder.Decode(folder / "logo");
-  ASSERT_TRUE(picture);
-  EXPECT_EQ(picture->pixels, (std::vector<uint32_t>{0xFF000000, 0xFF020000, 0xFF000001, 0xFF000000}));
-  const auto refused = [&](size_t at, int32_t value) {
-    std::string bad = bitmap;
-    StoreLe(&bad[at], value);
-    EXPECT_TRUE(files.WriteAll(folder / "logo", bad));
-    return !decoder.Decode(folder / "logo");
-  };
-  EXPECT_TRUE(refused(10, INT32_MAX));
-  EXPECT_TRUE(refused(18, INT32_MAX));
-  EXPECT_TRUE(refused(22, INT32_MIN));
-  EXPECT_TRUE(refused(22, 3));
 }
 
 }  // namespace
