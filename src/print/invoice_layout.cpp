@@ -1,8 +1,9 @@
 #include "print/invoice_layout.h"
 
-#include "base/text.h"
 #include "documents/numbering.h"
-#include "print/document_blocks.h"
+#include "print/document_head.h"
+#include "print/document_sums.h"
+#include "print/document_tail.h"
 #include "print/line_table.h"
 #include "print/party_block.h"
 #include "print/printed_document.h"
@@ -10,9 +11,9 @@
 namespace ostrinka {
 namespace {
 
-std::vector<ColumnId> InvoiceColumns(Program& program, const PrintedDocument& document) {
+std::vector<ColumnId> InvoiceColumns(const PrintOptions& options, const PrintedDocument& document) {
   std::vector<ColumnId> columns = {ColumnId::kNumber, ColumnId::kName};
-  if (!program.settings.Boolean(kCommon, "prgSettings", "VDopNorPKWiU", false)) columns.push_back(ColumnId::kCode);
+  if (!options.without_classification) columns.push_back(ColumnId::kCode);
   columns.insert(columns.end(), {ColumnId::kQuantity, ColumnId::kUnit, ColumnId::kNetPrice});
   if (document.AnyDiscount()) columns.push_back(ColumnId::kDiscount);
   columns.insert(columns.end(), {ColumnId::kNet, ColumnId::kRate, ColumnId::kVat, ColumnId::kGross});
@@ -24,37 +25,38 @@ std::string SaleDates(const PrintedDocument& document) {
   return document.sold_over_range ? from + " - " + document.DateText(document.sold_to) : from;
 }
 
-DocumentHead InvoiceHead(Program& program, const PrintedDocument& document, const std::string& label) {
+DocumentHead InvoiceHead(const PrintJob& job, const PrintedDocument& document, const std::string& label) {
   DocumentHead head;
-  head.pairs = {{"sdoc.info.place", program.settings.Text(kCommon, "user", "mwdok")},
+  head.pairs = {{"sdoc.info.place", job.options.company.M_WYST_DOK},
                 {"sdoc.info.sdate", SaleDates(document)},
                 {"sdoc.info.mdate", document.DateText(document.issued)}};
   head.title = DocumentTitle(document);
   if (has_option(document.options, "PF")) return head;
   head.copy_label = label;
-  if (!label.empty() && label == program.Text("sdoc.ct.dup")) {
-    head.label_date = program.Text("sdoc.dupdate") + " " + document.DateText(program.platform.clock.Now());
+  if (!label.empty() && label == job.program.Text("sdoc.ct.dup")) {
+    head.label_date = job.program.Text("sdoc.dupdate") + " " + document.DateText(job.program.platform.clock.Now());
   }
   return head;
 }
 
 }  // namespace
 
-void PrintInvoice(Program& program, ClassPRINT& print, const DocumentCopy& copy) {
+void PrintInvoice(PrintJob& job, const DocumentCopy& copy) {
+  Program& program = job.program;
   const PrintedDocument document = ReadPrintedDocument(program, copy.record);
-  PageFlow flow(program, print, DocumentTitle(document));
+  const LineSums sums = SumLines(document.lines);
+  const DocumentHead head = InvoiceHead(job, document, copy.label);
+  PageFlow flow(job, {.continuation = head.title, .copy = head.copy_label});
   flow.FirstPage();
-  const DocumentHead head = InvoiceHead(program, document, copy.label);
   const TitlePlace title = PrintDocumentHead(flow, head);
   PrintParties(flow, document.customer, document.payer);
   PrintTitle(flow, head, title);
-  LineTable table(flow, document, document.lines, InvoiceColumns(program, document));
-  table.Draw();
-  table.DrawSums("sdoc.sum", "sdoc.svat");
-  PrintPayment(flow, document);
-  PrintSignatures(flow, {{"sdoc.info.scust.per", document.issuer, program.Text("sdoc.info.scust.per.info")},
-                         {"sdoc.info.bcust.per", document.receiver, program.Text("sdoc.info.bcust.per.info")}});
-  PrintNotes(flow, document.notes);
+  const std::vector<ColumnId> columns = InvoiceColumns(job.options, document);
+  PagedTable(flow, LineTableOf(program, document, document.lines, sums, columns, "sdoc.sum", "sdoc.svat")).Draw();
+  PlaceBlocks(flow, {PaymentBlock(flow, document, PaymentOf(program, job.options, document)),
+                     SignatureBlock(flow, {{"sdoc.info.scust.per", document.issuer, program.Text("sdoc.info.scust.per.info")},
+                                           {"sdoc.info.bcust.per", document.receiver, program.Text("sdoc.info.bcust.per.info")}}),
+                     NotesBlock(flow, document.notes)});
 }
 
 }  // namespace ostrinka

@@ -1,10 +1,11 @@
 // The layout of a VAT invoice and of every ordinary document that has no layout of its own.
 #pragma once
 
-#include "print/sales_document_layout.h"
+#include "print/document_copy.h"
+#include "print/print_job.h"
 
 namespace ostrinka {
 
-void PrintInvoice(Program& program, ClassPRINT& print, const DocumentCopy& copy);
+void PrintInvoice(PrintJob& job, const DocumentCopy& copy);
 
 }  // namespace ostrinka

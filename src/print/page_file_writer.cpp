@@ -2,6 +2,7 @@
 
 #include "base/bytes.h"
 #include "print/page_file.h"
+#include "print/picture_pixels.h"
 
 namespace ostrinka {
 
@@ -197,11 +198,8 @@ void PageFileWriter::Stretch(PagePoint top_left, int32_t width, int32_t height, 
   for (uint32_t row = rows; row-- > 0;) {
     const uint32_t* pixel = &picture.pixels[size_t{row} * columns];
     for (uint32_t column = 0; column < columns; ++column, ++pixel) {
-      uint32_t alpha = *pixel >> 24;
-      for (int shift : {0, 8, 16}) {
-        uint32_t channel = *pixel >> shift & 255;
-        bytes_ += static_cast<char>((channel * alpha + 255 * (255 - alpha) + 127) / 255);
-      }
+      const uint32_t colour = OnWhitePaper(*pixel);
+      for (int shift : {0, 8, 16}) bytes_ += static_cast<char>(colour >> shift & 255);
     }
     bytes_.append(stride - columns * 3, '\0');
   }

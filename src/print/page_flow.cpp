@@ -3,12 +3,12 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "print/print_run.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr double kFrameSize = 10;
+constexpr double kBetween = 4;      // the title of a further page and the name of the copy
 constexpr double kTotalWidth = 5;   // room for the stamped number of pages, right of the page number
 constexpr double kTight = 0.4;      // what a line keeps free of its box, so that neither destination wraps it again
 constexpr double kPdfPitch = 1.02;  // distance of lines in the PDF to that in the page file
@@ -55,20 +55,19 @@ bool HasMark(std::string_view text) {
 
 }  // namespace
 
-PageFlow::PageFlow(Program& program, ClassPRINT& print, std::string number_line)
-    : program_(program), print_(print), number_line_(std::move(number_line)), footer_credit_(ReadFooterFlag(program)) {}
+PageFlow::PageFlow(PrintJob& job, PageSetup setup) : job_(job), print_(*job.print), setup_(std::move(setup)) {}
 
 void PageFlow::Frame() {
   const double size = size_;
   const bool bold = bold_;
-  print_.BEGIN_PAGE(false);
+  print_.BEGIN_PAGE(setup_.landscape);
   width_ = print_.Page_Width(0);
   height_ = print_.Page_Height(0);
   Font(kFrameSize);
   Rule(Left(), Bottom(), Right(), Bottom());
   // Not through Line: the key's text holds the page mark.
-  print_.TEXT_ADD(F(Right() - kTotalWidth), F(Bottom() + 1), program_.Text("sdoc.pagef"), -1);
-  if (footer_credit_) print_.TEXT_ADD(F(Left()), F(Bottom() + 1), "Ostrinka 2008", 1);
+  print_.TEXT_ADD(F(Right() - kTotalWidth), F(Bottom() + 1), program().Text("sdoc.pagef"), -1);
+  if (options().footer_credit) print_.TEXT_ADD(F(Left()), F(Bottom() + 1), "Ostrinka 2008", 1);
   Font(size, bold);
 }
 
@@ -81,17 +80,22 @@ void PageFlow::NextPage() {
   Frame();
   const double size = size_;
   const bool bold = bold_;
-  double line_size = kFrameSize;
-  Font(line_size, true);
-  while (TextWidth(number_line_) > Right() - Left() && line_size > 5) Font(--line_size, true);
-  const std::vector<std::string> lines = Break(number_line_, Right() - Left());
-  Lines(Left(), kSecondTop - 2 - Pitch() * static_cast<double>(std::max<size_t>(lines.size(), 1)), lines, Right() - Left());
+  ContinuationLine();
   Font(size, bold);
   y = kSecondTop;
 }
 
-void PageFlow::Need(double height) {
-  if (!Fits(height) && y > kSecondTop) NextPage();
+// The title as large as fits beside the copy's name, broken where no size does.
+void PageFlow::ContinuationLine() {
+  Font(kFrameSize);
+  const double bottom = kSecondTop - 2, copy = setup_.copy.empty() ? 0 : TextWidth(setup_.copy) + kBetween;
+  Line(Right(), bottom - Pitch(), setup_.copy, -1);
+  const double width = Right() - Left() - copy;
+  double line_size = kFrameSize;
+  Font(line_size, true);
+  while (TextWidth(setup_.continuation) > width && line_size > 5) Font(--line_size, true);
+  const std::vector<std::string> lines = Break(setup_.continuation, width);
+  Lines(Left(), bottom - Pitch() * static_cast<double>(std::max<size_t>(lines.size(), 1)), lines, width);
 }
 
 void PageFlow::Font(double size, bool bold) {

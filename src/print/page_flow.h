@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "print/print.h"
+#include "print/print_job.h"
 
 namespace ostrinka {
 
@@ -18,16 +18,22 @@ inline constexpr double kPageMargin = 10;
 inline constexpr double kFooterHeight = 15;  // of the band under the footer's line
 inline constexpr Colour kHeadColour = Rgb(20, 60, 120);
 
+// What all pages of a flow have in common.
+struct PageSetup {
+  bool landscape = false;
+  std::string continuation = "";  // at the head of every page but the first: the title with its number
+  std::string copy = "";          // at the right end of that line, "" for nothing: tells the sheets of a document's copies apart
+};
+
 class PageFlow {
  public:
-  // `number_line` stands at the head of every page but the first.
-  PageFlow(Program& program, ClassPRINT& print, std::string number_line);
+  PageFlow(PrintJob& job, PageSetup setup);
   ~PageFlow() { print_.END_PAGE(); }
   PageFlow(const PageFlow&) = delete;
   PageFlow& operator=(const PageFlow&) = delete;
 
   void FirstPage();
-  void NextPage();  // with the number line; the cursor stands under it
+  void NextPage();  // with the continuation line; the cursor stands under it
   double Left() const { return kPageMargin; }
   double Right() const { return width_ - kPageMargin; }
   double Bottom() const { return height_ - kFooterHeight; }  // the footer's line
@@ -35,8 +41,8 @@ class PageFlow {
   bool Fits(double height) const { return y + height <= Bottom() - kAir; }
   // The tallest thing that a further page holds.
   double Room() const { return Bottom() - kAir - kSecondTop; }
-  // Goes to the next page when a block of this height does not fit, unless no page would hold it.
-  void Need(double height);
+  // Whether the cursor stands under the continuation line, where a further page offers all the room that it has.
+  bool AtTopOfFurtherPage() const { return y <= kSecondTop; }
 
   double y = 0;  // the cursor
 
@@ -54,19 +60,21 @@ class PageFlow {
   void Head(std::string_view text, double x, double at, double width, double height, bool bold = true);
   void Rule(double x1, double y1, double x2, double y2, Colour colour = 0);
 
-  Program& program() const { return program_; }
+  Program& program() const { return job_.program; }
   ClassPRINT& print() const { return print_; }
+  const PrintOptions& options() const { return job_.options; }
+  PrintJob& job() const { return job_; }
 
  private:
   void Frame();
+  void ContinuationLine();
 
   static constexpr double kAir = 3;         // kept free above the footer's line
   static constexpr double kSecondTop = 20;  // where a further page goes on
 
-  Program& program_;
+  PrintJob& job_;
   ClassPRINT& print_;
-  std::string number_line_;
-  bool footer_credit_;
+  PageSetup setup_;
   bool bold_ = false;
   double size_ = 10;
   double width_ = 210, height_ = 297;

@@ -56,22 +56,15 @@ std::string Town(const std::string& code, const std::string& town, const std::st
   return text;
 }
 
-// Which further account's description is shown: 1 to 4, or 0 for all.
-int32_t ChosenDescription(Program& program) {
-  const int32_t chosen = program.settings.Integer(kCommon, "user", "konto_opis_id_", 0);
-  return chosen >= 1 && chosen <= 4 ? chosen : 0;
-}
-
-void AddAccounts(Program& program, PartyWriter& writer, const std::string& account) {
-  const auto setting = [&](const std::string& key) { return Trim(program.settings.Text(kCommon, "user", key)); };
+// Each further account with its description; once one of them is the chosen one, the others' descriptions stay away.
+void AddAccounts(const CompanyRecord& company, PartyWriter& writer, const std::string& account) {
   writer.Group();
-  writer.AddTogether({writer.Named("sdoc.info.bank", setting("bank")), writer.Named("sdoc.info.swift", setting("swift"))});
+  writer.AddTogether({writer.Named("sdoc.info.bank", company.B_NAZWA), writer.Named("sdoc.info.swift", company.B_SWIFT)});
   writer.Add(writer.Named("sdoc.info.acount", account));
-  const int32_t chosen = ChosenDescription(program);
-  for (int32_t n = 1; n <= 4; ++n) {
+  for (int n = 1; n <= 4; ++n) {
     writer.Group();
-    writer.Add(setting("konto_d" + std::to_string(n)));
-    if (chosen == 0 || chosen == n) writer.Add(setting("konto_opis_" + std::to_string(n)));
+    writer.Add(company.B_KONTO_D[static_cast<size_t>(n - 1)]);
+    if (company.chosen_account_text == 0 || company.chosen_account_text == n) writer.Add(company.B_KONTO_OPIS[static_cast<size_t>(n - 1)]);
   }
 }
 
@@ -101,24 +94,24 @@ std::vector<std::string> Broken(const PageFlow& flow, const PartyLine& line, dou
 
 }  // namespace
 
-Party SellerParty(Program& program, int32_t customer) {
-  const auto setting = [&](const char* key) { return Trim(program.settings.Text(kCommon, "user", key)); };
+Party SellerParty(Program& program, const PrintOptions& options, int32_t customer) {
+  const CompanyRecord& company = options.company;
   const std::string individual = IndividualAccount(program, customer);
   PartyWriter writer(program);
-  writer.Add(setting("nazwa"), true);
-  writer.Add(Street(setting("ulica"), setting("nrdomu"), setting("nrlokalu")));
-  writer.Add(Town(setting("kod"), setting("miasto"), setting("kraj")));
-  writer.AddTogether({writer.Named("sdoc.info.phone", setting("telefon")), writer.Named("sdoc.info.fax", setting("faks"))});
+  writer.Add(company.S_NAZWA, true);
+  writer.Add(Street(company.S_ULICA, company.S_NRDOM, company.S_NRLOK));
+  writer.Add(Town(company.S_KPOCZ, company.S_MIAST, company.S_KRAJS));
+  writer.AddTogether({writer.Named("sdoc.info.phone", company.K_TSTAC), writer.Named("sdoc.info.fax", company.K_TFAKS)});
   writer.Group();
-  writer.AddTogether({writer.Named("sdoc.info.nip", setting("nip")), writer.Named("sdoc.info.nipeu", setting("nipue")),
-                      writer.Named("sdoc.info.regon", setting("regon"))});
-  AddAccounts(program, writer, individual.empty() ? setting("konto") : individual);
+  writer.AddTogether({writer.Named("sdoc.info.nip", company.F_NRNIP), writer.Named("sdoc.info.nipeu", company.F_NIPEU),
+                      writer.Named("sdoc.info.regon", company.F_REGON)});
+  AddAccounts(company, writer, individual.empty() ? company.B_KONTO : individual);
   writer.Group();
-  writer.AddTogether({writer.Named("sdoc.info.www", setting("stwww")), writer.Named("sdoc.info.email", setting("email"))});
+  writer.AddTogether({writer.Named("sdoc.info.www", company.K_STWWW), writer.Named("sdoc.info.email", company.K_EMAIL)});
   return writer.Take("sdoc.info.scust");
 }
 
-Party BuyerParty(Program& program, int32_t customer, const char* heading_key) {
+Party BuyerParty(Program& program, const PrintOptions& options, int32_t customer, const char* heading_key) {
   const KeepPositions keep(program, {kKontrahenci});
   ClassQDBASE& table = Table(program, kKontrahenci);
   PartyWriter writer(program);
@@ -129,15 +122,14 @@ Party BuyerParty(Program& program, int32_t customer, const char* heading_key) {
   }
   const auto field = [&](const char* name) { return Trim(table.Text(name)); };
   const std::string tax_number = writer.Named("sdoc.info.nip", field("NIP"));
-  const bool tax_number_first = program.settings.Boolean(kCommon, "prgSettings", "VDmdNIP", false);
   writer.Add(field("NAZWA"), true);
-  if (tax_number_first) writer.Add(tax_number);
+  if (options.tax_number_first) writer.Add(tax_number);
   writer.Add(Street(field("ULICA"), field("NR_DOMU"), field("NR_LOKALU")));
   writer.Add(Town(field("KOD_POCZTOWY"), field("MIEJSCOWOSC"), field("@PANSTWO")));
   writer.AddTogether({writer.Named("sdoc.info.phone", field("TELEFON")), writer.Named("sdoc.info.mobile", field("TEL_KOM")),
                       writer.Named("sdoc.info.fax", field("FAKS"))});
   writer.Group();
-  writer.AddTogether({tax_number_first ? "" : tax_number, writer.Named("sdoc.info.nipeu", field("NIP_EU")),
+  writer.AddTogether({options.tax_number_first ? "" : tax_number, writer.Named("sdoc.info.nipeu", field("NIP_EU")),
                       writer.Named("sdoc.info.regon", field("REGON"))});
   writer.Group();
   writer.AddTogether({writer.Named("sdoc.info.www", field("ADRES_WWW")), writer.Named("sdoc.info.email", field("ADRES_EMAIL"))});
@@ -165,16 +157,17 @@ double PrintPartyBlock(PageFlow& flow, const Party& party, double x, double y, d
 }
 
 double PrintSellerBlock(PageFlow& flow, int32_t customer, double x, double y, double width, double size) {
-  return PrintPartyBlock(flow, SellerParty(flow.program(), customer), x, y, width, size);
+  return PrintPartyBlock(flow, SellerParty(flow.program(), flow.options(), customer), x, y, width, size);
 }
 
 double PrintBuyerBlock(PageFlow& flow, int32_t customer, const char* heading_key, double x, double y, double width, double size) {
-  return PrintPartyBlock(flow, BuyerParty(flow.program(), customer, heading_key), x, y, width, size);
+  return PrintPartyBlock(flow, BuyerParty(flow.program(), flow.options(), customer, heading_key), x, y, width, size);
 }
 
 void PrintParties(PageFlow& flow, int32_t customer, int32_t payer) {
-  const Party seller = SellerParty(flow.program(), customer), buyer = BuyerParty(flow.program(), customer, "sdoc.info.bcust");
-  const Party third = BuyerParty(flow.program(), payer, "sdoc.info.pcust");
+  const Party seller = SellerParty(flow.program(), flow.options(), customer),
+              buyer = BuyerParty(flow.program(), flow.options(), customer, "sdoc.info.bcust");
+  const Party third = BuyerParty(flow.program(), flow.options(), payer, "sdoc.info.pcust");
   double size = kSizes[0].size;
   for (const auto& [next, lowest] : kSizes) {
     size = next;

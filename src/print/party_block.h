@@ -20,10 +20,10 @@ struct Party {
   std::vector<PartyLine> lines;
 };
 
-// The company, from the settings of section user; an individual account of the customer takes the place of the company's account.
-Party SellerParty(Program& program, int32_t customer);
+// The company, as the options have it; an individual account of the customer takes the place of the company's account.
+Party SellerParty(Program& program, const PrintOptions& options, int32_t customer);
 // A row of kontrahenci; the text of the error where there is none.
-Party BuyerParty(Program& program, int32_t customer, const char* heading_key);
+Party BuyerParty(Program& program, const PrintOptions& options, int32_t customer, const char* heading_key);
 
 // Height of a block with its heading, its text in `size`, and the room under it.
 double PartyHeight(PageFlow& flow, const Party& party, double width, double size);

@@ -7,6 +7,7 @@
 #include "base/bytes.h"
 #include "base/text.h"
 #include "print/pdf_glyphs.h"
+#include "print/picture_pixels.h"
 
 namespace ostrinka {
 
@@ -44,6 +45,22 @@ std::string GlyphCodes(std::string_view cp1250) {
   for (char c : cp1250) {
     uint16_t glyph = kGlyphs[static_cast<uint8_t>(c)];
     for (int shift = 12; shift >= 0; shift -= 4) *to++ = kHexDigits[glyph >> shift & 15];
+  }
+  return hex;
+}
+
+// Rows in the order of the file, for as long as the file holds them.
+std::string BitmapRows(File& file, int64_t position, int32_t width, int32_t height) {
+  std::string hex;
+  const int64_t used = int64_t{width} * 3, stride = ClassPDF::prv_w4bmp_(used), size = file.Size();
+  if (used <= 0 || used > size) return hex;
+  std::string row(static_cast<size_t>(used), '\0');
+  for (int32_t y = 0; y < height && position + used <= size; ++y, position += stride) {
+    if (file.ReadAt(position, row.data(), row.size()) != used) return hex;
+    for (size_t i = 0; i < row.size(); i += 3) {
+      AppendPixel(hex, static_cast<uint8_t>(row[i + 2]), static_cast<uint8_t>(row[i + 1]), static_cast<uint8_t>(row[i]));
+    }
+    hex += "\r\n";
   }
   return hex;
 }
@@ -281,12 +298,40 @@ int ClassPDF::ImageAdd(const std::string& path) {
   std::unique_ptr<File> file = contents_.empty() ? nullptr : files_.Open(path, OpenMode::kRead);
   char header[26] = {};
   if (!file || file->ReadAt(0, header, sizeof header) < 2 || header[0] != 'B' || header[1] != 'M') return 0;
+  const int32_t width = LoadLe<int32_t>(header + 18), height = LoadLe<int32_t>(header + 22);
+  if (images_.size() >= kImageLimit) return TakeImage(width, height, nullptr);
+  return TakeImage(width, height, std::make_shared<std::string>(BitmapRows(*file, LoadLe<uint32_t>(header + 10), width, height)));
+}
+
+// In the order of a bitmap's file: the lowest row first.
+int ClassPDF::ImageAdd(const Picture& picture) {
+  if (contents_.empty() || picture.width < 1 || picture.height < 1) return 0;
+  const size_t width = static_cast<size_t>(picture.width), height = static_cast<size_t>(picture.height);
+  if (picture.pixels.size() != width * height) return 0;
+  auto hex = std::make_shared<std::string>();
+  if (images_.size() < kImageLimit) hex->reserve((width * 6 + 2) * height);
+  for (size_t row = images_.size() < kImageLimit ? height : 0; row-- > 0;) {
+    for (size_t column = 0; column < width; ++column) {
+      const uint32_t colour = OnWhitePaper(picture.pixels[row * width + column]);
+      AppendPixel(*hex, static_cast<uint8_t>(colour >> 16), static_cast<uint8_t>(colour >> 8), static_cast<uint8_t>(colour));
+    }
+    *hex += "\r\n";
+  }
+  return TakeImage(picture.width, picture.height, std::move(hex));
+}
+
+int ClassPDF::ImageAgain(int number) {
+  if (number < 1 || number > image_number_) return 0;
+  // Numbers go on beyond the last object, kept: such a picture is named on its page and drawn by no reader.
+  if (static_cast<size_t>(number) > images_.size()) return ++image_number_;
+  const ImageRow& image = images_[static_cast<size_t>(number - 1)];
+  return TakeImage(image.width, image.height, image.hex);
+}
+
+int ClassPDF::TakeImage(int32_t width, int32_t height, std::shared_ptr<const std::string> hex) {
   ++image_number_;
   if (images_.size() >= kImageLimit) return image_number_;
-  ImageRow image{image_number_, LoadLe<int32_t>(header + 18), LoadLe<int32_t>(header + 22), 0, ""};
-  image.object = TakeObject(Kind::kImage, images_.size());
-  ReadBitmapRows(*file, LoadLe<uint32_t>(header + 10), image);
-  images_.push_back(std::move(image));
+  images_.push_back({image_number_, width, height, TakeObject(Kind::kImage, images_.size()), std::move(hex)});
   return image_number_;
 }
 
@@ -299,20 +344,6 @@ void ClassPDF::PlaceImage(double x1, double y1, double x2, double y2, int number
   Line("/Image" + std::to_string(number) + " Do");
   Line("Q");
   Line("%IMAGE/%");
-}
-
-// Rows in the order of the file, for as long as the file holds them.
-void ClassPDF::ReadBitmapRows(File& file, int64_t position, ImageRow& image) {
-  int64_t used = int64_t{image.width} * 3, stride = prv_w4bmp_(used), size = file.Size();
-  if (used <= 0 || used > size) return;
-  std::string row(static_cast<size_t>(used), '\0');
-  for (int32_t y = 0; y < image.height && position + used <= size; ++y, position += stride) {
-    if (file.ReadAt(position, row.data(), row.size()) != used) return;
-    for (size_t i = 0; i < row.size(); i += 3) {
-      AppendPixel(image.hex, static_cast<uint8_t>(row[i + 2]), static_cast<uint8_t>(row[i + 1]), static_cast<uint8_t>(row[i]));
-    }
-    image.hex += "\r\n";
-  }
 }
 
 void ClassPDF::Test() {

@@ -49,6 +49,8 @@ class ClassPDF {
   void DrawImage(double x1, double y1, double x2, double y2, const std::string& path) { PlaceImage(x1, y1, x2, y2, ImageAdd(path)); }
   // The two halves of it: reading, which gives the picture's number or 0, and drawing, which passes over 0.
   int ImageAdd(const std::string& path);
+  int ImageAdd(const Picture& picture);  // the bitmap of 24 bits that it makes on white paper
+  int ImageAgain(int number);            // a further image object with the rows of that one; 0 for 0
   void PlaceImage(double x1, double y1, double x2, double y2, int number);
   static std::string hex2_(uint8_t r, uint8_t g, uint8_t b);
   static int64_t prv_w4bmp_(int64_t bytes) { return (bytes + 3) / 4 * 4; }
@@ -90,7 +92,7 @@ class ClassPDF {
     int number;
     int32_t width, height;
     int object;
-    std::string hex;
+    std::shared_ptr<const std::string> hex;  // shared by the image objects of one picture: a long job has its logo on every page
   };
   class Output;
 
@@ -104,7 +106,7 @@ class ClassPDF {
   void Line(std::string_view text);
   void ColourLine(Colour colour, std::string_view how);
   void DashLine();
-  void ReadBitmapRows(File& file, int64_t position, ImageRow& image);
+  int TakeImage(int32_t width, int32_t height, std::shared_ptr<const std::string> hex);
   void TextBlock(std::string_view hex, int64_t width, int font, double size, double x, double y, int align, double angle);
   void MakeResources();
   void WriteObject(Output& out, const ObjectRow& object);

@@ -168,7 +168,7 @@ void ClassPDF::WriteImage(Output& out, const ImageRow& image) {
              "/Name /Image" + std::to_string(image.number), "/Width " + std::to_string(image.width),
              "/Height " + std::to_string(image.height), "/BitsPerComponent 8", "/ColorSpace /DeviceRGB", "/ImageMask false", "/Length 0",
              "/Filter /AHx", "/BitsPerComponent 8", ">>", "stream"});
-  out.Line(WithoutEndBlanks(image.hex));
+  out.Line(WithoutEndBlanks(*image.hex));
   out.Lines({"endstream", "endobj"});
 }
 

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,10 @@ struct PageElement {
   std::string Font;
   std::vector<float> VertexX, VertexY;
   std::string Text;  // with %p still in it; of an image the path
+};
+
+struct PictureSize {
+  int width = 0, height = 0;  // pixels
 };
 
 class ClassPRINT {
@@ -88,6 +93,8 @@ class ClassPRINT {
   void POLYGON_ADD(Colour colour, int16_t width_style = 1, int16_t pen_style = 0);
   // The picture stretched to the rectangle.
   void IMAGE_ADD(float x1, float y1, float x2, float y2, std::string_view path);
+  // Nothing for a file that cannot be read as a picture.
+  std::optional<PictureSize> SizeOfPicture(const std::string& path);
 
   // One cell of a table head: style 0 a light ground with a line above, style 1 lines above and below and a bold text, others nothing.
   void SetFldStyle(int32_t style) { field_style_ = style; }
@@ -144,7 +151,9 @@ class ClassPRINT {
   // `picture`: number of an image in the PDF.
   void AddToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number, int picture) const;
   void AddTextToPdf(ClassPDF& pdf, const PageElement& element, const std::string& page_number) const;
+  const Picture* Decoded(const std::string& path);
   const Picture* LoadPicture(const std::string& path, double width, double height);
+  int AddPictureToPdf(ClassPDF& pdf, const PageElement& element);
 
   Program& program_;
   std::vector<PageRecord> pages_;

@@ -1,4 +1,7 @@
 // The PDF of a job, from its element list.
+#include <map>
+#include <tuple>
+
 #include "base/text.h"
 #include "print/pdf.h"
 #include "print/print.h"
@@ -26,6 +29,8 @@ bool ClassPRINT::MAKE_PDF(const std::string& path) {
   // The page of an element is never below that of the one before, so that one walk serves all pages. A page is drawn when it is written;
   // its pictures are numbered now, among the pages.
   auto element = elements_.begin();
+  // A picture is read once, and made once for each size that it is shown in.
+  std::map<std::tuple<std::string, float, float>, int> known;
   int32_t number = 0;
   for (const PageRecord& page : pages_) {
     ++number;
@@ -38,7 +43,10 @@ bool ClassPRINT::MAKE_PDF(const std::string& path) {
       }
     });
     for (; element != elements_.end() && element->Page == number; ++element) {
-      if (element->Kind == ElementKind::kImage) pictures->push_back(pdf.ImageAdd(element->Text));
+      if (element->Kind != ElementKind::kImage) continue;
+      const auto key = std::tuple(element->Text, element->X[1] - element->X[0], element->Y[1] - element->Y[0]);
+      const auto [at, added] = known.try_emplace(key, 0);
+      pictures->push_back(added ? at->second = AddPictureToPdf(pdf, *element) : pdf.ImageAgain(at->second));
     }
   }
   pdf.Save(path);

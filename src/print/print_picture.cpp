@@ -1,6 +1,8 @@
 // Pictures on a page: decoded once a job, and made no finer than paper can show.
 #include <algorithm>
 
+#include "base/bytes.h"
+#include "print/pdf.h"
 #include "print/print.h"
 
 namespace ostrinka {
@@ -36,10 +38,20 @@ Picture Reduced(const Picture& picture, int factor) {
   return result;
 }
 
+// Uncompressed, 24 bits, the lowest row first, with a header whose fields lie where ClassPDF looks for them.
+bool IsPlainBitmap(FileSystem& files, const std::string& path) {
+  constexpr uint32_t kLeastHeader = 40;
+  const std::unique_ptr<File> file = files.Open(path, OpenMode::kRead);
+  char header[34] = {};
+  if (!file || file->ReadAt(0, header, sizeof header) != sizeof header || header[0] != 'B' || header[1] != 'M') return false;
+  return LoadLe<uint32_t>(header + 14) >= kLeastHeader && LoadLe<int32_t>(header + 18) > 0 && LoadLe<int32_t>(header + 22) > 0 &&
+         LoadLe<uint16_t>(header + 28) == 24 && LoadLe<uint32_t>(header + 30) == 0;
+}
+
 }  // namespace
 
-// For a rectangle of that size in mm; null when the decoder cannot read it.
-const Picture* ClassPRINT::LoadPicture(const std::string& path, double width, double height) {
+// Null when the decoder cannot read it.
+const Picture* ClassPRINT::Decoded(const std::string& path) {
   int64_t size = program_.platform.files.FileSize(path);
   if (size < 0) return nullptr;
   if (path != picture_path_ || size != picture_size_) {
@@ -51,13 +63,31 @@ const Picture* ClassPRINT::LoadPicture(const std::string& path, double width, do
     picture_size_ = size;
     reduction_ = 1;
   }
-  if (!picture_) return nullptr;
+  return picture_.get();
+}
+
+std::optional<PictureSize> ClassPRINT::SizeOfPicture(const std::string& path) {
+  const Picture* picture = Decoded(path);
+  return picture ? std::optional(PictureSize{picture->width, picture->height}) : std::nullopt;
+}
+
+// For a rectangle of that size in mm; null when the decoder cannot read it.
+const Picture* ClassPRINT::LoadPicture(const std::string& path, double width, double height) {
+  if (!Decoded(path)) return nullptr;
   auto steps = [](int pixels, double mm) { return pixels / std::max(1.0, mm * kFinest); };
   int factor = static_cast<int>(std::min(steps(picture_->width, width), steps(picture_->height, height)));
   if (factor < 2) return picture_.get();
   if (factor != reduction_) reduced_ = std::make_unique<Picture>(Reduced(*picture_, factor));
   reduction_ = factor;
   return reduced_.get();
+}
+
+// A plain bitmap of 24 bits goes into the PDF as its file has it, any other picture that can be read as one made of it. The picture's
+// number there; 0 for none.
+int ClassPRINT::AddPictureToPdf(ClassPDF& pdf, const PageElement& element) {
+  if (IsPlainBitmap(program_.platform.files, element.Text)) return pdf.ImageAdd(element.Text);
+  const Picture* picture = LoadPicture(element.Text, double{element.X[1]} - element.X[0], double{element.Y[1]} - element.Y[0]);
+  return picture ? pdf.ImageAdd(*picture) : 0;
 }
 
 }  // namespace ostrinka

@@ -2,53 +2,20 @@
 
 #include <memory>
 #include <optional>
-#include <span>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "base/text.h"
 #include "company/tables.h"
-#include "documents/numbering.h"
-#include "print/sales_document_layout.h"
+#include "print/document_copies.h"
 
 namespace ostrinka {
 namespace {
 
-struct CopyToPrint {
-  const char* label_key;  // null for none
-  bool is_original;
-};
-
-constexpr CopyToPrint kOriginalAndCopy[] = {{"sdoc.ct.org", true}, {"sdoc.ct.cop", false}};
-constexpr CopyToPrint kOriginalAndTwoCopies[] = {{"sdoc.ct.org", true}, {"sdoc.ct.cop", false}, {"sdoc.ct.cop", false}};
-constexpr CopyToPrint kOriginalCopyInOne[] = {{"sdoc.ct.coo", true}};
-constexpr CopyToPrint kOriginal[] = {{"sdoc.ct.org", true}};
-constexpr CopyToPrint kCopy[] = {{"sdoc.ct.cop", true}};
-constexpr CopyToPrint kDuplicate[] = {{"sdoc.ct.dup", true}};
-constexpr CopyToPrint kProForma[] = {{nullptr, true}};
-
 constexpr const char* kPrintSection = "Print";  // of kOstrinka
 constexpr const char* kKindKey = "PdfKind";     // 0 fonts by name, 1 fonts embedded
 constexpr const char* kToldKey = "PdfFontsTold";
-
-using Copies = std::span<const CopyToPrint>;
-constexpr Copies kCopiesOfMode[] = {kOriginalAndCopy, kOriginalAndTwoCopies, kOriginalCopyInOne, kOriginal, kCopy, kDuplicate};
-
-ClassPRINT& NewJob(Program& program) {
-  CurrentPrintJob(program) = std::make_shared<ClassPRINT>(program);
-  CurrentPrintJob(program)->SetFldStyle(program.settings.Integer(kCommon, "prgSettings", "DocStyle", 0));
-  return *CurrentPrintJob(program);
-}
-
-void PrintCopies(Program& program, ClassPRINT& print, int32_t record, Copies copies) {
-  bool first = true;
-  for (const CopyToPrint& copy : copies) {
-    if (!first) print.CLEAR_PAGE_NUMBER_();
-    first = false;
-    PrintSalesDocument(program, print, record, copy.is_original, copy.label_key ? program.Text(copy.label_key) : "");
-    StampPageTotals(program);
-  }
-}
 
 bool WriteEmbedded(Program& program, const std::string& path) {
   EmbeddedPdf& pdf = *program.platform.embedded_pdf;
@@ -71,32 +38,26 @@ void TellOfFonts(Program& program) {
   program.Message("msg.info.pdffonts", MessageKind::kInformation);
 }
 
+// Files that the person was told of in this run of the program.
+struct ToldPictures {
+  std::set<std::string> paths;
+};
+
+void TellOfLogo(Program& program, const PrintJob& job) {
+  if (job.unreadable_logo.empty() || !program.Part<ToldPictures>().paths.insert(job.unreadable_logo).second) return;
+  program.Message("msg.info.logounreadable", MessageKind::kWarning);
+}
+
 }  // namespace
 
-void BuildDocumentJob(Program& program, int32_t record, int mode, bool save_pdf) {
+void BuildDocumentJob(Program& program, int32_t record, PrintMode mode, bool save_pdf) {
   ClassQDBASE& documents = Table(program, kDokSprzed);
   documents.RECORD_POSITION(record);
   documents.RECORD_LOAD(record);
-  const std::string options = doc_options(program, record);
-  ClassPRINT& print = NewJob(program);
-  if (has_option(options, "PF")) {
-    PrintCopies(program, print, record, kProForma);
-  } else if (mode >= 0 && static_cast<size_t>(mode) < std::size(kCopiesOfMode)) {
-    PrintCopies(program, print, record, kCopiesOfMode[mode]);
-  } else {
-    program.Message("msg.info.error", MessageKind::kError);
-  }
+  PrintJob job = NewPrintJob(program);
+  if (!AppendCopies(job, record, mode)) program.Message("msg.info.error", MessageKind::kError);
+  TellOfLogo(program, job);
   if (save_pdf) SaveJobAsPdf(program);
-}
-
-void StampPageTotals(Program& program) {
-  if (!CurrentPrintJob(program)) return;
-  ClassPRINT& print = *CurrentPrintJob(program);
-  print.FONT_NAME("Arial CE");
-  print.FONT_SIZE(10);
-  print.FONT_BOLD(false);
-  const int32_t total = Int32Or0(print.PAGE_NUMBER_());
-  for (int32_t page = 1; page <= print.Page(); ++page) print.MAX_PAGE(page, print.Page_Width(0) - 14, print.Page_Height(0) - 14, total);
 }
 
 void SaveJobAsPdf(Program& program) {
@@ -143,21 +104,9 @@ bool RunPrinter(Program& program) {
   return true;
 }
 
-bool PrintOneDocument(Program& program, int32_t record, int mode) {
+bool PrintOneDocument(Program& program, int32_t record, PrintMode mode) {
   BuildDocumentJob(program, record, mode, /*save_pdf=*/false);
   return RunPrinter(program);
-}
-
-bool ReadFooterFlag(Program& program) {
-  std::string content;
-  if (!program.platform.files.ReadAll(program.DatabaseFolder() + "data.ini", content, int64_t{1} << 20)) return true;
-  bool shown = true;
-  for (const std::string& line : Paragraphs(content)) {
-    const std::string word = TrimWhite(Upper(line));
-    if (word == "FFV-") shown = false;
-    if (word == "FFV+") shown = true;
-  }
-  return shown;
 }
 
 }  // namespace ostrinka

@@ -1,4 +1,4 @@
-// From a command to a print job: the copies of a document, their page totals, the PDF.
+// From a command to a print job, and where the job goes: the printer, a PDF. The person is told what failed.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,11 @@
 
 namespace ostrinka {
 
-// A new job, which replaces the old one, with the copies of one document of dok_sprzed that `mode` (0 to 5, see PrintMode) asks for; the
-// table's cursor stays on the document. Any other mode shows msg.info.error and leaves the job empty. A pro forma document gets one print
-// without a label, whatever the mode. `save_pdf` asks for a file and writes the job to it.
-void BuildDocumentJob(Program& program, int32_t record, int mode, bool save_pdf);
-
-// Stamps every page of the current job that has none yet with the number of pages of the copy written last.
-void StampPageTotals(Program& program);
+// A new job, which replaces the old one, with the copies of one document of dok_sprzed that `mode` asks for; the table's cursor stays on
+// the document. A mode of no name shows msg.info.error and leaves the job empty. A pro forma document gets one print without a label,
+// whatever the mode. A logo that cannot be read is told by msg.info.logounreadable, once a run of the program. `save_pdf` asks for a file
+// and writes the job to it.
+void BuildDocumentJob(Program& program, int32_t record, PrintMode mode, bool save_pdf);
 
 // Asks where to, and writes the current job as a PDF; a name without ".pdf" gets it. Where the front end can write one, the second kind of
 // the dialog is a PDF with embedded fonts; the kind chosen last is proposed. A file that could not be written is told by msg.info.error.
@@ -25,10 +23,6 @@ void SaveJobAsPdf(Program& program);
 bool RunPrinter(Program& program);
 
 // BuildDocumentJob and RunPrinter.
-bool PrintOneDocument(Program& program, int32_t record, int mode);
-
-// Whether documents carry the program's name in the footer: a line "FFV-" in the file data.ini of the database folder switches it off, a
-// later "FFV+" on again.
-bool ReadFooterFlag(Program& program);
+bool PrintOneDocument(Program& program, int32_t record, PrintMode mode);
 
 }  // namespace ostrinka

@@ -1,6 +1,5 @@
 #include "print/sales_document_layout.h"
 
-#include "documents/numbering.h"
 #include "print/invoice_layout.h"
 
 namespace ostrinka {
@@ -9,17 +8,17 @@ namespace {
 // Layouts in the order in which their tests are asked; one without a test takes what is left.
 constexpr struct {
   bool (*test)(Program& program, int32_t record);
-  void (*print)(Program& program, ClassPRINT& print, const DocumentCopy& copy);
+  void (*print)(PrintJob& job, const DocumentCopy& copy);
 } kLayouts[] = {
     {nullptr, PrintInvoice},
 };
 
 }  // namespace
 
-void PrintSalesDocument(Program& program, ClassPRINT& print, int32_t record, bool is_original, const std::string& copy_label) {
+void PrintSalesDocument(PrintJob& job, const DocumentCopy& copy) {
   for (const auto& layout : kLayouts) {
-    if (layout.test && !layout.test(program, record)) continue;
-    layout.print(program, print, {record, is_original, copy_label});
+    if (layout.test && !layout.test(job.program, copy.record)) continue;
+    layout.print(job, copy);
     return;
   }
 }

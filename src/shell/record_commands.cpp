@@ -43,7 +43,7 @@ void MainWindow::AddDocument(const Command& command, int argument) {
 }
 
 void MainWindow::EditSalesDocument(frm_Dok_sprzed& form) {
-  form.print_document = [this](int32_t record, PrintMode mode) { PrintOneDocument(program_, record, static_cast<int>(mode)); };
+  form.print_document = [this](int32_t record, PrintMode mode) { PrintOneDocument(program_, record, mode); };
   form.reload_();
   program_.platform.ui.ShowModal(form);
 }
@@ -182,7 +182,7 @@ void MainWindow::PrintDocument(const Command& command, int) {
     return;
   }
   const std::string choice = ribbon.ButtonText(command.key);
-  const int mode = static_cast<int>(TickedPrintMode());
+  const PrintMode mode = TickedPrintMode();
   if (choice == program_.Text("mdi.print.topdf")) {
     BuildDocumentJob(program_, record, mode, /*save_pdf=*/true);
   } else if (choice == program_.Text("mdi.print.preview")) {

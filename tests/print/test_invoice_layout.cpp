@@ -11,11 +11,9 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kOriginalOnly = 3;
-
 class InvoiceTest : public SalesFixture {
  protected:
-  void Print(int32_t document) { BuildDocumentJob(*program, document, kOriginalOnly, false); }
+  void Print(int32_t document) { BuildDocumentJob(*program, document, PrintMode::kOriginal, false); }
 
   void ThreeLines(int32_t document_customer) {
     AddDocument(document_customer, 17);
@@ -262,6 +260,59 @@ TEST_F(InvoiceTest, BlocksFollowTheDocument) {
   EXPECT_LT(Only("NIP: 521-000-22-33").top, Only("Lipowa 7").top);
 }
 
+TEST_F(InvoiceTest, FurtherAccountsStandOnPaperWithTheirDescriptions) {
+  for (const char* n : {"1", "2", "3", "4"}) {
+    User(std::string("konto_d") + n, std::string("98 7654 000") + n);
+    User(std::string("konto_opis_") + n, std::string("rachunek numer ") + n);
+  }
+  User("konto_d4", "");
+  AddDocument(AddCustomer("Kleks"), 13);
+  AddLine(AddArticle("Usługa"), "1", "100", "122");
+  Print(document_);
+  const char* in_order[] = {"98 7654 0001", "rachunek numer 1", "98 7654 0002",    "rachunek numer 2",
+                            "98 7654 0003", "rachunek numer 3", "rachunek numer 4"};
+  double last = Find("12 1020 2212").at(0).top;
+  for (const char* text : in_order) {
+    const PlacedText placed = Only(text);
+    EXPECT_GT(placed.top, last) << text;
+    EXPECT_EQ(placed.left, Only("Sprzedawca").left) << text;
+    last = placed.top;
+  }
+  ExpectCleanPages();
+  // Once one is chosen its description alone is told, and every account still stands.
+  User("konto_opis_id_", "2");
+  Print(document_);
+  EXPECT_EQ(Find("98 7654 000").size(), 3u);
+  ASSERT_EQ(Find("rachunek numer").size(), 1u);
+  EXPECT_EQ(Find("rachunek numer")[0].text, "rachunek numer 2");
+}
+
+TEST_F(InvoiceTest, ASaleWithoutAnEndEndsOnTheDayOnWhichItBegan) {
+  AddDocument(AddCustomer("Kleks"), 14, {{"DATA_SPRZED_CK", true}, {"DATA_SPRZED_DO", Date()}});
+  AddLine(AddArticle("Usługa"), "1", "100", "122");
+  Print(document_);
+  EXPECT_EQ(Find("04-03-08 - 04-03-08").size(), 1u);
+}
+
+TEST_F(InvoiceTest, SumsStayWithTheLastRowAndSignaturesWithThePayment) {
+  AddDocument(AddCustomer("Kleks"), 15);
+  bool sums_moved = false, payment_moved = false;
+  for (int line = 1; line <= 40; ++line) {
+    AddLine(AddArticle("Pozycja " + std::to_string(line), 1 + line % 2), "1", "10", line % 2 ? "10,7" : "12,2");
+    if (line < 10) continue;
+    Print(document_);
+    const int sums = Find("Razem").at(0).page, payment = Find("Do zapłaty").at(0).page;
+    int last_row = 0;
+    for (const PlacedText& text : Find("Pozycja " + std::to_string(line))) last_row = text.page;
+    EXPECT_EQ(last_row, sums) << line;
+    EXPECT_EQ(Find("Wystawił(a)").at(0).page, payment) << line;
+    sums_moved = sums_moved || (sums == 2 && Find("Pozycja " + std::to_string(line - 1)).at(0).page == 1);
+    payment_moved = payment_moved || payment > sums;
+  }
+  EXPECT_TRUE(sums_moved);
+  EXPECT_TRUE(payment_moved);
+}
+
 TEST_F(InvoiceTest, TheLogoKeepsItsProportionsInItsBox) {
   FixedPicture decoder;
   Platform with_pictures = surroundings.With(decoder);
@@ -278,7 +329,7 @@ TEST_F(InvoiceTest, TheLogoKeepsItsProportionsInItsBox) {
   for (const auto& row : rows) {
     decoder.width = row.width;
     decoder.height = row.height;
-    BuildDocumentJob(other, document_, kOriginalOnly, false);
+    BuildDocumentJob(other, document_, PrintMode::kOriginal, false);
     const auto& elements = CurrentPrintJob(other)->elements();
     const auto image = std::find_if(elements.begin(), elements.end(), [](const PageElement& e) { return e.Kind == ElementKind::kImage; });
     ASSERT_NE(image, elements.end());

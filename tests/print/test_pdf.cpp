@@ -256,8 +256,8 @@ TEST_F(PdfTest, ALyingBitmapGivesTheRowsItHas) {
     int32_t width, height;
     size_t bytes, digits;
   } rows[] = {
-      {3, 2147483647, 24, 36}, {2147483647, 2147483647, 24, 0}, {-3, 2, 24, 0}, {3, -2, 24, 0}, {0, 5, 24, 0}, {3, 2, 21, 36},
-      {3, 2, 20, 18},
+      {3, 2147483647, 24, 36}, {2147483647, 2147483647, 24, 0}, {-3, 2, 24, 0}, {3, -2, 24, 0}, {INT32_MIN, 2, 24, 0},
+      {3, INT32_MIN, 24, 0},   {1431655766, 2, 24, 0},          {0, 5, 24, 0},  {3, 2, 21, 36}, {3, 2, 20, 18},
   };
   for (const auto& row : rows) {
     StartPage();
@@ -267,6 +267,17 @@ TEST_F(PdfTest, ALyingBitmapGivesTheRowsItHas) {
     std::string hex = bytes.substr(start, bytes.rfind("\r\nendstream") - start);
     EXPECT_EQ(std::count_if(hex.begin(), hex.end(), isxdigit), static_cast<long>(row.digits)) << row.width << " x " << row.height;
   }
+}
+
+TEST_F(PdfTest, PagesBeyondTheLimitAreLeftOut) {
+  pdf.Clear();
+  pdf.FontAdd("Arial");
+  int drawn = 0;
+  for (int page = 1; page <= 10002; ++page) pdf.PageAdd(210, 297, [&](ClassPDF&) { ++drawn; });
+  const std::string bytes = Saved();
+  EXPECT_THAT(bytes, HasSubstr("/Count 9999\r\n"));
+  EXPECT_EQ(PdfPages(bytes).size(), 9999u);
+  EXPECT_EQ(drawn, 9999);
 }
 
 TEST_F(PdfTest, AnotherProgramRecoversThePages) {

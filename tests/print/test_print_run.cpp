@@ -1,6 +1,7 @@
 // The print run: copies, page totals, the PDF.
 #include <gtest/gtest.h>
 
+#include "print/print_options.h"
 #include "print/print_run.h"
 #include "print/sales_fixture.h"
 
@@ -33,23 +34,23 @@ class PrintRunTest : public SalesFixture {
 
 TEST_F(PrintRunTest, EachModeWritesItsCopies) {
   const struct {
-    int mode;
+    PrintMode mode;
     std::vector<const char*> keys;
   } rows[] = {
-      {0, {"sdoc.ct.org", "sdoc.ct.cop"}},
-      {1, {"sdoc.ct.org", "sdoc.ct.cop", "sdoc.ct.cop"}},
-      {2, {"sdoc.ct.coo"}},
-      {3, {"sdoc.ct.org"}},
-      {4, {"sdoc.ct.cop"}},
-      {5, {"sdoc.ct.dup"}},
+      {PrintMode::kOriginalAndCopy, {"sdoc.ct.org", "sdoc.ct.cop"}},
+      {PrintMode::kOriginalAndTwoCopies, {"sdoc.ct.org", "sdoc.ct.cop", "sdoc.ct.cop"}},
+      {PrintMode::kOriginalCopyInOne, {"sdoc.ct.coo"}},
+      {PrintMode::kOriginal, {"sdoc.ct.org"}},
+      {PrintMode::kCopy, {"sdoc.ct.cop"}},
+      {PrintMode::kDuplicate, {"sdoc.ct.dup"}},
   };
   const int32_t document = Document(1);
   for (const auto& row : rows) {
     BuildDocumentJob(*program, document, row.mode, false);
     std::vector<std::string> labels;
     for (const char* key : row.keys) labels.push_back(Text(key));
-    EXPECT_EQ(Labels(), labels) << row.mode;
-    EXPECT_EQ(Find(Text("sdoc.dupdate")).size(), row.mode == 5 ? 1u : 0u) << row.mode;
+    EXPECT_EQ(Labels(), labels) << static_cast<int>(row.mode);
+    EXPECT_EQ(Find(Text("sdoc.dupdate")).size(), row.mode == PrintMode::kDuplicate ? 1u : 0u) << static_cast<int>(row.mode);
   }
   EXPECT_EQ(Table(*program, kDokSprzed).RECORD_POSITION(), document);
 }
@@ -57,7 +58,7 @@ TEST_F(PrintRunTest, EachModeWritesItsCopies) {
 TEST_F(PrintRunTest, AProFormaIsPrintedOnceWithoutALabelWhateverTheMode) {
   const int32_t document = Document(1, 2);
   for (const int mode : {1, 5, 42}) {
-    BuildDocumentJob(*program, document, mode, false);
+    BuildDocumentJob(*program, document, static_cast<PrintMode>(mode), false);
     EXPECT_EQ(Job().Page(), 1) << mode;
     EXPECT_TRUE(Labels().empty()) << mode;
     EXPECT_FALSE(Find("Faktura VAT PRO FORMA NR 21 / 2008").empty());
@@ -66,16 +67,16 @@ TEST_F(PrintRunTest, AProFormaIsPrintedOnceWithoutALabelWhateverTheMode) {
 }
 
 TEST_F(PrintRunTest, EveryCopyCountsItsOwnPages) {
-  BuildDocumentJob(*program, Document(25), 0, false);
+  BuildDocumentJob(*program, Document(25), PrintMode::kOriginalAndCopy, false);
   EXPECT_EQ(Pages(), (std::vector<std::pair<int, int>>{{1, 2}, {2, 2}, {1, 2}, {2, 2}}));
   ExpectCleanPages();
 }
 
 TEST_F(PrintRunTest, AnUnknownModeIsReportedAndReplacesTheJobWithAnEmptyOne) {
   const int32_t document = Document(1);
-  BuildDocumentJob(*program, document, 0, false);
+  BuildDocumentJob(*program, document, PrintMode::kOriginalAndCopy, false);
   for (const int mode : {-1, 6}) {
-    BuildDocumentJob(*program, document, mode, false);
+    BuildDocumentJob(*program, document, static_cast<PrintMode>(mode), false);
     EXPECT_EQ(Job().Page(), 0);
     EXPECT_TRUE(Job().elements().empty());
   }
@@ -96,7 +97,7 @@ TEST_F(PrintRunTest, ThePdfGetsItsExtensionAndTheStatusItsText) {
     surroundings.files.MakeFolder(folder);
     surroundings.ui.status.clear();
     surroundings.ui.file_answers.push_back(row.answer && !row.answer->empty() ? std::optional(folder + *row.answer) : row.answer);
-    BuildDocumentJob(*program, document, 3, true);
+    BuildDocumentJob(*program, document, PrintMode::kOriginal, true);
     if (row.file) {
       std::string content;
       ASSERT_TRUE(surroundings.files.ReadAll(folder + row.file, content)) << row.file;
@@ -109,7 +110,7 @@ TEST_F(PrintRunTest, ThePdfGetsItsExtensionAndTheStatusItsText) {
     EXPECT_EQ(surroundings.files.ListFiles(folder).size(), files);
   }
   surroundings.ui.file_answers.push_back(surroundings.folder / "no such folder/a.pdf");
-  BuildDocumentJob(*program, document, 3, true);
+  BuildDocumentJob(*program, document, PrintMode::kOriginal, true);
   ASSERT_FALSE(surroundings.ui.messages.empty());
   EXPECT_EQ(surroundings.ui.messages.back().first, Text("msg.info.error"));
 }
@@ -117,7 +118,7 @@ TEST_F(PrintRunTest, ThePdfGetsItsExtensionAndTheStatusItsText) {
 TEST_F(PrintRunTest, EverySheetGoesToThePrinterInItsOwnDirection) {
   TestPrinter& printer = surroundings.printer;
   printer.state = Printer::State::kReady;
-  EXPECT_TRUE(PrintOneDocument(*program, Document(25), 3));
+  EXPECT_TRUE(PrintOneDocument(*program, Document(25), PrintMode::kOriginal));
   EXPECT_EQ(printer.calls, (std::vector<std::string>{"Velmora.Ostrinka", "portrait", "portrait", "finished"}));
   EXPECT_EQ(surroundings.ui.status.back(), program->Text("prntpv.printed", {"Biuro"}));
   // A text stands where the element list has it, at 10 pixels a mm.
@@ -146,7 +147,7 @@ TEST_F(PrintRunTest, EverySheetGoesToThePrinterInItsOwnDirection) {
 
 TEST_F(PrintRunTest, AJobThatIsReplacedWhileItPrintsComesOutWhole) {
   surroundings.printer.state = Printer::State::kReady;
-  BuildDocumentJob(*program, Document(25), 3, false);
+  BuildDocumentJob(*program, Document(25), PrintMode::kOriginal, false);
   int turns = 0;
   surroundings.ui.on_turn = [&] {
     EXPECT_GT(surroundings.ui.busy, 0);  // the person's keys wait
@@ -168,7 +169,7 @@ TEST_F(PrintRunTest, WithoutAPrinterTheJobSurvives) {
   } rows[] = {{Printer::State::kMissing, "msg.info.printernotfound"}, {Printer::State::kBroken, "msg.info.printerror"}};
   for (const auto& row : rows) {
     surroundings.printer.state = row.state;
-    EXPECT_FALSE(PrintOneDocument(*program, document, 3));
+    EXPECT_FALSE(PrintOneDocument(*program, document, PrintMode::kOriginal));
     EXPECT_EQ(surroundings.ui.messages.back(), std::make_pair(Text(row.key), MessageKind::kError));
     EXPECT_TRUE(surroundings.printer.sheets.empty());
     EXPECT_EQ(Job().Page(), 1);
@@ -206,7 +207,7 @@ TEST_F(PrintRunTest, TheSecondKindOfPdfIsOfferedWhereThereIsOneAndTheChoiceIsRem
   const auto save = [&](std::optional<size_t> chosen, std::optional<std::string> answer) {
     ui.chosen_filter = chosen;
     ui.file_answers.push_back(answer);
-    BuildDocumentJob(*program, document_, 0, true);
+    BuildDocumentJob(*program, document_, PrintMode::kOriginalAndCopy, true);
   };
   Document(1);
   save({}, path);
@@ -249,7 +250,7 @@ TEST_F(PrintRunTest, TheLastFooterFlagOfDataIniWins) {
   for (const auto& row : rows) {
     ASSERT_TRUE(surroundings.files.WriteAll(DataFolder() + "data.ini", row.content));
     EXPECT_EQ(ReadFooterFlag(*program), row.shown) << row.content;
-    BuildDocumentJob(*program, document, 3, false);
+    BuildDocumentJob(*program, document, PrintMode::kOriginal, false);
     EXPECT_EQ(Find("Ostrinka 2008").size(), row.shown ? 1u : 0u) << row.content;
   }
 }
@@ -260,10 +261,10 @@ TEST_F(PrintRunTest, TheThemeOfTheSettingsSetsTheHeads) {
                          [](const PageElement& e) { return e.Kind == ElementKind::kRectangle; });
   };
   const int32_t document = Document(2);
-  BuildDocumentJob(*program, document, 3, false);
+  BuildDocumentJob(*program, document, PrintMode::kOriginal, false);
   EXPECT_GT(rectangles(), 0);
   Setting("prgSettings", "DocStyle", "1");
-  BuildDocumentJob(*program, document, 3, false);
+  BuildDocumentJob(*program, document, PrintMode::kOriginal, false);
   EXPECT_EQ(rectangles(), 0);
   ExpectCleanPages();
 }
