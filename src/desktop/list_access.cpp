@@ -82,7 +82,7 @@ int ListAccess::columnCount() const {
 }
 
 int ListAccess::FirstShown() const {
-  return std::max(list().window().first_row() - 1, 0);
+  return std::max(list().window().list.first_row - 1, 0);
 }
 
 int ListAccess::childCount() const {
@@ -152,7 +152,7 @@ QList<QAccessibleInterface*> ListAccess::selectedCells() const {
 QString ListAccess::CellText(int row, int column) const {
   ClassQDBASE* table = list().Shown();
   if (!table || column < 0 || column >= table->MAX_COLUMNS()) return {};
-  return ToQt(table->CellText(row + 1, table->columns()[static_cast<size_t>(column)], list().window().Look()));
+  return ToQt(table->CellText(row + 1, table->columns()[static_cast<size_t>(column)], list().window().list.Look()));
 }
 
 QRect ListAccess::CellRect(int row, int column) const {

@@ -1,27 +1,24 @@
 #include "desktop/list_view.h"
 
 #include <QAccessible>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QTimer>
-#include <QToolTip>
-#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <vector>
 
 #include "desktop/list_access.h"
 #include "desktop/list_canvas.h"
 #include "desktop/ribbon_painter.h"
 #include "desktop/scroll_style.h"
+#include "shell/commands.h"
+#include "shell/tabs.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr double kBaseZoom = 1.125;  // the list's text is as large as that of the window at 100 %
 constexpr double kWidest = 1.6;      // columns are not widened further than this to fill the window
-constexpr int kBar = 14, kGrip = 4, kLeastColumn = 12, kWheelNotch = 120, kWheelRows = 3, kOrderMark = 8;
+constexpr int kBar = 14, kOrderMark = 8;
 
 Colour ColourNumber(const QColor& colour) {
   return Rgb(colour.red(), colour.green(), colour.blue());
@@ -45,19 +42,6 @@ class WidenedColumns {
   std::vector<int> widths_;
 };
 
-bool ReportsAreBuilt() {
-  const auto& commands = MainWindow::Commands();
-  return std::any_of(commands.begin(), commands.end(),
-                     [](const Command& command) { return command.key == "ZESTAWIENIA.BILANS" && MainWindow::IsBuilt(command); });
-}
-
-struct KeyCode {
-  int key, code;
-};
-constexpr KeyCode kKeys[] = {{Qt::Key_Space, 32},    {Qt::Key_Escape, 27}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33},
-                             {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},    {Qt::Key_Home, 36},   {Qt::Key_Left, 37},  {Qt::Key_Up, 38},
-                             {Qt::Key_Right, 39},    {Qt::Key_Down, 40},   {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46}};
-
 }  // namespace
 
 ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidget* parent)
@@ -80,7 +64,7 @@ ListView::ListView(Program& program, MainWindow& window, const Look& look, QWidg
     bar->hide();
   }
   QObject::connect(rows_, &QScrollBar::valueChanged, this, [this](int value) {
-    window_.FirstRow(value + 1);
+    window_.list.first_row = value + 1;
     PlaceEditor();
     update();
   });
@@ -96,7 +80,7 @@ double ListView::TextZoom(double zoom) {
 }
 
 ClassQDBASE* ListView::Shown() const {
-  return program_.database_open && window_.ViewShown() ? window_.ViewTable() : nullptr;
+  return program_.database_open && window_.list.visible ? window_.ViewTable() : nullptr;
 }
 
 QRect ListView::Surface() const {
@@ -104,7 +88,7 @@ QRect ListView::Surface() const {
 }
 
 int ListView::RowHeight() const {
-  return ListCanvas::RowHeight(std::clamp(TextZoom(window_.zoom()), 0.1, 10.0));
+  return ListCanvas::RowHeight(std::clamp(TextZoom(window_.list.zoom()), 0.1, 10.0));
 }
 
 int ListView::PageRows() const {
@@ -115,7 +99,7 @@ std::vector<ListView::Span> ListView::Spans() const {
   std::vector<Span> spans;
   ClassQDBASE* table = Shown();
   if (!table) return spans;
-  const double zoom = std::clamp(TextZoom(window_.zoom()), 0.1, 10.0);
+  const double zoom = std::clamp(TextZoom(window_.list.zoom()), 0.1, 10.0);
   int left = kInset;
   for (int column = first_column_; column <= table->MAX_COLUMNS(); ++column) {
     const int field = table->columns()[static_cast<size_t>(column - 1)];
@@ -131,7 +115,7 @@ void ListView::Fit() {
   if (!table || drag_field_ != 0) return;
   double sum = 0;
   for (int field : table->columns()) sum += table->ColumnWidth(field);
-  sum *= TextZoom(window_.zoom());
+  sum *= TextZoom(window_.list.zoom());
   fit_ = sum > 0 ? std::clamp((Surface().width() - kInset - 1) / sum, 1.0, kWidest) : 1;
 }
 
@@ -170,7 +154,7 @@ void ListView::Arrange() {
   ClassQDBASE* table = Shown();
   const int count = table ? table->MAX_ROWS() : 0;
   rows_->setVisible(count > 0 && count > (height() - RowHeight() - kGapUnderHeader) / RowHeight());
-  const int zoom_and_width = Surface().width() * 1000 + static_cast<int>(std::lround(window_.zoom() * 100));
+  const int zoom_and_width = Surface().width() * 1000 + static_cast<int>(std::lround(window_.list.zoom() * 100));
   if (zoom_and_width != fitted_width_) {
     fitted_width_ = zoom_and_width;
     Fit();
@@ -196,9 +180,9 @@ void ListView::Arrange() {
     const QSignalBlocker quiet(rows_);
     rows_->setRange(0, last);
     rows_->setPageStep(page);
-    rows_->setValue(std::clamp(window_.first_row() - 1, 0, last));
+    rows_->setValue(std::clamp(window_.list.first_row - 1, 0, last));
   }
-  window_.FirstRow(rows_->value() + 1);
+  window_.list.first_row = rows_->value() + 1;
   rows_->setGeometry(width() - kBar, RowHeight(), kBar, height() - RowHeight() - (columns_->isHidden() ? 0 : kBar));
   columns_->setGeometry(0, height() - kBar, width() - (rows_->isHidden() ? 0 : kBar), kBar);
 }
@@ -213,7 +197,7 @@ void ListView::KeepInView() {
 void ListView::TellAccessibility() {
   QString row;
   if (ClassQDBASE* table = Shown(); table && current_row_ > 0) {
-    for (int field : table->columns()) row += ToQt(table->CellText(current_row_, field, window_.Look())) + "; ";
+    for (int field : table->columns()) row += ToQt(table->CellText(current_row_, field, window_.list.Look())) + "; ";
   }
   setAccessibleName(ToQt(window_.ribbon.ButtonText(window_.ribbon.TabID())));
   setAccessibleDescription(row);
@@ -222,14 +206,14 @@ void ListView::TellAccessibility() {
   QAccessible::updateAccessibility(&event);
   if (!hasFocus() || current_row_ < 1) return;
   QAccessibleEvent moved(this, QAccessible::Focus);
-  moved.setChild((current_row_ - std::max(window_.first_row(), 1)) * (table_ ? table_->MAX_COLUMNS() : 0));
+  moved.setChild((current_row_ - std::max(window_.list.first_row, 1)) * (table_ ? table_->MAX_COLUMNS() : 0));
   QAccessible::updateAccessibility(&moved);
 }
 
 QString ListView::Hint() const {
   if (!program_.database_open) return look_.Text("mdi.list.nocompany");
-  if (!window_.ViewShown()) return look_.Text("mdi.pleasewait");
-  if (window_.CurrentTable == -1) return look_.Text(ReportsAreBuilt() ? "mdi.list.noreport" : "common.notbuilt");
+  if (!window_.list.visible) return look_.Text("mdi.pleasewait");
+  if (window_.list.CurrentTable == kReportsTab) return look_.Text(IsBuilt("ZESTAWIENIA.BILANS") ? "mdi.list.noreport" : "common.notbuilt");
   return look_.Text("mdi.list.nodict");
 }
 
@@ -251,15 +235,15 @@ void ListView::paintEvent(QPaintEvent*) {
   }
   PaintTable(painter, *table);
   if (table->MAX_ROWS() > 0) return;
-  PaintHint(painter, look_.Text(window_.ViewFiltered() ? "mdi.list.none" : "mdi.list.empty"), Surface().adjusted(0, 0, 0, -height() / 4));
+  PaintHint(painter, look_.Text(window_.list.Filtered() ? "mdi.list.none" : "mdi.list.empty"), Surface().adjusted(0, 0, 0, -height() / 4));
 }
 
 void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
   RibbonPainter paint(painter, look_);
   const FrameColours& colours = paint.colours();
   const QRect surface = Surface();
-  TableLook look = window_.Look();
-  look.zoom = TextZoom(window_.zoom());
+  TableLook look = window_.list.Look();
+  look.zoom = TextZoom(window_.list.zoom());
   look.foreground = ColourNumber(look_.Colour(SkinColour::kButtonText));
   look.background = Rgb(255, 255, 255);
   look.line = ColourNumber(colours.list_line);
@@ -270,7 +254,7 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
   ListCanvas canvas(painter, surface.width() - kInset, surface.height(), kInset);
   {
     const WidenedColumns widened(table, fit_);
-    table.TABLE_DRAW(canvas, window_.first_row(), first_column_, true, look);
+    table.TABLE_DRAW(canvas, window_.list.first_row, first_column_, true, look);
   }
   painter.restore();
   const int header = RowHeight();
@@ -291,7 +275,7 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
 
 // A small arrow at the upper edge of the column that the list is ordered by, where it covers no heading.
 void ListView::PaintOrder(QPainter& painter) {
-  const auto [column, direction] = window_.ViewOrder();
+  const auto [column, direction] = window_.list.Order();
   for (const Span& span : Spans()) {
     if (span.column != column || span.width < 2 * kOrderMark) continue;
     const double middle = span.left + span.width / 2.0, top = 2, bottom = top + kOrderMark * 0.6;
@@ -309,162 +293,6 @@ void ListView::resizeEvent(QResizeEvent*) {
   Arrange();
   KeepInView();
   PlaceEditor();
-}
-
-bool ListView::InHeader(const QPoint& at) const {
-  return Shown() && at.y() >= 0 && at.y() < RowHeight() && at.x() < Surface().width();
-}
-
-int ListView::BorderAt(const QPoint& at) const {
-  if (!InHeader(at)) return -1;
-  const std::vector<Span> spans = Spans();
-  for (size_t i = spans.size(); i-- > 0;) {
-    if (std::abs(at.x() - (spans[i].left + spans[i].width - 1)) <= kGrip) return static_cast<int>(i);
-  }
-  return -1;
-}
-
-bool ListView::SelectAt(const QPoint& at) {
-  ClassQDBASE* table = Shown();
-  if (!table || !Surface().contains(at)) return false;
-  int left = 0, top = 0, width = 0, height = 0;
-  table->TABLE_CLICK(0, at.x() - kInset, at.y(), left, top, width, height);
-  for (const TableCell& cell : table->cells()) {
-    if (at.y() < cell.top || at.y() > cell.bottom + 1) continue;
-    return window_.UserRecord(cell.record);  // also beside the last column
-  }
-  return false;
-}
-
-void ListView::mousePressEvent(QMouseEvent* event) {
-  const QPoint at = event->position().toPoint();
-  press_column_ = 0;
-  edits_ = false;
-  if (event->button() == Qt::LeftButton && InHeader(at)) {
-    const int border = BorderAt(at);
-    const std::vector<Span> spans = Spans();
-    if (border >= 0) {
-      drag_field_ = spans[static_cast<size_t>(border)].field;
-      drag_from_ = at.x();
-      drag_width_ = spans[static_cast<size_t>(border)].width;
-      return;
-    }
-    for (const Span& span : spans) {
-      if (at.x() >= span.left && at.x() < span.left + span.width) press_column_ = span.column;
-    }
-  } else {
-    edits_ = SelectAt(at) && event->button() == Qt::LeftButton;
-    edit_at_ = at;
-  }
-}
-
-void ListView::mouseMoveEvent(QMouseEvent* event) {
-  const QPoint at = event->position().toPoint();
-  if (drag_field_ != 0) {
-    const int width = std::max(drag_width_ + at.x() - drag_from_, kLeastColumn);
-    if (ClassQDBASE* table = Shown()) {
-      table->ColumnWidth(drag_field_, std::max(static_cast<int>(std::lround(width / (TextZoom(window_.zoom()) * fit_))), 1));
-    }
-    PlaceEditor();
-    update();
-    return;
-  }
-  setCursor(BorderAt(at) >= 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
-  int hover = -1;
-  if (InHeader(at) && BorderAt(at) < 0) {
-    for (const Span& span : Spans()) {
-      if (at.x() >= span.left && at.x() < span.left + span.width) hover = span.column;
-    }
-  }
-  if (hover != hover_column_) hover_column_ = hover, update();
-}
-
-void ListView::mouseReleaseEvent(QMouseEvent* event) {
-  const QPoint at = event->position().toPoint();
-  if (drag_field_ != 0) {
-    drag_field_ = 0;
-    Arrange();
-    update();
-    return;
-  }
-  // A cell opens at the release: a list that drops down would take the release for a choice.
-  if (std::exchange(edits_, false) && event->button() == Qt::LeftButton) EditAt(edit_at_);
-  if (press_column_ == 0 || !InHeader(at)) return;
-  for (const Span& span : Spans()) {
-    if (span.column == press_column_ && at.x() >= span.left && at.x() < span.left + span.width) {
-      window_.UserSortByColumn(press_column_);
-      return;
-    }
-  }
-}
-
-void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && !InHeader(event->position().toPoint()) && SelectAt(event->position().toPoint())) {
-    window_.UserDoubleClick();
-  }
-}
-
-void ListView::wheelEvent(QWheelEvent* event) {
-  const bool sideways = std::abs(event->angleDelta().x()) > std::abs(event->angleDelta().y());
-  wheel_rest_ += sideways ? event->angleDelta().x() : event->angleDelta().y();
-  event->accept();
-  const bool zooms = event->modifiers() & Qt::ControlModifier;
-  const int step = zooms || sideways ? kWheelNotch : kWheelNotch / kWheelRows;
-  const int steps = wheel_rest_ / step;
-  if (steps == 0) return;
-  wheel_rest_ -= steps * step;
-  if (zooms) {
-    window_.Zoom((std::round(window_.zoom() * 10) + steps) / 10);
-  } else {
-    QScrollBar* bar = sideways || (event->modifiers() & Qt::ShiftModifier) ? columns_ : rows_;
-    bar->setValue(bar->value() - steps);
-  }
-}
-
-void ListView::keyPressEvent(QKeyEvent* event) {
-  if (!hasFocus()) {  // what the field of an open cell has no use for goes on to the window
-    event->ignore();
-    return;
-  }
-  const bool ctrl = event->modifiers() & Qt::ControlModifier;
-  const int key = event->key();
-  if (ctrl && (key == Qt::Key_Left || key == Qt::Key_Right)) {
-    columns_->setValue(columns_->value() + (key == Qt::Key_Left ? -1 : 1));
-    return;
-  }
-  for (const KeyCode& row : kKeys) {
-    if (row.key != key) continue;
-    window_.UserKey(row.code);
-    return;
-  }
-  QWidget::keyPressEvent(event);
-}
-
-void ListView::contextMenuEvent(QContextMenuEvent* event) {
-  QPoint at = event->globalPos();
-  if (event->reason() == QContextMenuEvent::Keyboard) {
-    // Under the current row.
-    at = mapToGlobal(QPoint(24, RowHeight()));
-    if (ClassQDBASE* table = Shown()) {
-      for (const TableCell& cell : table->cells()) {
-        if (cell.record == record_) at = mapToGlobal(QPoint(24, cell.bottom));
-      }
-    }
-  } else if (InHeader(event->pos())) {
-    return;
-  }
-  if (show_menu) show_menu(at);
-}
-
-void ListView::leaveEvent(QEvent*) {
-  if (hover_column_ != -1) hover_column_ = -1, update();
-}
-
-bool ListView::event(QEvent* event) {
-  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
-  // A press beside the open cell, on a border of the head, leaves it open: what is typed goes on to it.
-  if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, this, [this] { editor_->TakeFocus(); });
-  return QWidget::event(event);
 }
 
 }  // namespace ostrinka

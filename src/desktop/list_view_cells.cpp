@@ -3,11 +3,12 @@
 
 #include "desktop/list_canvas.h"
 #include "desktop/list_view.h"
+#include "shell/tabs.h"
 
 namespace ostrinka {
 
 void ListView::PlaceEditor() {
-  if (editor_) editor_->Refresh(ListCanvas::Font(std::clamp(TextZoom(window_.zoom()), 0.1, 10.0)));
+  if (editor_) editor_->Refresh(ListCanvas::Font(std::clamp(TextZoom(window_.list.zoom()), 0.1, 10.0)));
 }
 
 // Rows of records that another workstation deleted meanwhile are not drawn.
@@ -17,7 +18,7 @@ QRect ListView::CellArea(int32_t record, int column) const {
   const auto& rows = table->selection();
   int top = RowHeight() + kGapUnderHeader;
   bool found = false;
-  for (size_t i = static_cast<size_t>(std::max(window_.first_row() - 1, 0)); i < rows.size() && top < Surface().bottom(); ++i) {
+  for (size_t i = static_cast<size_t>(std::max(window_.list.first_row - 1, 0)); i < rows.size() && top < Surface().bottom(); ++i) {
     found = rows[i] == record;
     if (found) break;
     if (table->RECORD_EXIST(rows[i])) top += RowHeight();
@@ -47,7 +48,7 @@ void ListView::Reveal(int32_t record, int column) {
 
 bool ListView::EditAt(const QPoint& at) {
   ClassQDBASE* table = Shown();
-  if (window_.CurrentTable != -2 || !table) return false;
+  if (window_.list.CurrentTable != kDictionariesTab || !table) return false;
   const auto& rows = table->selection();
   const auto here = std::find(rows.begin(), rows.end(), table->RECORD_POSITION());
   if (here == rows.end()) return false;

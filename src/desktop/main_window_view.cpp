@@ -56,7 +56,7 @@ void MainWindowView::ShowInPlace() {
     Refresh();
     return;
   }
-  const MainWindow::Placement& place = window_.placement;
+  const WindowPlacement& place = window_.placement;
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, kLeastWidth, kLeastHeight);
   QRect frame(static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.width), static_cast<int>(place.height));
@@ -100,7 +100,7 @@ void MainWindowView::Tick() {
 
 void MainWindowView::KeepPlace() {
   if (!isVisible() || isMinimized()) return;
-  MainWindow::Placement& place = window_.placement;
+  WindowPlacement& place = window_.placement;
   place.state = isMaximized() ? kMaximised : kNormal;
   const QRect area = isMaximized() && normalGeometry().isValid() ? normalGeometry() : geometry();
   place.left = static_cast<float>(area.left());
@@ -171,8 +171,8 @@ bool MainWindowView::InFront() const {
 bool MainWindowView::WindowKey(const QKeyEvent& event) {
   const int key = event.key();
   if (event.modifiers() & Qt::ControlModifier) {
-    if (key == Qt::Key_Plus || key == Qt::Key_Equal) return window_.Zoom(window_.zoom() + 0.1), true;
-    if (key == Qt::Key_Minus) return window_.Zoom(window_.zoom() - 0.1), true;
+    if (key == Qt::Key_Plus || key == Qt::Key_Equal) return window_.Zoom(window_.list.zoom() + 0.1), true;
+    if (key == Qt::Key_Minus) return window_.Zoom(window_.list.zoom() - 0.1), true;
     if (key == Qt::Key_0) return window_.Zoom(1), true;
     if (key == Qt::Key_F && ribbon_->FindField()) return ribbon_->FindField()->setFocus(Qt::ShortcutFocusReason), true;
     return false;

@@ -146,7 +146,7 @@ bool MeasureList(Running& running) {
   std::vector<double> times;
   const int step = std::max(table->MAX_ROWS() / (kRounds + 1), 1);
   for (int i = 0; i < kRounds; ++i) {
-    running.window().FirstRow(1 + i * step);
+    running.window().list.first_row = 1 + i * step;
     list.Refresh();
     times.push_back(Milliseconds([&] { list.render(&page); }));
   }

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "desktop/form_widgets.h"
+#include "shell/commands.h"
 
 namespace ostrinka {
 namespace {
@@ -54,8 +55,8 @@ RibbonView::RibbonView(Program& program, MainWindow& window, const Look& look, Q
       main_menu_(look, look.Text("mdi.mainbutton"), this),
       tab_menu_(look, look.Text("mdi.list.menu"), this),
       list_(look, look.Text("mdi.list.choices"), this) {
-  for (const Command& command : MainWindow::Commands()) {
-    if (MainWindow::IsBuilt(command)) built_.emplace(command.key);
+  for (const Command& command : AllCommands()) {
+    if (IsBuilt(command)) built_.emplace(command.key);
   }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 1);

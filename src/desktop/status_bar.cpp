@@ -69,7 +69,7 @@ StatusBar::StatusBar(MainWindow& window, const Look& look, QWidget* parent) : QW
     made->setAccessibleName(look_.Text(name));
     made->setToolTip(look_.Text(name));
     QObject::connect(made, &QAbstractButton::clicked, this,
-                     [this, step] { window_.Zoom((std::round(window_.zoom() * 100 / kStep) * kStep + step) / 100); });
+                     [this, step] { window_.Zoom((std::round(window_.list.zoom() * 100 / kStep) * kStep + step) / 100); });
     return made;
   };
   less_ = button(Glyph::kMinus, "mdi.zoom.less", -kStep);
@@ -84,7 +84,7 @@ StatusBar::StatusBar(MainWindow& window, const Look& look, QWidget* parent) : QW
 }
 
 void StatusBar::Refresh(int row, int count) {
-  const int percent = static_cast<int>(std::lround(window_.zoom() * 100));
+  const int percent = static_cast<int>(std::lround(window_.list.zoom() * 100));
   {
     const QSignalBlocker quiet(zoom_);
     zoom_->setValue(std::clamp(percent, kLeast, kMost));

@@ -1,8 +1,7 @@
 #include "desktop/task_mark.h"
 
-#include <algorithm>
-
 #include "desktop/ribbon_painter.h"
+#include "shell/commands.h"
 
 namespace ostrinka {
 namespace {
@@ -10,19 +9,13 @@ namespace {
 constexpr const char* kEntry = "STREM";
 constexpr int kHeight = 22, kIcon = 16, kSide = 8, kGap = 6;
 
-bool CanOpen() {
-  const auto& commands = MainWindow::Commands();
-  return std::any_of(commands.begin(), commands.end(),
-                     [](const Command& command) { return command.key == kEntry && MainWindow::IsBuilt(command); });
-}
-
 }  // namespace
 
 TaskMark::TaskMark(MainWindow& window, const Look& look, QWidget* parent) : QAbstractButton(parent), window_(window), look_(look) {
   setFont(look_.WindowFont());
   setFocusPolicy(Qt::TabFocus);
   setFixedHeight(kHeight);
-  setEnabled(CanOpen());
+  setEnabled(IsBuilt(kEntry));
   setToolTip(look_.Text(isEnabled() ? "mdi.tasks.tip" : "common.notbuilt"));
   hide();
   connect(this, &QAbstractButton::clicked, this, [this] { window_.UserCommand(kEntry); });

@@ -123,7 +123,7 @@ std::vector<std::string> ScriptRunner::RowsOnShow(const WordList& words, size_t 
   for (int row = 1; table && row <= table->MAX_ROWS(); ++row) {
     std::string line;
     for (const int field : table->columns())
-      line += (line.empty() && field == table->columns()[0] ? "" : "\t") + table->CellText(row, field, window.Look());
+      line += (line.empty() && field == table->columns()[0] ? "" : "\t") + table->CellText(row, field, window.list.Look());
     rows.push_back(std::move(line));
   }
   return rows;

@@ -1,6 +1,14 @@
 #include "shell/ribbon.h"
 
 namespace ostrinka {
+namespace {
+
+// Whether the button keeps what was chosen from its list.
+bool KeepsChoice(RibbonKind kind) {
+  return kind == RibbonKind::kSplit || kind == RibbonKind::kFind;
+}
+
+}  // namespace
 
 RibbonControl::RibbonControl(const Catalogue& catalogue) {
   for (const RibbonRow& row : RibbonRows()) {
@@ -13,7 +21,7 @@ RibbonControl::RibbonControl(const Catalogue& catalogue) {
     state.icon = row.icon;
   }
   for (const RibbonRow& row : RibbonRows()) {
-    if (row.kind == RibbonKind::kSplit || row.kind == RibbonKind::kFind) ShowFirstChoice(row);
+    if (KeepsChoice(row.kind)) ShowFirstChoice(row);
   }
 }
 
@@ -23,7 +31,18 @@ void RibbonControl::ShowFirstChoice(const RibbonRow& split) {
   for (const RibbonRow* row : Children(split.key)) {
     if (row->kind == RibbonKind::kItem && (!choice || std::string_view(row->key) == split.key)) choice = row;
   }
-  if (choice) Of(split.key).text = Of(StateKey(*choice)).text;
+  if (!choice) return;
+  Of(split.key).text = Of(StateKey(*choice)).text;
+  Of(split.key).chosen = choice->key;
+}
+
+std::string_view RibbonControl::ItemWithCaption(std::string_view button, std::string_view caption) const {
+  const RibbonRow* owner = Find(button);
+  if (!owner || !KeepsChoice(owner->kind)) return {};
+  for (const RibbonRow* row : Children(button)) {
+    if (row->kind == RibbonKind::kItem && Of(StateKey(*row)).text == caption) return row->key;
+  }
+  return {};
 }
 
 std::string RibbonControl::StateKey(const RibbonRow& row) {
@@ -92,7 +111,21 @@ bool RibbonControl::ToolbarVisible(std::string_view key) const {
 }
 
 void RibbonControl::ButtonText(std::string_view key, std::string text) {
-  Of(key).text = std::move(text);
+  State& state = Of(key);
+  state.chosen = ItemWithCaption(key, text);
+  state.text = std::move(text);
+  Changed();
+}
+
+std::string_view RibbonControl::ChosenItem(std::string_view button) const {
+  return Of(button).chosen;
+}
+
+void RibbonControl::ChooseItem(const RibbonRow& item) {
+  State& button = Of(item.parent);
+  button.text = Of(StateKey(item)).text;
+  button.icon = item.icon;
+  button.chosen = item.key;
   Changed();
 }
 void RibbonControl::ButtonChecked(std::string_view key, bool checked) {

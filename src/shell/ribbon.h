@@ -26,8 +26,13 @@ class RibbonControl {
   const std::string& TabID() const { return tab_; }
   bool TabID(std::string_view key);  // false for an unknown tab
 
+  // The caption. That of a split button is its choice: the item that bears a new caption becomes the chosen one.
   std::string ButtonText(std::string_view key) const;
   void ButtonText(std::string_view key, std::string text);
+  // Key of the item that a split button or a find button was left on; "" for any other button, and for a caption that is no item's.
+  std::string_view ChosenItem(std::string_view button) const;
+  // The button of an item takes its caption and icon.
+  void ChooseItem(const RibbonRow& item);
   bool ButtonChecked(std::string_view key) const;
   void ButtonChecked(std::string_view key, bool checked);
   bool ButtonEnabled(std::string_view key) const;
@@ -62,12 +67,14 @@ class RibbonControl {
  private:
   struct State {
     std::string text, tip, icon;
+    std::string_view chosen;  // key of the item whose caption `text` is
     bool checked = false, enabled = true, visible = true;
     std::vector<std::pair<std::string, std::string>> list;
   };
   // An item that bears its parent's key keeps its state under "key:item".
   static std::string StateKey(const RibbonRow& row);
   void ShowFirstChoice(const RibbonRow& split);
+  std::string_view ItemWithCaption(std::string_view button, std::string_view caption) const;
   const State& Of(std::string_view key) const;
   State& Of(std::string_view key);
   void Changed() const {

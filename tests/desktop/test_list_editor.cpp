@@ -44,7 +44,7 @@ class ListEditorTest : public CompanyWindow {
   }
   std::string Shown(int row, int column) {
     ClassQDBASE& table = *window->ViewTable();
-    return table.CellText(row, table.columns()[static_cast<size_t>(column - 1)], window->Look());
+    return table.CellText(row, table.columns()[static_cast<size_t>(column - 1)], window->list.Look());
   }
   void AddCountries(int count) {
     ClassQDBASE& table = Table(*program, kPanstwa);
@@ -102,7 +102,7 @@ TEST_F(ListEditorTest, TheFieldLiesOverItsCellAndFollowsIt) {
   Key(Qt::Key_Escape);
   Key(Qt::Key_End);
   const int last = window->ViewTable()->MAX_ROWS();
-  EXPECT_GT(window->first_row(), 1);
+  EXPECT_GT(window->list.first_row, 1);
   Key(Qt::Key_Return);
   ASSERT_NE(Line(), nullptr);
   EXPECT_TRUE(Line()->geometry().contains(CellAt(last, 1)));

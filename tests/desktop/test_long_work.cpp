@@ -3,6 +3,7 @@
 
 #include "company/table_definitions.h"
 #include "desktop/clerk.h"
+#include "shell/commands.h"
 
 namespace ostrinka {
 namespace {
@@ -86,8 +87,8 @@ TEST_F(VanishedFolderTest, CommandsGoOnWithoutTheFolderAndEverythingWorksOnceItI
   platform.ui.answers = {Answer::kYes, Answer::kYes, Answer::kYes, Answer::kYes, Answer::kYes, Answer::kYes};
   const auto shown = platform.ui.on_modal;
   platform.ui.on_modal = nullptr;
-  for (const Command& command : MainWindow::Commands()) {
-    if (command.key == "EXIT" || command.key == "SŁOWNIK.WALUTY.UPG.NBP" || !MainWindow::IsBuilt(command)) continue;
+  for (const Command& command : AllCommands()) {
+    if (command.key == "EXIT" || command.key == "SŁOWNIK.WALUTY.UPG.NBP" || !IsBuilt(command)) continue;
     window->UserCommand(command.key);
     view->grab();
   }

@@ -10,6 +10,7 @@
 #include "controls/form.h"
 #include "desktop/main_window_view.h"
 #include "desktop/person.h"
+#include "shell/commands.h"
 #include "startup/startup.h"
 #include "support/test_platform.h"
 
@@ -203,14 +204,14 @@ TEST_F(MainWindowTest, TheCurrentRowMovesByKeysAndStaysInView) {
   Key(Qt::Key_F7);
   Key(Qt::Key_End);
   EXPECT_EQ(view->list().CurrentRow(), kCustomers);
-  const int last_first = window->first_row(), page = window->ViewTable()->TABLE_ROWS();
+  const int last_first = window->list.first_row, page = window->ViewTable()->TABLE_ROWS();
   EXPECT_GT(last_first, 1);
   EXPECT_LE(kCustomers - last_first, page);
   Key(Qt::Key_PageUp);
   EXPECT_EQ(view->list().CurrentRow(), kCustomers - page);
   Key(Qt::Key_Home);
   EXPECT_EQ(view->list().CurrentRow(), 1);
-  EXPECT_EQ(window->first_row(), 1);
+  EXPECT_EQ(window->list.first_row, 1);
   Key(Qt::Key_Down);
   Key(Qt::Key_Right);
   Key(Qt::Key_Up);
@@ -251,7 +252,7 @@ TEST_F(MainWindowTest, AHeadSortsByAClickAndItsBorderWidensTheColumn) {
     return TableCell();
   };
   const TableCell cell = name_cell();
-  const auto first = [&] { return table.CellText(1, cell.field, window->Look()); };
+  const auto first = [&] { return table.CellText(1, cell.field, window->list.Look()); };
   ClickAt(view->list(), {cell.left + 30, 6});
   Turn();
   EXPECT_EQ(first(), "Odbiorca 101");
@@ -271,7 +272,7 @@ TEST_F(MainWindowTest, AHeadSortsByAClickAndItsBorderWidensTheColumn) {
 TEST_F(MainWindowTest, TheColumnThatOrdersTheListBearsAMark) {
   Key(Qt::Key_F7);
   ClassQDBASE& table = *window->ViewTable();
-  EXPECT_EQ(window->ViewOrder().first, 0);
+  EXPECT_EQ(window->list.Order().first, 0);
   const TableCell cell = table.cells()[1];
   const auto marks = [&] {  // dark pixels at the upper edge of each heading
     const QImage image = view->list().grab().toImage();
@@ -284,15 +285,15 @@ TEST_F(MainWindowTest, TheColumnThatOrdersTheListBearsAMark) {
   const QPoint head((cell.left + cell.right) / 2, 10);
   ClickAt(view->list(), head);
   Turn();
-  EXPECT_EQ(window->ViewOrder(), (std::pair<int, int>{cell.column, ordAsc}));
+  EXPECT_EQ(window->list.Order(), (std::pair<int, int>{cell.column, ordAsc}));
   EXPECT_GT(marks(), 1);
   ClickAt(view->list(), head);
-  EXPECT_EQ(window->ViewOrder(), (std::pair<int, int>{cell.column, ordDesc}));
+  EXPECT_EQ(window->list.Order(), (std::pair<int, int>{cell.column, ordDesc}));
   window->UserTab("SPRZEDAŻ");
   window->UserSortByColumn(2);
-  EXPECT_EQ(window->ViewOrder().first, 2);
+  EXPECT_EQ(window->list.Order().first, 2);
   window->UserCommand("SPRZEDAŻ.OKRES.WSZYSTKIE");  // lists the documents as they were entered
-  EXPECT_EQ(window->ViewOrder().first, 0);
+  EXPECT_EQ(window->list.Order().first, 0);
 }
 
 TEST_F(MainWindowTest, TheWheelZoomsTheListAndAColumnKeepsItsWidthUntilTheNextStart) {
@@ -306,7 +307,7 @@ TEST_F(MainWindowTest, TheWheelZoomsTheListAndAColumnKeepsItsWidthUntilTheNextSt
     Turn();
   };
   roll(3);
-  EXPECT_NEAR(window->zoom(), 1.3, 1e-9);
+  EXPECT_NEAR(window->list.zoom(), 1.3, 1e-9);
   EXPECT_LT(window->ViewTable()->TABLE_ROWS(), rows);
   roll(-3);
   EXPECT_EQ(window->ViewTable()->TABLE_ROWS(), rows);
@@ -396,11 +397,11 @@ TEST_F(MainWindowTest, TheFindFieldRunsWithEnterAndItsTextStaysWithItsTab) {
 
 TEST_F(MainWindowTest, AToolWhoseFunctionIsNotPartOfThisVersionIsDisabledAndSaysSo) {
   int checked = 0;
-  for (const Command& command : MainWindow::Commands()) {
+  for (const Command& command : AllCommands()) {
     const RibbonButton* button = view->ribbon().Button(command.key);
     if (!button) continue;
-    EXPECT_EQ(button->isEnabled(), MainWindow::IsBuilt(command)) << command.key;
-    EXPECT_EQ(button->toolTip() == look.Text("common.notbuilt"), !MainWindow::IsBuilt(command)) << command.key;
+    EXPECT_EQ(button->isEnabled(), IsBuilt(command)) << command.key;
+    EXPECT_EQ(button->toolTip() == look.Text("common.notbuilt"), !IsBuilt(command)) << command.key;
     EXPECT_FALSE(button->accessibleName().isEmpty()) << command.key;
     ++checked;
   }
@@ -411,7 +412,7 @@ TEST_F(MainWindowTest, ACompanyOpenedAgainShowsAllAndTicksNothing) {
   window->UserTab("SPRZEDAŻ");
   window->UserCommand("SPRZEDAŻ.OKRES.DZISIAJ");
   EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 0);
-  EXPECT_TRUE(window->ViewFiltered());
+  EXPECT_TRUE(window->list.Filtered());
   window->UserTab("KONTRAHENCI");
   window->UserCommand("KONTRAHENCI.SELEKCJA.ALFABET.A-D");
   EXPECT_TRUE(window->ribbon.ButtonChecked("KONTRAHENCI.SELEKCJA.ALFABET.A-D"));
@@ -425,7 +426,7 @@ TEST_F(MainWindowTest, ACompanyOpenedAgainShowsAllAndTicksNothing) {
   window->UserTab("SPRZEDAŻ");
   EXPECT_EQ(window->ViewTable()->MAX_ROWS(), 2);
   EXPECT_FALSE(window->ribbon.ButtonChecked("SPRZEDAŻ.OKRES.DZISIAJ"));
-  EXPECT_FALSE(window->ViewFiltered());
+  EXPECT_FALSE(window->list.Filtered());
 }
 
 TEST_F(MainWindowTest, InsertAddsAndEnterEditsWhatTheTabShows) {

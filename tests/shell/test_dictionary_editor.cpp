@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "company/ost_engine.h"
+#include "shell/commands.h"
 #include "shell/main_window.h"
 #include "shell/options_form.h"
 #include "shell/skin.h"
@@ -47,15 +48,16 @@ class DictionaryTest : public ::testing::Test {
 
 TEST_F(DictionaryTest, APickShowsItsTableAndTicksItsToolAlone) {
   EXPECT_EQ(window->ribbon.TabID(), "SŁOWNIKI");
-  for (const Command& command : MainWindow::Commands()) {
-    if (command.run != &MainWindow::PickDictionary) continue;
-    window->UserCommand(command.key);
-    EXPECT_EQ(window->ViewTableNumber(), command.table);
-    EXPECT_GT(window->ViewTable()->MAX_COLUMNS(), 0) << command.key;
-    for (const Command& other : MainWindow::Commands()) {
-      if (other.run != &MainWindow::PickDictionary) continue;
-      EXPECT_EQ(window->ribbon.ButtonChecked(other.key), other.key == command.key);
-    }
+  std::vector<std::string_view> tools;
+  for (const RibbonRow& row : RibbonRows()) {
+    if (std::string_view(row.parent) == "SŁOWNIKI.WYBÓR") tools.push_back(row.key);
+  }
+  EXPECT_EQ(tools.size(), 10u);
+  for (const std::string_view key : tools) {
+    window->UserCommand(key);
+    EXPECT_EQ(window->list.TableNumber(), FindCommand(key)->table);
+    EXPECT_GT(window->ViewTable()->MAX_COLUMNS(), 0) << key;
+    for (const std::string_view other : tools) EXPECT_EQ(window->ribbon.ButtonChecked(other), other == key);
   }
 }
 

@@ -23,6 +23,7 @@
 #include "masterdata/wizard_form.h"
 #include "sales/line_form.h"
 #include "sales/sales_form.h"
+#include "shell/commands.h"
 #include "startup/startup.h"
 
 namespace ostrinka {
@@ -161,8 +162,8 @@ void Screens::Commands() {
     Shot(form, name);
     form.Close();
   };
-  for (const Command& command : MainWindow::Commands()) {
-    if (!MainWindow::IsBuilt(command) || passed.count(command.key) > 0) continue;
+  for (const Command& command : AllCommands()) {
+    if (!IsBuilt(command) || passed.count(command.key) > 0) continue;
     window.UserCommand(command.key);
   }
   ui_.play = nullptr;
