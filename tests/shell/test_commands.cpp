@@ -59,7 +59,9 @@ TEST_F(ShellTest, EveryTabHasItsListAndTheRecordCommandsOfItsPrefix) {
     for (const char* what : {".DODAJ", ".EDYTUJ", ".USUŃ"}) {
       const Command* command = FindCommand(std::string(tab.record_prefix) + what);
       ASSERT_EQ(command != nullptr, tab.table != kReportsTab) << tab.record_prefix << what;
-      if (command && tab.table > 0) EXPECT_EQ(command->table, tab.table) << command->key;
+      if (command && tab.table > 0) {
+        EXPECT_EQ(command->table, tab.table) << command->key;
+      }
     }
   }
 }
