@@ -9,9 +9,7 @@ namespace ostrinka {
 namespace {
 
 void OpenEditor(CommandContext& context, frm_Dok_sprzed& form) {
-  form.print_document = [&program = context.program](int32_t record, PrintMode mode) {
-    PrintOneDocument(program, record, mode);
-  };
+  form.print_document = [&program = context.program](int32_t record, PrintMode mode) { PrintOneDocument(program, record, mode); };
   form.reload_();
   context.Show(form);
 }
