@@ -22,6 +22,7 @@ constexpr TextRow kTexts[] = {
     {"&Save", "toolkit.save"},
     {"Save As", "toolkit.saveas"},
     {"Directory:", "toolkit.directory"},
+    {"Directories", "toolkit.directories"},
     {"Folder", "toolkit.folder"},
     {"Parent Directory", "toolkit.up"},
     {"Create New Folder", "toolkit.newfolder"},

@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QInputMethodEvent>
@@ -249,15 +250,17 @@ QStringList ToolkitsOwnTexts(const QString& folder) {
     for (const QAction* action : menu->actions()) texts << action->text().section('\t', 0, 0);
     delete menu;
   }
-  for (const auto mode : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
+  for (const auto mode : {QFileDialog::ExistingFile, QFileDialog::AnyFile, QFileDialog::Directory}) {
     QFileDialog dialog;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode);
+    dialog.setAcceptMode(mode == QFileDialog::AnyFile ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setDirectory(folder);
     for (const QLabel* label : dialog.findChildren<QLabel*>()) texts << label->text();
     for (const QPushButton* button : dialog.findChildren<QPushButton*>()) texts << button->text();
     for (const QToolButton* button : dialog.findChildren<QToolButton*>()) texts << button->toolTip();
     for (const QAction* action : dialog.findChildren<QAction*>()) texts << action->text();
+    texts << dialog.findChild<QComboBox*>("fileTypeCombo")->currentText();
     for (const auto* model : dialog.findChildren<QFileSystemModel*>()) {
       for (int column = 0; column < model->columnCount(); ++column) texts << model->headerData(column, Qt::Horizontal).toString();
     }
