@@ -26,9 +26,10 @@ Value Settings::GetSettingValue(std::string_view space, std::string_view section
 
 bool Settings::SaveSettingValue(std::string_view space, std::string_view section, std::string_view key, const Value& value) {
   if (Trim(space).empty() || Trim(section).empty() || Trim(key).empty()) return false;
-  if (!files_.FolderExists(folder_)) files_.MakeFolders(folder_);
+  if (!files_.FolderExists(folder_) && files_.MakeFolders(folder_)) files_.KeepForUser(folder_);
   // Without waiting for the disk: a window that closes writes more than a hundred of them.
-  return files_.WriteAll(folder_ + FileName(space, section, key), ToCp1250(ToText(value)) + "\r\n", false);
+  return files_.WriteAll(folder_ + FileName(space, section, key), ToCp1250(ToText(value)) + "\r\n",
+                         {.flush = false, .for_user_alone = true});
 }
 
 bool Settings::Exists(std::string_view space, std::string_view section, std::string_view key) {

@@ -224,6 +224,22 @@ std::string FoldPolish(std::string_view utf8) {
   return MapCodePoints(utf8, [](char32_t c) { return BaseOfPolish(LowerCodePoint(c)); });
 }
 
+bool BeginsWithin(std::string_view name, std::string_view first, std::string_view last) {
+  const std::string letter = FoldPolish(LeftCharacters(Trim(name), 1));
+  return !letter.empty() && letter >= FoldPolish(first) && letter <= FoldPolish(last);
+}
+
+std::string MailAddress(std::string_view address) {
+  constexpr std::string_view kPlain = "-._~@+,", kDigits = "0123456789ABCDEF";
+  std::string text = "mailto:";
+  for (const char c : address) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || kPlain.find(c) != kPlain.npos;
+    text += plain ? std::string(1, c) : std::string{'%', kDigits[byte >> 4], kDigits[byte & 15]};
+  }
+  return text;
+}
+
 const uint8_t* Cp1250LowerTable() {
   static const auto table = MapBytes(LowerCodePoint);
   return table.data();

@@ -40,6 +40,11 @@ std::string Lower(std::string_view utf8);
 std::string Upper(std::string_view utf8);
 // Lower case, then ą ć ę ł ń ó ś ź ż as a c e l n o s z z: the key that lists are sorted by.
 std::string FoldPolish(std::string_view utf8);
+// Whether the first letter of `name`, in any case and a Polish one as the letter that it is made from, lies from `first` to `last`. False
+// for an empty name.
+bool BeginsWithin(std::string_view name, std::string_view first, std::string_view last);
+// "mailto:" and the address with everything encoded that would end it or add to it.
+std::string MailAddress(std::string_view address);
 
 // Lower-case and folded forms byte by byte in Windows-1250, for comparing what lies in a table without decoding it.
 const uint8_t* Cp1250LowerTable();  // 256 entries

@@ -55,16 +55,24 @@ bool PutAttachmentsAside(FileSystem& files, const std::string& path) {
   return files.Rename(path + ".memo", aside);
 }
 
+// Built under another name, which a killed run may have left, and renamed when it is whole: what has a table's name is one.
 bool CreateTable(Platform& platform, const TableDefinition& definition, const std::string& path, const std::string& user,
                  const std::string& password) {
-  if (!PutAttachmentsAside(platform.files, path)) return false;
+  const std::string building = path + kBuildingSuffix;
   ClassQDBASE table(platform);
-  if (!table.DATABASE_OPEN(path, user, password, true, false, false)) return false;
-  const bool complete = AddFields(table, definition) && AddRows(table, definition.number);
+  if (!table.DATABASE_OPEN(building, user, password, true, false, false)) return false;
+  {
+    // Another workstation may be building it at this moment.
+    const SoleUse alone(table);
+    if (!alone.held() || table.FIELD_COUNT() != 0) return false;
+    if (AddFields(table, definition) && AddRows(table, definition.number) && table.Flush() && PutAttachmentsAside(platform.files, path) &&
+        platform.files.RenameAside(building, path)) {
+      return true;
+    }
+  }
   table.DATABASE_CLOSE();
-  // A table that is only half there would count as existing from now on.
-  if (!complete) platform.files.Remove(path);
-  return complete;
+  platform.files.Remove(building);
+  return false;
 }
 
 }  // namespace
@@ -87,6 +95,7 @@ void OSTEngine::create_(const std::string& path, const std::string& user, const 
       if (!silent) program_.Message("msg.info.dbleftover", MessageKind::kWarning, {left});
       return;
     }
+    if (program_.platform.ui.EndWanted()) return;
     // A table made anew has the shape of creation, so the folder has to be brought up to date again.
     if (HasFolderVersion(files, folder)) WriteFolderVersion(files, folder, kUnfinished);
     if (!CreateTable(program_.platform, definition, file, user, password)) return;

@@ -14,19 +14,30 @@ constexpr FormatField kFormatFields[] = {
     {"FORMAT_PROCENTY", "Percentage", "0\\%"},
 };
 
+std::string FormatOf(Program& program, const FormatField& format) {
+  return program.settings.Text(kCommon, "strFormat", format.setting, format.fallback);
+}
+
 }  // namespace
 
 void FillFormats(Program& program, ClassQDBASE& firma, const char* screen_date) {
   for (const FormatField& format : kFormatFields) {
-    firma.FIELD(format.field ? format.field : screen_date, program.settings.Text(kCommon, "strFormat", format.setting, format.fallback));
+    firma.FIELD(format.field ? format.field : screen_date, FormatOf(program, format));
   }
 }
 
 bool EnsureCompanyRecord(Program& program, ClassQDBASE& firma) {
   if (firma.RECORD_COUNT() >= 1) return true;
-  if (!firma.RECORD_ADD() || !firma.RECORD_LOAD(1)) return false;
-  FillFormats(program, firma);
-  return firma.RECORD_SAVE(1);
+  // In one write: a record without its formats would be taken for one of which they were emptied.
+  std::vector<Value> values;
+  for (int n = 1; n <= firma.FIELD_COUNT(); ++n) {
+    Value value;
+    for (const FormatField& format : kFormatFields) {
+      if (firma.FIELD_NAME(n) == (format.field ? format.field : "FORMAT_DATA_EKR")) value = FormatOf(program, format);
+    }
+    values.push_back(std::move(value));
+  }
+  return firma.RECORD_ADD(values);
 }
 
 void TakeCompanyDetails(Program& program, ClassQDBASE& firma) {

@@ -4,6 +4,7 @@
 #include "company/firma_record.h"
 #include "company/list_columns.h"
 #include "company/login_form.h"
+#include "company/table_check.h"
 #include "company/table_definitions.h"
 #include "company/version_file.h"
 
@@ -32,6 +33,7 @@ std::string LeftOvers(Program& program, const std::string& folder) {
   std::string names;
   for (const std::string& name : program.platform.files.ListFiles(folder)) {
     const bool aside = name.find(kAsideSuffix) != std::string::npos;
+    if (EndsWith(name, ".memo.temp")) continue;  // of a compression, which leaves the attachments as they were until it is done
     if (!aside && !EndsWith(name, ".temp") && !EndsWith(name, ".new") && !EndsWith(name, ".try")) continue;
     for (const TableDefinition& table : TableDefinitions()) {
       if (StartsWith(name, std::string(table.file) + ".")) names += (names.empty() ? "" : "\r\n") + name;
@@ -77,20 +79,16 @@ void ShowProgress(Program& program, ClassQDBASE& table) {
   };
 }
 
-bool OpenTable(Program& program, int number, const std::string& folder, const LoginResult& login) {
-  auto table = std::make_shared<ClassQDBASE>(program.platform);
-  if (!table->DATABASE_OPEN(folder + TableFile(number), login.user, login.password, false, false, true)) return false;
-  OpenTable(program, number) = table;
-  ShowProgress(program, *table);
+void PrepareTable(Program& program, int number, ClassQDBASE& table) {
+  ShowProgress(program, table);
   if (number != kFirma) {
-    ShowListColumns(program, number, *table);
-    return true;
+    ShowListColumns(program, number, table);
+    return;
   }
-  EnsureCompanyRecord(program, *table);  // a login that may only read does without
-  table->SELECTION("*", "*", "", ordAsc);
-  table->MOVE_FIRST();
-  TakeCompanyDetails(program, *table);
-  return true;
+  EnsureCompanyRecord(program, table);  // a login that may only read does without
+  table.SELECTION("*", "*", "", ordAsc);
+  table.MOVE_FIRST();
+  TakeCompanyDetails(program, table);
 }
 
 // The last three steps are 98, 99 and 100.
@@ -121,29 +119,46 @@ void OSTEngine::step(double percent, bool silent) {
 
 void OSTEngine::test_(const std::string& path, const std::string& user, const std::string& password, bool& ok) {
   ok = false;
+  reason_.clear();
   const std::string folder = Folder(path);
   for (int number : OpeningOrder()) {
     ClassQDBASE table(program_.platform);
-    if (!table.DATABASE_OPEN(folder + TableFile(number), user, password, false, false, false)) return;
+    if (!table.DATABASE_OPEN(folder + TableFile(number), user, password, false, false, false)) {
+      reason_ = WhyNotOpened(program_, folder, TableFile(number), table);
+      return;
+    }
     table.DATABASE_CLOSE();
   }
   ok = true;
 }
 
-bool OSTEngine::BringUpToDate(const std::string& folder, const LoginResult& login) {
+void OSTEngine::PutInOrder(const std::string& folder) {
   FileSystem& files = program_.platform.files;
+  std::string finished;
+  for (const TableDefinition& table : TableDefinitions()) {
+    ClassQDBASE::PutBack(files, folder + table.file);
+    if (ClassQDBASE::FinishChange(files, folder + table.file)) finished += (finished.empty() ? "" : "\r\n") + std::string(table.file);
+  }
+  if (!finished.empty()) program_.Message("msg.info.dbfinished", MessageKind::kInformation, {finished});
+}
+
+bool OSTEngine::BringUpToDate(const std::string& folder, const LoginResult& login, bool always) {
+  FileSystem& files = program_.platform.files;
+  const auto current = [&] { return !always && SameVersion(ReadFolderVersion(files, folder), kProgramVersion); };
+  reason_ = program_.Text("msg.info.dbupdating");
   if (IsBeingUpgraded(files, folder)) return false;
-  for (const TableDefinition& table : TableDefinitions()) ClassQDBASE::PutBack(files, folder + table.file);
+  PutInOrder(folder);
   if (!files.FileExists(folder + TableFile(kFirma))) return true;
   {
     // A login that is refused changes nothing, or the folder would be marked as brought up to date when it was not.
     ClassQDBASE company(program_.platform);
     if (!company.DATABASE_OPEN(folder + TableFile(kFirma), login.user, login.password, false, false, false)) return true;
   }
-  if (SameVersion(ReadFolderVersion(files, folder), kProgramVersion)) return true;
+  if (current()) return true;
   const UpgradeLock lock(files, folder);
   if (lock.refused()) return false;
-  if (SameVersion(ReadFolderVersion(files, folder), kProgramVersion)) return true;  // another program has done it in between
+  if (current()) return true;  // another program has done it in between
+  reason_.clear();
   // The program's own numbers come last: whatever stops this run, the next opening does it again. So it does what could not be changed now,
   // for a table in use elsewhere.
   WriteFolderVersion(files, folder, kUnfinished);
@@ -151,43 +166,100 @@ bool OSTEngine::BringUpToDate(const std::string& folder, const LoginResult& logi
   create_(folder, login.user, login.password, true, created);
   tdb_DataBaseDebug(folder, login.user, login.password, upgraded);
   if (created && upgraded) WriteFolderVersion(files, folder, kProgramVersion);
+  return !program_.platform.ui.EndWanted();
+}
+
+bool OSTEngine::OpenTables(const std::string& folder, const LoginResult& login, bool silent, std::vector<Lack>& lacking) {
+  lacking.clear();
+  steps_ = 0;
+  size_t opened = 0;
+  for (int number : OpeningOrder()) {
+    auto table = std::make_shared<ClassQDBASE>(program_.platform);
+    if (!table->DATABASE_OPEN(folder + TableFile(number), login.user, login.password, false, false, true)) {
+      reason_ = WhyNotOpened(program_, folder, TableFile(number), *table);
+      return false;
+    }
+    const TableDefinition& definition = *FindTable(number);
+    if (static_cast<size_t>(table->FIELD_COUNT()) > definition.fields.size() && IsAnotherKind(*table, definition)) {
+      reason_ = program_.Text("msg.why.otherkind", {TableFile(number), folder});
+      return false;
+    }
+    OpenTable(program_, number) = table;
+    const std::string fields = Shortcomings(*table, definition);
+    if (fields.empty()) {
+      PrepareTable(program_, number, *table);
+    } else {
+      lacking.push_back({number, fields});
+    }
+    step(OpeningPercent(++opened), silent);
+  }
   return true;
 }
 
+bool OSTEngine::OpenForReadingOnly(const std::string& folder, const std::vector<Lack>& lacking) {
+  std::string names;
+  for (const Lack& lack : lacking) {
+    if (!refused_.count(lack.number)) {
+      reason_ = program_.Text("msg.why.lacks", {TableFile(lack.number), lack.fields, folder});
+      return false;
+    }
+    ClassQDBASE& table = Table(program_, lack.number);
+    table.ForReadingOnly();
+    PrepareTable(program_, lack.number, table);
+    names += (names.empty() ? "" : "\r\n") + TableFile(lack.number);
+  }
+  if (!names.empty()) program_.Message("msg.info.dbreadonly", MessageKind::kWarning, {names});
+  return true;
+}
+
+void OSTEngine::TellRights() {
+  const int32_t rights = Table(program_, kFirma).LOGIN_TYPE();
+  if (rights == kOwner || rights == kReadWrite || refused_.count(kFirma)) return;
+  program_.Message("msg.info.loginreadonly", MessageKind::kInformation, {program_.login.user});
+}
+
 void OSTEngine::open_(bool silent, bool& ok) {
-  ok = false;
   program_.database_open = false;
-  steps_ = 0;
   CloseTables(program_);
   if (!silent) {
     program_.Status("Otwieranie bazy danych...");
     program_.platform.ui.TurnEvents();
   }
-  const LoginResult login = AskLogin(program_);
+  open_as(AskLogin(program_), silent, ok);
+}
+
+void OSTEngine::open_as(const LoginResult& login, bool silent, bool& ok) {
+  ok = false;
+  program_.login = login;
+  program_.database_open = false;
+  refused_.clear();
+  CloseTables(program_);
   const std::string folder = program_.DatabaseFolder();
-  bool ready = false;
-  {
+  const auto bring_up_to_date = [&](bool always) {
     const Hourglass hourglass(silent ? nullptr : &program_.platform.ui);
-    ready = BringUpToDate(folder, login);
-  }
-  if (!ready) {
-    program_.Message("msg.info.dbupdating", MessageKind::kWarning);
+    return BringUpToDate(folder, login, always);
+  };
+  if (!bring_up_to_date(false)) {
+    if (!reason_.empty()) program_.ShowMessage(reason_, MessageKind::kWarning);
     return;
   }
+  reason_.clear();
   const std::string left_overs = LeftOvers(program_, folder);
   if (!left_overs.empty()) program_.Message("msg.info.dbleftover", MessageKind::kWarning, {left_overs});
-  const Hourglass hourglass(silent ? nullptr : &program_.platform.ui);
-  steps_ = 0;
-  size_t opened = 0;
-  for (int number : OpeningOrder()) {
-    if (!OpenTable(program_, number, folder, login)) {
+  std::vector<Lack> lacking;
+  {
+    const Hourglass hourglass(silent ? nullptr : &program_.platform.ui);
+    ok = OpenTables(folder, login, silent, lacking);
+    if (ok && !lacking.empty() && refused_.empty()) {
+      // Not by its version: whatever the upgrade knows is completed.
       CloseTables(program_);
-      return;
+      ok = bring_up_to_date(true) && OpenTables(folder, login, silent, lacking);
     }
-    step(OpeningPercent(++opened), silent);
   }
-  program_.database_open = true;
-  ok = true;
+  ok = ok && OpenForReadingOnly(folder, lacking);
+  if (!ok) CloseTables(program_);
+  program_.database_open = ok;
+  if (ok) TellRights();
 }
 
 void OSTEngine::reopen_(bool& ok) {

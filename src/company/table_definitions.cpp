@@ -337,4 +337,9 @@ const FieldDefinition* FindField(const TableDefinition& table, std::string_view 
   return nullptr;
 }
 
+FieldType TypeWhenOpened(const TableDefinition& table, const FieldDefinition& field) {
+  const bool number = field.type == kSingle || field.type == kDouble;
+  return table.number == kSprzedane && number ? kCurrency : field.type;
+}
+
 }  // namespace ostrinka

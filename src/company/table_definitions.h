@@ -28,6 +28,8 @@ struct TableDefinition {
 inline constexpr size_t kTableCount = 28;
 // Behind a table's file name: the attachments of a lost table, put aside when the table is made anew; a number follows from the second on.
 inline constexpr char kAsideSuffix[] = ".memo.old";
+// Behind the name of a table that is being created. What a killed run left under it is nobody's.
+inline constexpr char kBuildingSuffix[] = ".build";
 
 // In the order in which they are created.
 const std::array<TableDefinition, kTableCount>& TableDefinitions();
@@ -38,6 +40,8 @@ const std::array<int, kTableCount>& OpeningOrder();
 const TableDefinition* FindTable(int number);
 // File name of that table, "" for a number without one.
 std::string TableFile(int number);
+// The field's type in a company that was opened: the upgrade turns the quantity and the amounts of sales lines into currency values.
+FieldType TypeWhenOpened(const TableDefinition& table, const FieldDefinition& field);
 // Null when the table has no such field.
 const FieldDefinition* FindField(const TableDefinition& table, std::string_view name);
 

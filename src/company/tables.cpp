@@ -65,6 +65,7 @@ bool OpenPrivate(Program& program, int number, ClassQDBASE& table, bool links) {
   ClassQDBASE& shared = Table(program, number);
   if (!shared.IsOpen()) return false;
   if (!table.DATABASE_OPEN(shared.DATABASE_PATH(), shared.USER_NAME(0), shared.USER_PASS(0), false, false, links)) return false;
+  if (shared.LOGIN_TYPE() == kInvalidUser) table.ForReadingOnly();
   table.ForgetPosition();
   return true;
 }

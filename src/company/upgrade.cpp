@@ -1,9 +1,12 @@
 // OSTEngine::tdb_DataBaseDebug: brings the tables of an older company to the present fields.
 //
 // Each step works on private tables opened without links, so that a structure change finds itself the only user of its file. A step can be
-// repeated: what is in place already is left alone, and a change that stopped halfway goes on where it stopped.
+// repeated: what is in place already is left alone, and a change that stopped halfway goes on where it stopped, to the same end. When the
+// system wants the program to end, the upgrade stops after the change it is at.
 
+#include <algorithm>
 #include <optional>
+#include <set>
 
 #include "base/text.h"
 #include "company/firma_record.h"
@@ -16,12 +19,21 @@ namespace {
 struct Upgrade {
   Program& program;
   std::string folder, user, password;
-  bool complete = true;  // everything that had to be changed was changed
+  std::set<int> refused = {};  // tables that could not be opened, or in which a change failed
+  int current = 0;             // the table that is being changed
+  bool stopped = false;
 
   bool Open(int number, ClassQDBASE& table) {
-    if (table.DATABASE_OPEN(folder + TableFile(number), user, password, false, false, false)) return true;
-    complete = false;
+    current = number;
+    return table.DATABASE_OPEN(folder + TableFile(number), user, password, false, false, false) || Refused();
+  }
+  bool Refused() {
+    refused.insert(current);
     return false;
+  }
+  bool Stopped() {
+    stopped = stopped || program.platform.ui.EndWanted();
+    return stopped;
   }
 };
 
@@ -36,9 +48,12 @@ using Shapes = std::vector<NewShape>;
 
 bool AddField(Upgrade& upgrade, ClassQDBASE& table, const char* name, FieldType type, int32_t length = 0, const char* link_file = "",
               const char* link_field = "") {
-  if (table.FIELD_EXISTS(name) || table.FIELD_ADD(name, type, length, link_file, link_field)) return true;
-  upgrade.complete = false;
-  return false;
+  if (table.FIELD_EXISTS(name)) return true;
+  return !upgrade.Stopped() && (table.FIELD_ADD(name, type, length, link_file, link_field) || upgrade.Refused());
+}
+
+bool DeleteField(Upgrade& upgrade, ClassQDBASE& table, const char* name) {
+  return !upgrade.Stopped() && (table.FIELD_DELETE(name) || upgrade.Refused());
 }
 
 // Adds fields in the shape that a new table has.
@@ -59,6 +74,7 @@ bool ChangeRecords(Upgrade& upgrade, ClassQDBASE& table, Change change) {
   const int32_t count = table.RECORD_COUNT();
   constexpr int32_t kTold = 4096;  // records between two words on how far it is
   for (int32_t n = 1; n <= count; ++n) {
+    if ((n == 1 || n % kTold == 0) && upgrade.Stopped()) return false;
     if (n % kTold == 0) {
       upgrade.program.Status(upgrade.program.Text("mdi.pleasewait") + " " + std::to_string(int64_t{n} * 100 / count) + " %");
       upgrade.program.platform.ui.TurnEvents();
@@ -75,8 +91,7 @@ bool ChangeRecords(Upgrade& upgrade, ClassQDBASE& table, Change change) {
       saved = table.RECORD_SAVE(n) && saved;
     }
   }
-  if (!saved) upgrade.complete = false;
-  return saved;
+  return saved || upgrade.Refused();
 }
 
 // A value that the new type cannot hold becomes 0 instead of stopping the record.
@@ -84,35 +99,52 @@ Value Converted(const Value& value, FieldType type) {
   return type == kCurrency ? Value(CurrencyOr0(value)) : value;
 }
 
-// Goes on with a rebuild that stopped between the deletion of the old field and the renaming of the new one.
-void FinishRenames(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
-  for (const NewShape& shape : shapes) {
-    if (table.FIELD_EXISTS(shape.name) || !table.FIELD_EXISTS(shape.interim)) continue;
-    if (!table.FIELD_RENAME(shape.interim, shape.name, true)) upgrade.complete = false;
-  }
+bool Has(ClassQDBASE& table, const char* name) {
+  return table.FIELD_EXISTS(name);
 }
 
+// The last part of a rebuild: what has only its interim name gets its own. False when one could not: no empty field may take its place.
+bool FinishRenames(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
+  bool done = true;
+  for (const NewShape& shape : shapes) {
+    if (Has(table, shape.name) || !Has(table, shape.interim)) continue;
+    if (upgrade.Stopped()) return false;
+    done = (table.FIELD_RENAME(shape.interim, shape.name, true) || upgrade.Refused()) && done;
+  }
+  return done;
+}
+
+// Whether an earlier run left the rebuild of these fields unfinished.
+bool IsBegun(ClassQDBASE& table, const Shapes& shapes) {
+  return std::any_of(shapes.begin(), shapes.end(), [&](const NewShape& shape) { return Has(table, shape.interim); });
+}
+
+// Builds the fields anew, or goes on where an earlier run stopped. Interim fields are added in the order of `shapes`, filled, the old
+// fields deleted, and all renamed in that order: so as long as the last interim field is missing while others stand there, adding has not
+// ended.
 void Rebuild(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
   const SoleUse alone(table);
   if (!alone.held()) {
-    upgrade.complete = false;
+    upgrade.Refused();
     return;
   }
-  for (const NewShape& shape : shapes) {
-    if (!AddField(upgrade, table, shape.interim, shape.type, shape.length)) return;
+  if (!Has(table, shapes.back().interim)) {
+    for (const NewShape& shape : shapes) {
+      if (!AddField(upgrade, table, shape.interim, shape.type, shape.length)) return;
+    }
   }
   table.UPDATE(true);
-  const bool copied = ChangeRecords(upgrade, table, [&](int32_t) {
-    for (const NewShape& shape : shapes) {
-      if (table.FIELD_EXISTS(shape.name)) table.FIELD(shape.interim, Converted(table.FieldRaw(shape.name), shape.type));
-    }
-    return true;
-  });
-  if (!copied) return;  // the old fields stay: nothing is lost
+  Shapes left;  // with their old fields; of the others nothing is left to copy
   for (const NewShape& shape : shapes) {
-    if (!table.FIELD_EXISTS(shape.name) || table.FIELD_DELETE(shape.name)) continue;
-    upgrade.complete = false;
-    return;
+    if (Has(table, shape.name) && Has(table, shape.interim)) left.push_back(shape);
+  }
+  const bool copied = left.empty() || ChangeRecords(upgrade, table, [&](int32_t) {
+                        for (const NewShape& shape : left) table.FIELD(shape.interim, Converted(table.FieldRaw(shape.name), shape.type));
+                        return true;
+                      });
+  if (!copied) return;  // the old fields stay: nothing is lost
+  for (const NewShape& shape : left) {
+    if (!DeleteField(upgrade, table, shape.name)) return;
   }
   table.UPDATE(true);
   FinishRenames(upgrade, table, shapes);
@@ -128,8 +160,7 @@ int32_t TypeOf(ClassQDBASE& table, const char* field) {
 // Rebuilds a text that is shorter than `length`.
 void Widen(Upgrade& upgrade, ClassQDBASE& table, const char* name, const char* interim, int32_t length) {
   const Shapes shapes{{name, interim, kText, length}};
-  FinishRenames(upgrade, table, shapes);
-  if (LengthOf(table, name) < length) Rebuild(upgrade, table, shapes);
+  if (LengthOf(table, name) < length || IsBegun(table, shapes)) Rebuild(upgrade, table, shapes);
 }
 
 // --- the steps, in their order
@@ -144,20 +175,24 @@ void UpgradeCompanyRecord(Upgrade& upgrade) {
   AddMissing(upgrade, table, kFirma,
              {"FORMAT_DATA_WYD", "FORMAT_PROCENTY", "B_SWIFT", "S_KRAJS", "K_STWWW", "B_KONTO_D1", "B_KONTO_D2", "B_KONTO_D3", "B_KONTO_D4",
               "B_KONTO_OPIS_1", "B_KONTO_OPIS_2", "B_KONTO_OPIS_3", "B_KONTO_OPIS_4", "F_NRKRS", "F_NIPEU"});
-  if (!EnsureCompanyRecord(upgrade.program, table)) upgrade.complete = false;
+  if (upgrade.Stopped() || !upgrade.refused.empty()) return;
+  if (!EnsureCompanyRecord(upgrade.program, table)) upgrade.Refused();
   if (had_formats || !table.RECORD_LOAD(1)) return;
   FillFormats(upgrade.program, table, "FORMAT_EKR_2");
-  if (!table.RECORD_SAVE(1)) upgrade.complete = false;
-  FinishRenames(upgrade, table, {{"FORMAT_DATA_EKR", "FORMAT_EKR_2", screen.type, screen.length}});
+  if (!table.RECORD_SAVE(1)) {
+    upgrade.Refused();
+    return;
+  }
   upgrade.program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", std::string("0.00##"));
+  FinishRenames(upgrade, table, {{"FORMAT_DATA_EKR", "FORMAT_EKR_2", screen.type, screen.length}});
 }
 
 void UpgradeSalesDocuments(Upgrade& upgrade) {
   ClassQDBASE table(upgrade.program.platform);
   if (!upgrade.Open(kDokSprzed, table)) return;
   AddMissing(upgrade, table, kDokSprzed, {"DATA_SPRZED_CK", "DATA_SPRZED_DO", "PLATNIK", "DOTYCZY", "DATA_ZAPLATY"});
-  if (table.FIELD_EXISTS("KOREKTA") && TypeOf(table, "KOREKTA") != kLong && !table.FIELD_DELETE("KOREKTA")) upgrade.complete = false;
-  FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}});
+  if (table.FIELD_EXISTS("KOREKTA") && TypeOf(table, "KOREKTA") != kLong) DeleteField(upgrade, table, "KOREKTA");
+  if (!FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}})) return;
   AddMissing(upgrade, table, kDokSprzed,
              {"KOREKTA", "WALUTA", "KURS", "UWAGI", "ZDFISK", "MEMO_", "KONTO_OPIS", "ADR_TYP", "ADR_TEKST", "ABN_HIDE", "ABN_KONIEC",
               "ABN_KONIEC_DATA", "ABN_KONIEC_DNI"});
@@ -193,10 +228,10 @@ void UpgradeCustomers(Upgrade& upgrade) {
                        {"FAKS", "FAKS_2", kText, 100},
                        {"ADRES_WWW", "ADRES_WWW_2", kText, 200},
                        {"ADRES_EMAIL", "ADRES_EMAIL_2", kText, 200}};
-  FinishRenames(upgrade, table, contact);
-  bool shorter = false;
+  bool shorter = IsBegun(table, contact);
   for (const NewShape& shape : contact) shorter = shorter || LengthOf(table, shape.name) < shape.length;
   if (shorter) Rebuild(upgrade, table, contact);
+  if (IsBegun(table, contact)) return;
   AddMissing(upgrade, table, kKontrahenci,
              {"D_FORMA_PLAT", "KONTO_INDYW_OK", "KONTO_INDYW_RACH", "KONTO_INDYW_OPIS", "BANK_SWIFT", "NIP_EU", "KRS", "MEMO_"});
 }
@@ -204,7 +239,7 @@ void UpgradeCustomers(Upgrade& upgrade) {
 void UpgradeEmployees(Upgrade& upgrade) {
   ClassQDBASE table(upgrade.program.platform);
   if (!upgrade.Open(kPracownicy, table)) return;
-  FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}, {"KOD_POCZTOWY", "KOD_POCZTOWY_2", kText, 20}});
+  if (!FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}, {"KOD_POCZTOWY", "KOD_POCZTOWY_2", kText, 20}})) return;
   for (const FieldDefinition& field : FindTable(kPracownicy)->fields) AddMissing(upgrade, table, kPracownicy, {field.name});
   Widen(upgrade, table, "UWAGI", "UWAGI_2", 500);
   Widen(upgrade, table, "KOD_POCZTOWY", "KOD_POCZTOWY_2", 20);
@@ -213,7 +248,7 @@ void UpgradeEmployees(Upgrade& upgrade) {
 void UpgradeArticles(Upgrade& upgrade) {
   ClassQDBASE table(upgrade.program.platform);
   if (!upgrade.Open(kTowaryUslugi, table)) return;
-  FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}});
+  if (!FinishRenames(upgrade, table, {{"UWAGI", "UWAGI_2", kText, 500}})) return;
   AddMissing(upgrade, table, kTowaryUslugi,
              {"WALUTA", "MAGAZYN_WARTOSC", "MAG_SP_ILOSC", "MAG_SP_WARTOSC", "UWAGI", "MEMO_", "ABONAMENT", "ABILOSCDNI", "ABINFOKONIEC",
               "NOWYDOKPKAB"});
@@ -242,16 +277,13 @@ void UpgradeDocumentLines(Upgrade& upgrade) {
                        {"WARTOSC_NETTO", "WARTOSC_NETTO_2", kCurrency, 0},
                        {"WARTOSC_BRUTTO", "WARTOSC_BRUTTO_2", kCurrency, 0}};
   // Before the missing fields are added, lest an empty CENA_NETTO take the place of a converted one.
-  FinishRenames(upgrade, table, amounts);
-  if (IsFloat(table, "ILOSC")) {
-    Rebuild(upgrade, table, amounts);
-  } else {
-    Shapes rest;  // of a conversion that stopped while the old fields were deleted
-    for (const NewShape& shape : amounts) {
-      if (IsFloat(table, shape.name)) rest.push_back(shape);
-    }
-    if (!rest.empty()) Rebuild(upgrade, table, rest);
+  if (IsFloat(table, "ILOSC") || IsBegun(table, amounts)) Rebuild(upgrade, table, amounts);
+  Shapes rest;  // beside a quantity that is a currency value already
+  for (const NewShape& shape : amounts) {
+    if (IsFloat(table, shape.name)) rest.push_back(shape);
   }
+  if (!IsFloat(table, "ILOSC") && !rest.empty()) Rebuild(upgrade, table, rest);
+  if (IsBegun(table, amounts)) return;
   AddMissing(upgrade, table, kSprzedane, {"INFO_DOD"});
   AddField(upgrade, table, "CENA_NETTO", kCurrency);
   AddField(upgrade, table, "CENA_BRUTTO", kCurrency);
@@ -271,10 +303,11 @@ void UpgradeSinglePrice(Upgrade& upgrade) {
   if (!upgrade.Open(kSprzedane, table) || !table.FIELD_EXISTS("CENA")) return;
   const SoleUse alone(table);
   if (!alone.held()) {
-    upgrade.complete = false;
+    upgrade.Refused();
     return;
   }
   if (!upgrade.Open(kTowaryUslugi, articles) || !upgrade.Open(kStawkiVat, rates)) return;
+  upgrade.current = kSprzedane;
   if (!table.FIELD_EXISTS("CENA_NETTO") || !table.FIELD_EXISTS("CENA_BRUTTO")) return;
   const bool copied = ChangeRecords(upgrade, table, [&](int32_t) {
     const Value price = table.FieldRaw("CENA");
@@ -283,7 +316,7 @@ void UpgradeSinglePrice(Upgrade& upgrade) {
     table.FIELD("CENA_BRUTTO", Currency::FromDouble(DoubleOr0(price) * (1 + rate / 100)).value_or(Currency()));
     return true;
   });
-  if (copied && !table.FIELD_DELETE("CENA")) upgrade.complete = false;
+  if (copied) DeleteField(upgrade, table, "CENA");
 }
 
 void UpgradeRegions(Upgrade& upgrade) {
@@ -326,8 +359,11 @@ constexpr void (*kSteps[])(Upgrade&) = {
 
 void OSTEngine::tdb_DataBaseDebug(const std::string& path, const std::string& user, const std::string& password, bool& ok) {
   Upgrade upgrade{program_, Folder(path), user, password};
-  for (const auto& run : kSteps) run(upgrade);
-  ok = upgrade.complete;
+  for (const auto& run : kSteps) {
+    if (!upgrade.Stopped()) run(upgrade);
+  }
+  refused_ = upgrade.refused;
+  ok = refused_.empty() && !upgrade.stopped;
 }
 
 }  // namespace ostrinka

@@ -21,7 +21,7 @@ bool WriteFolderVersion(FileSystem& files, const std::string& folder, ProgramVer
   AppendLe(bytes, version.major);
   AppendLe(bytes, version.minor);
   AppendLe(bytes, version.revision);
-  const std::unique_ptr<File> file = files.Open(folder + kVersionFile, OpenMode::kCreate);
+  const std::unique_ptr<File> file = files.Open(folder + kVersionFile, OpenMode::kCompanion);
   return file && file->WriteAt(0, bytes.data(), bytes.size()) && file->Resize(static_cast<int64_t>(bytes.size())) && file->Flush();
 }
 
@@ -34,7 +34,7 @@ bool IsBeingUpgraded(FileSystem& files, const std::string& folder) {
   return file && !file->Lock(kUpgradeByte, 1, false);
 }
 
-UpgradeLock::UpgradeLock(FileSystem& files, const std::string& folder) : file_(files.Open(folder + kVersionFile, OpenMode::kCreate)) {
+UpgradeLock::UpgradeLock(FileSystem& files, const std::string& folder) : file_(files.Open(folder + kVersionFile, OpenMode::kCompanion)) {
   refused_ = file_ && !file_->Lock(kUpgradeByte, 1, true);
 }
 

@@ -193,14 +193,18 @@ void DesktopUi::StopMainTimer() {
   if (hooks.stop_timer) hooks.stop_timer();
 }
 
-bool DesktopUi::OpenWithSystem(const std::string& target) {
-  const QString text = ToQt(target).trimmed();
+bool DesktopUi::OpenWithSystem(const std::string& path) {
+  const QString text = ToQt(path).trimmed();
   if (text.isEmpty()) return false;
   const QString folder = QFileInfo(ToQt(program_->platform.files.TemporaryFolder())).canonicalFilePath();
   const QFileInfo file(text);
-  if (file.isFile() && !folder.isEmpty() && file.canonicalFilePath().startsWith(folder + "/")) {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(file.canonicalFilePath()));
-  }
+  return file.isFile() && !folder.isEmpty() && file.canonicalFilePath().startsWith(folder + "/") &&
+         QDesktopServices::openUrl(QUrl::fromLocalFile(file.canonicalFilePath()));
+}
+
+bool DesktopUi::OpenAddress(const std::string& target) {
+  const QString text = ToQt(target).trimmed();
+  if (text.isEmpty()) return false;
   const QUrl address = WebAddress(text);
   return address.isValid() && !address.isEmpty() && QDesktopServices::openUrl(address);
 }

@@ -17,6 +17,7 @@ class DesktopUi : public UserInterface {
   // What the main window and the splash do when the program asks; set by the front end before the start.
   struct Hooks {
     std::function<void()> show_main_window, redraw_main_window, end_program;
+    std::function<bool()> end_wanted;
     std::function<void(bool)> show_splash;
     std::function<void(const std::string&)> show_status;
     std::function<void(int)> start_timer;
@@ -46,7 +47,9 @@ class DesktopUi : public UserInterface {
   void RedrawMainWindow() override;
   void StartMainTimer(int milliseconds) override;
   void StopMainTimer() override;
-  bool OpenWithSystem(const std::string& target) override;
+  bool OpenWithSystem(const std::string& file) override;
+  bool OpenAddress(const std::string& target) override;
+  bool EndWanted() override { return hooks.end_wanted && hooks.end_wanted(); }
   void AppearanceChanged(bool skin) override;
   void EndProgram() override;
 

@@ -1,6 +1,7 @@
 #include "desktop/end_signals.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -22,7 +23,8 @@ void Tell(int) {
 EndSignals::EndSignals(std::function<void()> end) {
   if (pipe2(pipe_ends, O_CLOEXEC | O_NONBLOCK) != 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(pipe_ends[0], QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [end = std::move(end)] {
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, end = std::move(end)] {
+    asked_ = true;
     char bytes[16];
     while (read(pipe_ends[0], bytes, sizeof bytes) > 0) continue;
     end();
@@ -31,6 +33,11 @@ EndSignals::EndSignals(std::function<void()> end) {
   action.sa_handler = Tell;
   action.sa_flags = SA_RESTART;
   for (const int signal : kSignals) sigaction(signal, &action, nullptr);
+}
+
+bool EndSignals::Asked() const {
+  pollfd waiting{pipe_ends[0], POLLIN, 0};
+  return asked_ || (notifier_ && poll(&waiting, 1, 0) > 0);
 }
 
 EndSignals::~EndSignals() {

@@ -13,9 +13,12 @@ class EndSignals {
   explicit EndSignals(std::function<void()> end);
   ~EndSignals();
   EndSignals(const EndSignals&) = delete;
+  // Whether a signal has come since this object was made, also before any loop of events could hear it.
+  bool Asked() const;
 
  private:
   std::unique_ptr<QSocketNotifier> notifier_;
+  bool asked_ = false;
 };
 
 }  // namespace ostrinka

@@ -38,6 +38,7 @@ class Desktop {
     ui_.hooks.start_timer = [this](int milliseconds) { timer_.start(milliseconds); };
     ui_.hooks.stop_timer = [this] { timer_.stop(); };
     ui_.hooks.end_program = [this] { End(); };
+    ui_.hooks.end_wanted = [this] { return end_signals_.Asked(); };
     ui_.hooks.appearance_changed = [this](bool skin) {
       if (skin) look_.Reload();
       WearLook();
@@ -55,9 +56,7 @@ class Desktop {
     startup_.Start(command_line);
     // The wizard's path shows nothing by itself.
     if (!ended_ && !view_) ShowWindow();
-    // Every open dialog ends with the loop, as if it had been cancelled.
-    const EndSignals end_signals([] { QApplication::exit(); });
-    const int status = ended_ ? 0 : QApplication::exec();
+    const int status = ended_ || end_signals_.Asked() ? 0 : QApplication::exec();
     if (!ended_ && startup_.window()) startup_.window()->save_window_();
     startup_.Stop();
     return status;
@@ -88,6 +87,9 @@ class Desktop {
     QApplication::quit();
   }
 
+  // First of all: a company may be brought up to date before there is a window. Every open dialog ends with the loop, as if it had been
+  // cancelled.
+  EndSignals end_signals_{[] { QApplication::exit(); }};
   DesktopUi ui_;
   QtPlatform platform_;
   Program program_;

@@ -94,6 +94,7 @@ QtPlatform::QtPlatform(UserInterface& ui, std::string application_folder)
           files,        ui, clock, random, waiter, printer, pictures, download, serial, std::move(application_folder), UserSettingsFolder(),
           &embedded_pdf} {
   files.MakeFolders(platform.user_settings);
+  files.KeepForUser(platform.user_settings);
 }
 
 }  // namespace ostrinka

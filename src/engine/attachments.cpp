@@ -6,6 +6,17 @@ namespace ostrinka {
 namespace {
 
 constexpr char kDenied[] = "Permission denied";
+constexpr size_t kLongestName = 255;  // bytes that a file's name may have
+
+// A name that fits: letters go from its end, the part behind the last point stays.
+std::string Shortened(const std::string& name) {
+  if (name.size() <= kLongestName) return name;
+  const size_t point = name.rfind('.');
+  const std::string kind = point != std::string::npos && name.size() - point < kLongestName / 2 ? name.substr(point) : std::string();
+  std::string kept = name.substr(0, name.size() - kind.size());
+  while (kept.size() + kind.size() > kLongestName) kept = LeftCharacters(kept, CharacterCount(kept) - 1);
+  return kept + kind;
+}
 
 }  // namespace
 
@@ -24,9 +35,9 @@ bool ClassQDBASE::MEMO_ADD(const FieldId& field, const std::string& file) {
   if (n == 0 || !RECORD_LOAD(s.current)) return false;
   std::string content;
   if (!s.platform.files.ReadAll(file, content, kMaxAttachment) || content.empty()) return false;
-  if (!s.memo->Add(BareFileName(file), s.layout.field(n).name, s.current, content)) return false;
-  // The field marks that something is attached.
-  return RECORD_LOAD(s.current) && FIELD(n, Value(int32_t{1})) && RECORD_SAVE(s.current);
+  // The field marks that something is attached: first, so that what is in the file is never told as not added.
+  if (!FIELD(n, Value(int32_t{1})) || !RECORD_SAVE(s.current)) return false;
+  return s.memo->Add(BareFileName(file), s.layout.field(n).name, s.current, content);
 }
 
 bool ClassQDBASE::MEMO_DEL(const FieldId& field, int index) {
@@ -42,10 +53,10 @@ bool ClassQDBASE::MEMO_EXEC(const FieldId& field, int index) {
   std::string content;
   const int n = s.MemoField(field);
   if (n == 0 || !s.memo->Find(index, s.layout.field(n).name, s.current, entry) || !s.memo->Read(entry, content)) return false;
-  const std::string name = BareFileName(entry.name);
+  const std::string name = Shortened(BareFileName(entry.name));
   if (name.empty()) return false;
   const std::string path = s.platform.files.TemporaryFolder() + name;
-  return s.platform.files.WriteAll(path, content) && s.platform.ui.OpenWithSystem(path);
+  return s.platform.files.WriteAll(path, content, {.flush = false, .for_user_alone = true}) && s.platform.ui.OpenWithSystem(path);
 }
 
 void ClassQDBASE::MEMO_REFRESH(const FieldId& field) {

@@ -61,7 +61,7 @@ std::unique_ptr<MemoFile> MemoFile::Open(Platform& platform, const std::string& 
 }
 
 bool MemoFile::Reopen() {
-  std::unique_ptr<File> other = files_.Open(path_, OpenMode::kCreate);
+  std::unique_ptr<File> other = files_.Open(path_, OpenMode::kCompanion);
   if (!other || !other->Lock(kShareByte, 1, false)) return false;
   file_ = std::move(other);
   return true;
@@ -135,19 +135,18 @@ bool MemoFile::AddEntry(const std::string& name, const std::string& field, int32
     reused = true;
     return false;
   });
-  if (!reused) entry.next = length + 1 + entry.size + kMemoEntrySize;
+  // Bytes that are fewer than one header begin no chain: the first entry takes their place.
+  if (!reused && last.index == 0) entry.offset = 0;
+  if (!reused) entry.next = entry.offset + 1 + entry.size + kMemoEntrySize;
   if (length < 0 || entry.next > INT32_MAX) return false;
-  const std::string bytes = Encode(entry) + content;
-  if (!file_->WriteAt(entry.offset, bytes.data(), bytes.size())) {
-    if (!reused) file_->Resize(length);
-    return false;
+  // The header last: an entry that breaks off in between is none. A chain that was cut short, or has loose bytes behind it, is led to it.
+  bool added = file_->WriteAt(entry.offset + kMemoEntrySize, content.data(), content.size()) && WriteHeader(entry);
+  if (added && !reused && last.index > 0 && last.next != entry.offset + 1) {
+    last.next = entry.offset + 1;
+    added = WriteHeader(last);
   }
-  // A chain that was cut short, or has loose bytes behind it, is led to the new entry.
-  if (!reused && last.index > 0 && last.next != length + 1) {
-    last.next = length + 1;
-    return WriteHeader(last);
-  }
-  return true;
+  if (!added && !reused) file_->Resize(length);
+  return added;
 }
 
 bool MemoFile::Remove(int index, const std::string& field, int32_t record) {
@@ -206,7 +205,8 @@ bool MemoFile::CompressAlone() {
   });
   if (!any_free) return true;
   const std::string temporary = path_ + ".temp";
-  std::unique_ptr<File> to = files_.Open(temporary, OpenMode::kCreate);
+  files_.Remove(temporary);
+  std::unique_ptr<File> to = files_.Open(temporary, OpenMode::kNew);
   if (!to) return false;
   if (!CopyLive(*to, file_->Size()) || !to->Flush()) {
     to.reset();

@@ -129,7 +129,7 @@ bool ClassQDBASE::State::CreateNew(bool& existing) {
   std::string error;
   {
     // Without the lock of an open table: only whether the place can be written is tried here.
-    const std::unique_ptr<File> trial = platform.files.Open(path, OpenMode::kCreate, &error);
+    const std::unique_ptr<File> trial = platform.files.Open(path, OpenMode::kCompanion, &error);
     if (!trial) return FailPlatform(error);
   }
   existing = false;
@@ -143,7 +143,7 @@ bool ClassQDBASE::State::CreateNew(bool& existing) {
     existing = true;
     return true;
   }
-  if (!file.Open(path, OpenMode::kCreate, &error)) return FailPlatform(error);
+  if (!file.Open(path, OpenMode::kNew, &error)) return FailPlatform(error);
   header.Clear();
   header.SetMagic();
   header.SetUserCount(1);
@@ -193,6 +193,10 @@ void ClassQDBASE::PutBack(FileSystem& files, const std::string& path) {
   TableFile::PutBack(files, path);
 }
 
+bool ClassQDBASE::FinishChange(FileSystem& files, const std::string& path) {
+  return TableFile::FinishChange(files, path);
+}
+
 bool ClassQDBASE::IsOpen() const {
   return state_->file.IsOpen();
 }
@@ -201,6 +205,10 @@ std::string ClassQDBASE::DATABASE_PATH() const {
 }
 int64_t ClassQDBASE::DATABASE_SIZE() {
   return std::max<int64_t>(state_->file.Size(), 0);
+}
+
+bool ClassQDBASE::Flush() {
+  return state_->file.Flush();
 }
 
 bool ClassQDBASE::UPDATE(bool reload) {

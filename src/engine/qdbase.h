@@ -89,9 +89,12 @@ class ClassQDBASE {
   void DATABASE_CLOSE();
   // Gives a table that a crash amid the test for sole use left under the name ".try" its name back, unless a file has that name.
   static void PutBack(FileSystem& files, const std::string& path);
+  // Finishes a structure change of which a whole ".new" is left beside a table that is gone or has no header. False when there is none.
+  static bool FinishChange(FileSystem& files, const std::string& path);
   bool IsOpen() const;
   std::string DATABASE_PATH() const;
   int64_t DATABASE_SIZE();
+  bool Flush();  // returns when what was written stands on the disk
   bool UPDATE(bool reload);
   // Keeps the file from every other object, over as many operations as are made until LetGo() has been called as often: structure changes
   // in between find themselves alone, UPDATE keeps the file open. False when another object has it open. SoleUse does both.
@@ -102,6 +105,7 @@ class ClassQDBASE {
   std::string USER_PASS(int n);
   int32_t USER_TYPE(int n);
   int32_t LOGIN_TYPE() const;
+  void ForReadingOnly();  // as if the login had no right to write, until the table is closed
   bool LOGIN_EXIST();
   bool USER_ADD(std::string_view name, std::string_view password, int32_t type);
   bool USER_DELETE(int n);

@@ -152,7 +152,7 @@ struct ClassQDBASE::State {
   // Before the change of a table without whole records: cuts off what stands behind its header, under sole use.
   bool DropFragment(int code);
   bool AddField(const FieldSlot& slot);
-  bool BuildCompanions(const TableHeader& new_header, const Reshaping& pieces, std::string& error);
+  std::unique_ptr<File> BuildCompanions(const TableHeader& new_header, const Reshaping& pieces, std::string& error);
   bool ReplaceFile(const TableHeader& new_header, int code, const Reshaping& pieces);
 
   // --- attachments (attachments.cpp)

@@ -1,7 +1,8 @@
 // Structure changes: adding, deleting, renaming and redefining fields.
 //
-// On a table with records the whole file is rewritten, in this order: ".temp" (the table as it was), ".new" (the table as it shall be), the
-// table deleted, the table made anew from ".new", both companions deleted. A change that breaks off leaves the companions.
+// On a table with records the whole file is rewritten, in this order: ".temp" (the table as it was), ".new" (the table as it shall be) and
+// brought to the disk, ".temp" deleted, ".new" renamed over the table. So the table is whole at any moment; a change that breaks off leaves
+// companions, which the same change overwrites when it is repeated.
 #include <algorithm>
 #include <cstring>
 
@@ -60,52 +61,44 @@ bool ClassQDBASE::State::TakeSoleUse(int code) {
   return Fail(15);
 }
 
-// Writes ".temp" and ".new". `error` says why it failed.
-bool ClassQDBASE::State::BuildCompanions(const TableHeader& new_header, const Reshaping& pieces, std::string& error) {
-  const std::unique_ptr<File> temp = platform.files.Open(path + ".temp", OpenMode::kCreate, &error);
-  if (!temp || !CopyBytes(*file.raw(), *temp, file.Size(), error)) return false;
-  const std::unique_ptr<File> made = platform.files.Open(path + ".new", OpenMode::kCreate, &error);
-  if (!made) return false;
+// Writes ".temp" and ".new"; null when that failed, and `error` says why.
+std::unique_ptr<File> ClassQDBASE::State::BuildCompanions(const TableHeader& new_header, const Reshaping& pieces, std::string& error) {
+  const std::unique_ptr<File> temp = MakeAnew(platform.files, path + ".temp", &error);
+  if (!temp || !CopyBytes(*file.raw(), *temp, file.Size(), error)) return nullptr;
+  std::unique_ptr<File> made = MakeAnew(platform.files, path + ".new", &error);
+  if (!made) return nullptr;
   made->WillFlush();
   FieldLayout new_layout;
-  if (!made->Resize(0) || !new_layout.Build(new_header)) {
-    error = made->LastError();
-    return false;
-  }
   TableHeader positioned = new_header;
+  if (!new_layout.Build(new_header)) {
+    error = "Invalid file format";
+    return nullptr;
+  }
   for (int n = 1; n <= new_layout.count(); ++n) positioned.SetFieldPosition(n, new_layout.field(n).offset - 1);
   const int32_t new_count = new_layout.count() == 0 ? 0 : count;
-  if (!made->WriteAt(0, positioned.data(), static_cast<size_t>(kHeaderSize)) ||
-      !made->WriteAt(kCountOffset, &new_count, sizeof new_count)) {
-    error = made->LastError();
-    return false;
-  }
-  if (!ReshapeRecords(*temp, *made, new_count, {layout.record_length(), new_layout.record_length(), pieces}, error)) return false;
-  // On the disk before the table goes.
-  if (made->Flush()) return true;
+  const bool headed =
+      made->WriteAt(0, positioned.data(), static_cast<size_t>(kHeaderSize)) && made->WriteAt(kCountOffset, &new_count, sizeof new_count);
+  if (headed && !ReshapeRecords(*temp, *made, new_count, {layout.record_length(), new_layout.record_length(), pieces}, error))
+    return nullptr;
+  if (headed && made->Flush()) return made;
   error = made->LastError();
-  return false;
+  return nullptr;
 }
 
 bool ClassQDBASE::State::ReplaceFile(const TableHeader& new_header, int code, const Reshaping& pieces) {
   if (!TakeSoleUse(code)) return false;
   CountRecords();
   std::string error;
-  bool done = BuildCompanions(new_header, pieces, error);
-  if (done) done = file.Recreate(&error);
+  std::unique_ptr<File> made = BuildCompanions(new_header, pieces, error);
+  bool done = made != nullptr;
   if (done) {
-    const std::unique_ptr<File> made = platform.files.Open(path + ".new", OpenMode::kRead, &error);
-    done = made && file.Fill(*made, error);
+    platform.files.Remove(path + ".temp");
+    done = file.Replace(std::move(made), path + ".new", &error);
   }
-  if (!done) {
-    file.LeaveSoleUse();
-    if (!file.IsOpen() || !ReadHeaderAgain()) CloseFile();
-    return FailPlatform(error);
-  }
-  platform.files.Remove(path + ".temp");
-  platform.files.Remove(path + ".new");
   file.LeaveSoleUse();
-  return true;
+  if (done) return true;
+  if (!ReadHeaderAgain()) CloseFile();
+  return FailPlatform(error);
 }
 
 // A torn record behind the header of a table without a whole one would be records of a shorter shape, or of the first field.

@@ -2,20 +2,40 @@
 
 #include <algorithm>
 
+#include "engine/field_layout.h"
+
 namespace ostrinka {
 namespace {
 
 constexpr int64_t kShareByte = int64_t{1} << 62;
 constexpr char kAside[] = ".try";
-constexpr int kLockAttempts = 1000;
-constexpr size_t kMagicSize = 3;
+constexpr char kMade[] = ".new";
+constexpr char kBefore[] = ".temp";
 constexpr int64_t kWholeFileLimit = 10 * 1024 * 1024;
 constexpr int64_t kBlock = 1024 * 1024;
+
+bool HasHeader(File& file, TableHeader& header) {
+  return file.ReadAt(0, header.data(), static_cast<size_t>(kHeaderSize)) == kHeaderSize && header.IsValid();
+}
+bool HasHeader(File& file) {
+  TableHeader header;
+  return HasHeader(file, header);
+}
+
+// Whether the file is a table with every record that its header counts: the count stands there before the first record is written.
+bool IsWhole(File& file) {
+  TableHeader header;
+  FieldLayout layout;
+  int32_t count = -1;
+  if (!HasHeader(file, header) || header.user_count() < 1 || !layout.Build(header) || layout.count() < 1) return false;
+  if (file.ReadAt(kCountOffset, &count, sizeof count) != static_cast<int64_t>(sizeof count) || count < 0) return false;
+  return file.Size() == kRecordsOffset + int64_t{count} * layout.record_length();
+}
 
 }  // namespace
 
 // A small file in one block, a large one in blocks of 1 MiB.
-bool CopyBytes(File& from, File& to, int64_t length, std::string& error, size_t blanked) {
+bool CopyBytes(File& from, File& to, int64_t length, std::string& error) {
   std::string block(static_cast<size_t>(length > kWholeFileLimit ? kBlock : std::max<int64_t>(length, 1)), '\0');
   for (int64_t done = 0; done < length;) {
     const size_t part = static_cast<size_t>(std::min(length - done, static_cast<int64_t>(block.size())));
@@ -23,7 +43,6 @@ bool CopyBytes(File& from, File& to, int64_t length, std::string& error, size_t 
       error = from.LastError();
       return false;
     }
-    if (done == 0) std::fill_n(block.begin(), std::min(blanked, part), '\0');
     if (!to.WriteAt(done, block.data(), part)) {
       error = to.LastError();
       return false;
@@ -33,6 +52,11 @@ bool CopyBytes(File& from, File& to, int64_t length, std::string& error, size_t 
   if (to.Resize(length)) return true;
   error = to.LastError();
   return false;
+}
+
+std::unique_ptr<File> MakeAnew(FileSystem& files, const std::string& path, std::string* error) {
+  files.Remove(path);
+  return files.Open(path, OpenMode::kNew, error);
 }
 
 bool TableFile::Open(const std::string& path, OpenMode mode, std::string* error) {
@@ -124,30 +148,15 @@ void TableFile::LeaveSoleUse() {
   if (file_ && !IsHeld()) file_->Lock(kShareByte, 1, false);
 }
 
-bool TableFile::Recreate(std::string* error) {
-  if (!files_.Remove(path_)) {
-    if (error) *error = "The table file cannot be deleted";
+bool TableFile::Replace(std::unique_ptr<File> made, const std::string& name, std::string* error) {
+  // Locked before it has the table's name: whoever opens it from then on finds it in use, as the old one was.
+  if (!made->Lock(kShareByte, 1, true) || !files_.Rename(name, path_)) {
+    if (error) *error = "The table file cannot be replaced";
     return false;
   }
-  file_ = files_.Open(path_, OpenMode::kCreate, error);
-  if (!file_) return false;
-  LockAlone();
+  file_ = std::move(made);
+  file_->Renamed(path_);
   return true;
-}
-
-bool TableFile::Fill(File& from, std::string& error) {
-  char magic[kMagicSize];
-  if (from.ReadAt(0, magic, sizeof magic) != static_cast<int64_t>(sizeof magic)) {
-    error = from.LastError();
-    return false;
-  }
-  file_->WillFlush();
-  if (!CopyBytes(from, *file_, from.Size(), error, sizeof magic)) return false;
-  // Whoever opened the new name meanwhile saw no table and is about to give it up.
-  for (int attempt = 0; attempt < kLockAttempts && !LockAlone(); ++attempt) continue;
-  if (WriteBytes(0, magic, sizeof magic) && Flush()) return true;
-  error = LastError();
-  return false;
 }
 
 void TableFile::PutBack(FileSystem& files, const std::string& path) {
@@ -155,6 +164,17 @@ void TableFile::PutBack(FileSystem& files, const std::string& path) {
   const std::unique_ptr<File> aside = files.Open(path + kAside, OpenMode::kReadWrite);
   if (!aside || !aside->Lock(kShareByte, 1, true) || !aside->StillNamed() || files.FileExists(path)) return;
   files.Rename(path + kAside, path);
+}
+
+bool TableFile::FinishChange(FileSystem& files, const std::string& path) {
+  if (!files.FileExists(path + kMade)) return false;
+  // Both are kept from all others while they are looked at and renamed.
+  const std::unique_ptr<File> table = files.Open(path, OpenMode::kReadWrite), made = files.Open(path + kMade, OpenMode::kReadWrite);
+  if (!made || !made->Lock(kShareByte, 1, true) || !IsWhole(*made)) return false;
+  if (table ? !table->Lock(kShareByte, 1, true) || HasHeader(*table) : files.FileExists(path)) return false;
+  if (!files.Rename(path + kMade, path)) return false;
+  files.Remove(path + kBefore);
+  return true;
 }
 
 }  // namespace ostrinka

@@ -11,8 +11,11 @@
 
 namespace ostrinka {
 
-// Makes `to` a copy of the first `length` bytes of `from`; of those the first `blanked` become zeros. `error` says why it failed.
-bool CopyBytes(File& from, File& to, int64_t length, std::string& error, size_t blanked = 0);
+// Makes `to` a copy of the first `length` bytes of `from`. `error` says why it failed.
+bool CopyBytes(File& from, File& to, int64_t length, std::string& error);
+
+// The program's own file `path`, made anew: what an earlier run left of it goes, be it a link. Null on failure.
+std::unique_ptr<File> MakeAnew(FileSystem& files, const std::string& path, std::string* error);
 
 class TableFile {
  public:
@@ -66,15 +69,15 @@ class TableFile {
   // crash between the two renames left.
   bool TakeSoleUse(bool& lost);
   void LeaveSoleUse();
-  // Deletes the file and makes it anew, empty and still for this object alone. A file that cannot be deleted stays open as it is; one that
-  // cannot be made anew leaves nothing open.
-  bool Recreate(std::string* error);
-  // Fills the file made anew with the whole of `from`, the magic last: until everything stands on the disk nobody can open it as a table.
-  bool Fill(File& from, std::string& error);
+  // Puts the finished file `made`, which has the name `name`, in the place of this table and holds it instead, for this object alone.
+  bool Replace(std::unique_ptr<File> made, const std::string& name, std::string* error);
 
   // Gives a table that a crash left under the name ".try" its own name back. Does nothing when a file has that name, or when another object
   // has the file open, for it is that one's test of sole use.
   static void PutBack(FileSystem& files, const std::string& path);
+  // Goes on with a structure change that was broken off when the table was gone or had no header any more: a whole ".new" becomes the
+  // table. False when there was nothing to finish, or when another object has one of the files open.
+  static bool FinishChange(FileSystem& files, const std::string& path);
 
  private:
   FileSystem& files_;

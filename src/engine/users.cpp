@@ -37,6 +37,10 @@ int32_t ClassQDBASE::LOGIN_TYPE() const {
   return state_->login_type;
 }
 
+void ClassQDBASE::ForReadingOnly() {
+  if (state_->file.IsOpen()) state_->login_type = kInvalidUser;
+}
+
 bool ClassQDBASE::LOGIN_EXIST() {
   State& s = *state_;
   if (!s.file.IsOpen() || !s.ReadHeaderAgain()) return false;

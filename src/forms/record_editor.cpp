@@ -34,7 +34,7 @@ RecordEditor::RecordEditor(Program& program, int table, std::string name, const 
   btnCancel.Clicked += [this] { Close(); };
   btnWWWgo.Clicked += [this] {
     const std::string address = Trim(txtWWW.Text());
-    if (!address.empty()) program_.platform.ui.OpenWithSystem(address);
+    if (!address.empty()) program_.platform.ui.OpenAddress(address);
   };
   memoAdd_.Clicked += [this] { AddAttachment(); };
   memoDel_.Clicked += [this] { DeleteAttachment(); };

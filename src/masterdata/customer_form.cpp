@@ -102,7 +102,7 @@ void frm_Kontrahenci_::Connect() {
   for (Event* event : {&txtMiejscowość.Changed, &txtMiejscowość.Clicked}) *event += [this] { LastCityField = 2; };
   txtWojewództwo.Changed += [this] { RegionChosen(); };
   btnFindCity.Clicked += [this] { FindCity(); };
-  btnMAILgo.Clicked += [this] { program_.platform.ui.OpenWithSystem("mailto:" + Trim(txtEMail.Text())); };
+  btnMAILgo.Clicked += [this] { program_.platform.ui.OpenAddress(MailAddress(Trim(txtEMail.Text()))); };
 }
 
 void frm_Kontrahenci_::reload_(int mode, int32_t record) {

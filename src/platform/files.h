@@ -34,11 +34,30 @@ class File {
   virtual bool Unlock(int64_t position, int64_t length) = 0;
   // Whether the path it was opened by still names this file.
   virtual bool StillNamed() = 0;
+  // The file was given another name: StillNamed asks for that one from now on.
+  virtual void Renamed(const std::string& path) = 0;
   // The platform's text of the last failure.
   virtual std::string LastError() const = 0;
 };
 
-enum class OpenMode { kRead, kReadWrite, kCreate };  // kCreate: read and write, made when missing, for user and group only
+// How a file is opened. All but kRead read and write; what they make is for user and group only.
+enum class OpenMode {
+  kRead,
+  kReadWrite,
+  kCreate,     // made when missing
+  kCompanion,  // the same for a file that the program keeps beside another: a link of that name is refused
+  kNew,        // made here and now: refused when anything stands there, be it a link
+  kNewPrivate  // the same for the user alone
+};
+constexpr bool MayMake(OpenMode mode) {
+  return mode != OpenMode::kRead && mode != OpenMode::kReadWrite;
+}
+
+// How WriteAll writes: whether it waits for the disk, and whether the file is for the user alone.
+struct WriteOptions {
+  bool flush = true;
+  bool for_user_alone = false;
+};
 
 class FileSystem {
  public:
@@ -50,17 +69,22 @@ class FileSystem {
   virtual int64_t FileSize(const std::string& path) = 0;  // -1 when absent
   virtual bool Remove(const std::string& path) = 0;       // a file
   virtual bool Rename(const std::string& from, const std::string& to) = 0;
-  virtual bool MakeFolder(const std::string& path) = 0;                       // one level; true as well when it is there
-  virtual bool MakeFolders(const std::string& path) = 0;                      // each level in turn
-  virtual std::vector<std::string> ListFiles(const std::string& folder) = 0;  // bare names of plain files, sorted
-  virtual std::string TemporaryFolder() = 0;                                  // with a closing slash
+  virtual bool RenameAside(const std::string& from, const std::string& to) = 0;  // refused when anything has the name `to`
+  virtual bool MakeFolder(const std::string& path) = 0;                          // one level; true as well when it is there
+  virtual bool MakeFolders(const std::string& path) = 0;                         // each level in turn
+  virtual std::vector<std::string> ListFiles(const std::string& folder) = 0;     // bare names of plain files, sorted
+  virtual bool KeepForUser(const std::string& folder) = 0;                       // the user's own folder is closed to all others
+  // A folder for this program and this user alone below the system's one, with a closing slash; made when it is first asked for.
+  virtual std::string TemporaryFolder() = 0;
+  // Removes it with all that lies in it; the next question makes another one.
+  virtual void RemoveTemporaryFolder() = 0;
   // Gives back the memory that views of files occupy; those in use stay.
   virtual void DropViews() {}
 
-  // Whole files. Read gives false when absent, unreadable or above `limit` bytes; Write replaces the file through a neighbour and a rename,
-  // and waits for the disk before the rename unless `flush` is false: a crash then leaves the former content or the new one.
+  // Whole files. Read gives false when absent, unreadable or above `limit` bytes; Write replaces the file through a neighbour of a name of
+  // its own and a rename, and waits for the disk before the rename when told to: a crash then leaves the former content or the new one.
   bool ReadAll(const std::string& path, std::string& content, int64_t limit = int64_t{1} << 30);
-  bool WriteAll(const std::string& path, std::string_view content, bool flush = true);
+  bool WriteAll(const std::string& path, std::string_view content, WriteOptions options = {});
 };
 
 }  // namespace ostrinka

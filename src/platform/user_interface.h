@@ -42,7 +42,10 @@ class UserInterface {
   virtual void RedrawMainWindow() = 0;
   virtual void StartMainTimer(int milliseconds) = 0;
   virtual void StopMainTimer() = 0;
-  virtual bool OpenWithSystem(const std::string& target) = 0;  // a file, a web address or "mailto:..." with its program
+  virtual bool OpenWithSystem(const std::string& file) = 0;  // a file of the temporary folder, with its program
+  virtual bool OpenAddress(const std::string& address) = 0;  // a web address as people type it, or "mailto:..."; never a file
+  // The system asked the program to end: long work stops at the next place where nothing is lost.
+  virtual bool EndWanted() { return false; }
   // The settings of the window's look were changed; `skin` when another skin was chosen, which is then read anew.
   virtual void AppearanceChanged(bool skin) { (void)skin; }
   virtual void EndProgram() = 0;  // windows are destroyed, the loop ends

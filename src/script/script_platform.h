@@ -47,7 +47,9 @@ struct ScriptPlatform {
                                                                              download,
                                                                              serial,
                                                                              application_folder,
-                                                                             application_folder + "user-settings/"} {}
+                                                                             application_folder + "user-settings/"} {
+    files.KeepForUser(platform.user_settings);
+  }
 
   PosixFileSystem files;
   ScriptClock clock;

@@ -171,4 +171,8 @@ bool ScriptRunner::OpenWithSystem(const std::string& target) {
   return true;
 }
 
+bool ScriptRunner::OpenAddress(const std::string& target) {
+  return OpenWithSystem(target);
+}
+
 }  // namespace ostrinka

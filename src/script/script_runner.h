@@ -48,6 +48,7 @@ class ScriptRunner : public UserInterface {
   void StartMainTimer(int) override {}
   void StopMainTimer() override {}
   bool OpenWithSystem(const std::string& target) override;
+  bool OpenAddress(const std::string& target) override;
   void EndProgram() override {}
 
  private:

@@ -50,6 +50,10 @@ void Startup::Start(const std::string& command_line) {
   ui.StartMainTimer(100);
   if (!program_.database_open) OpenCompany();
   ui.SetBusy(false);
+  if (ui.EndWanted()) {
+    Stop();
+    return;
+  }
   if (program_.database_open) {
     window_->StatusText("    " + program_.Text("mdi.pleasewait"));
   } else {
@@ -84,7 +88,9 @@ void Startup::OpenCompany() {
     program_.settings.SaveSettingValue(kCommon, "dbLogin", "password", std::string("kreda"));
   }
   bool opened = false;
-  OSTEngine(program_).open_(false, opened);
+  OSTEngine engine(program_);
+  engine.open_(false, opened);
+  why_not_open_ = engine.reason();
   program_.database_open = opened;
   CompanyLoad(program_);
   program_.platform.ui.RedrawMainWindow();
@@ -99,7 +105,8 @@ void Startup::ReportNoCompany() {
                              program_.Text("msg.info.firstrun.dbpressok"),
                          MessageKind::kWarning);
   } else {
-    program_.Message("msg.info.cantopendatabase", MessageKind::kError);
+    program_.ShowMessage(program_.Text("msg.info.cantopendatabase") + (why_not_open_.empty() ? "" : "\r\n\r\n" + why_not_open_),
+                         MessageKind::kError);
   }
   window_->SET_QDB_();
 }
@@ -133,6 +140,7 @@ void Startup::Stop() {
   CurrentPrintJob(program_).reset();
   for (const std::string& file : program_.TempPageFiles) program_.platform.files.Remove(file);
   program_.TempPageFiles.clear();
+  program_.platform.files.RemoveTemporaryFolder();
   // The window itself stands until the command that ended the program has returned.
   program_.main_view = nullptr;
   stopped_ = true;

@@ -34,6 +34,7 @@ class Startup {
   Program& program_;
   std::unique_ptr<MainWindow> window_;
   bool stopped_ = false;
+  std::string why_not_open_;  // the company, for a person
 };
 
 }  // namespace ostrinka

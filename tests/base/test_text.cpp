@@ -29,6 +29,25 @@ TEST(Letters, CaseAndFoldingKnowPolish) {
   EXPECT_EQ(folded, "zolws");
 }
 
+TEST(Letters, ANameBelongsToTheRangeOfItsBaseLetter) {
+  const struct {
+    const char *name, *range;
+    bool within;
+  } rows[] = {{"Ćwik", "AD", true},  {"Łęcki", "IL", true}, {"Ósemka", "MP", true}, {"Śliwa", "QT", true}, {"Źródło", "XZ", true},
+              {"Żuraw", "XZ", true}, {"żuk", "XZ", true},   {"Ćwik", "EH", false},  {" Ada", "AD", true},  {"3 Maja", "09", true},
+              {"Ada", "09", false},  {"", "AD", false},     {"ÄB", "AD", false}};
+  for (const auto& row : rows) {
+    const std::string_view range = row.range;
+    EXPECT_EQ(BeginsWithin(row.name, range.substr(0, 1), range.substr(1)), row.within) << row.name << row.range;
+  }
+}
+
+TEST(Addresses, NothingIsAddedToAMailAddress) {
+  EXPECT_EQ(MailAddress("jan.kowalski+vat@poczta.example"), "mailto:jan.kowalski+vat@poczta.example");
+  EXPECT_EQ(MailAddress("a@b.pl?attach=/etc/passwd&cc=c#d %41"), "mailto:a@b.pl%3Fattach%3D%2Fetc%2Fpasswd%26cc%3Dc%23d%20%2541");
+  EXPECT_EQ(MailAddress("żuk@b.pl"), "mailto:%C5%BCuk@b.pl");
+}
+
 TEST(FileNames, LoseEveryFolderPart) {
   const struct {
     const char* path;

@@ -118,6 +118,27 @@ TEST_F(CompanyTest, CreatingOverAPartOfTheFilesFillsTheGaps) {
   EXPECT_TRUE(Exists("zestawienie.q04"));
 }
 
+TEST_F(CompanyTest, WhatAKilledCreationLeftIsNoTableAndInNobodysWay) {
+  Write("waluty.ovd.build", "half a table");
+  Write("jedn_miary.ovd.build", std::string(40000, 'x'));
+  ASSERT_TRUE(Create());
+  EXPECT_EQ(surroundings.files.ListFiles(folder).size(), 28u);
+  ASSERT_TRUE(Open());
+  EXPECT_TRUE(surroundings.ui.messages.empty());
+  Close();
+  // Another workstation that makes the same table at this moment: neither gets into the other's way.
+  surroundings.files.Remove(folder + "waluty.ovd");
+  {
+    ClassQDBASE other(surroundings.platform);
+    ASSERT_TRUE(other.DATABASE_OPEN(folder + "waluty.ovd.build", "kreda", "kreda", true, false, false) && other.HoldAlone());
+    EXPECT_FALSE(Create());
+    EXPECT_FALSE(Exists("waluty.ovd"));
+    EXPECT_TRUE(Exists("waluty.ovd.build"));
+  }
+  ASSERT_TRUE(Create());
+  EXPECT_TRUE(Open());
+}
+
 TEST_F(CompanyTest, CreateFailsWithoutAFolderOrWithARefusedLogin) {
   bool ok = true;
   OSTEngine(program).create_(folder + "missing", "kreda", "kreda", true, ok);

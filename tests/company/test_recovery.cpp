@@ -1,8 +1,9 @@
 // A company after something went wrong: an upgrade that was killed or watched by another workstation, lost and left-over files.
 #include <filesystem>
 
-#include "company/company_fixture.h"
 #include "company/killed_files.h"
+#include "company/old_company.h"
+#include "company/table_check.h"
 
 namespace ostrinka {
 namespace {
@@ -11,13 +12,13 @@ namespace fs = std::filesystem;
 
 const std::string kVersion0(6, '\0');
 
-class RecoveryTest : public CompanyTest {
+class RecoveryTest : public OldCompanyTest {
  protected:
   KilledFileSystem files;
   Platform platform = surroundings.With(files);
 
   void SetUp() override {
-    CompanyTest::SetUp();
+    OldCompanyTest::SetUp();
     ASSERT_TRUE(Create());
     ASSERT_TRUE(Open());
     Close();
@@ -30,96 +31,21 @@ class RecoveryTest : public CompanyTest {
     return ok;
   }
   void MakeOldLines() {
-    MakeOldTable("sprzedane.ovd",
-                 {{"ID_DOK", kLong},
-                  {"ILOSC", kSingle},
-                  {"NAZWA_T_U", kLink, 0, "towaryuslugi.ovd", "NAZWA"},
-                  {"CENA_NETTO", kDouble},
-                  {"CENA_BRUTTO", kDouble},
-                  {"WARTOSC_NETTO", kDouble},
-                  {"WARTOSC_BRUTTO", kDouble}},
-                 {{int32_t{1}, 2.5F, int32_t{1}, 10.01, 12.21, 10.01, 12.21}, {int32_t{2}, 0.1F, int32_t{2}, 1.0, 1.07, 0.1, 0.11}});
+    for (const OlderShape& shape : OlderShapes()) {
+      if (shape.number == kSprzedane) MakeOlder(shape);
+    }
   }
-  void NameLeftOvers() {
-    ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / "app/program.lang", "msg.info.dbleftover=Pozostały pliki: {0}\r\n"));
+  void NameTexts(const std::string& lines) {
+    ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / "app/program.lang", lines));
     ASSERT_TRUE(program.catalogue.LoadProgramCatalogue("program.lang"));
   }
+  void NameLeftOvers() { NameTexts("msg.info.dbleftover=Pozostały pliki: {0}\r\n"); }
   std::string Told() {
     std::string told;
     for (const auto& [text, kind] : surroundings.ui.messages) told += text + "\n";
     return told;
   }
 };
-
-struct OldTable {
-  const char* file;
-  std::function<void()> make;
-  std::initializer_list<const char*> fields;
-  std::vector<std::string> rows;
-  int step;  // of the places where it is killed
-};
-
-TEST_F(RecoveryTest, AnUpgradeKilledAnywhereIsFinishedByTheNextOpening) {
-  const OldTable tables[] = {
-      {"sprzedane.ovd",
-       [this] { MakeOldLines(); },
-       {"ID_DOK", "NAZWA_T_U", "ILOSC", "CENA_NETTO", "CENA_BRUTTO", "WARTOSC_NETTO", "WARTOSC_BRUTTO"},
-       {"1|1|2,5|10,01|12,21|10,01|12,21", "2|2|0,1|1|1,07|0,1|0,11"},
-       11},
-      {"regiony.ovd",
-       [this] {
-         MakeOldTable("regiony.ovd", {{"NAZWA", kText, 30}, {"PANSTWO", kLink, 0, "panstwa.ovd", "NAZWA"}},
-                      {{std::string("śląskie"), int32_t{1}}, {std::string("inne"), int32_t{1}}});
-       },
-       {"NAZWA", "KOD"},
-       {"śląskie|2", "inne|4"},
-       2},
-      {"firma.ovd",
-       [this] {
-         MakeOldTable("firma.ovd", {{"S_NAZWA", kText, 250}}, {{std::string("Żuraw")}});
-       },
-       {"S_NAZWA", "FORMAT_DATA_EKR", "FORMAT_DATA_WYD", "FORMAT_PROCENTY"},
-       {"Żuraw|dd mmmm yyyy|dd-mm-yy|0\\%"},
-       11},
-  };
-  const std::string saved = surroundings.folder / "saved";
-  for (const OldTable& old : tables) {
-    old.make();
-    Write("db.info", kVersion0);
-    fs::copy(folder, saved, fs::copy_options::recursive);
-    bool killed = true;
-    for (int changes = 1; killed; changes += old.step) {
-      fs::remove_all(folder);
-      fs::copy(saved, folder, fs::copy_options::recursive);
-      surroundings.ui.messages.clear();
-      files.watched = old.file;
-      files.left = changes;
-      OpenWatched();
-      killed = files.left == 0;
-      files.left = -1;
-      if (!OpenWatched()) {
-        // Killed between the deletion of the table and the end of its copy.
-        const std::string finished = std::string(old.file) + ".new";
-        ASSERT_NE(Told().find("dbleftover"), std::string::npos) << old.file << changes;
-        fs::rename(folder + finished, folder + old.file);
-        ASSERT_TRUE(OpenWatched()) << old.file << changes;
-      }
-      EXPECT_EQ(Content("db.info"), kVersion1);
-      ClassQDBASE table(surroundings.platform);
-      ASSERT_TRUE(OpenFile(table, old.file)) << changes;
-      ASSERT_EQ(table.RECORD_COUNT(), static_cast<int32_t>(old.rows.size()));
-      for (size_t i = 0; i < old.rows.size(); ++i) {
-        ASSERT_EQ(Row(table, static_cast<int32_t>(i) + 1, old.fields), old.rows[i]) << old.file << " killed after " << changes;
-      }
-      if (table.FIELD_EXISTS("ILOSC")) {
-        ASSERT_EQ(table.FIELD_TYPE("ILOSC"), kCurrency) << changes;
-      }
-      for (const char* field : old.fields) ASSERT_FALSE(table.FIELD_EXISTS(std::string(field) + "_2")) << field << changes;
-      ASSERT_FALSE(table.FIELD_EXISTS("FORMAT_EKR_2")) << changes;
-    }
-    fs::remove_all(saved);
-  }
-}
 
 TEST_F(RecoveryTest, WhileOneWorkstationUpgradesNobodyElseGetsAtTheTablesOrTheCompany) {
   MakeOldLines();
@@ -140,7 +66,7 @@ TEST_F(RecoveryTest, WhileOneWorkstationUpgradesNobodyElseGetsAtTheTablesOrTheCo
   EXPECT_NE(Told().find("msg.info.dbupdating"), std::string::npos) << Told();
   files.before_change = nullptr;
   EXPECT_TRUE(Open());
-  EXPECT_EQ(Row(Table(program, kSprzedane), 1, {"ILOSC", "CENA_NETTO"}), "2,5|10,01");
+  EXPECT_EQ(Row(Table(program, kSprzedane), 1, {"ILOSC", "CENA_NETTO"}), "3|10,05");
 }
 
 TEST_F(RecoveryTest, ATableLeftUnderTheNameOfTheTestForSoleUseGetsItsNameBack) {
@@ -162,11 +88,104 @@ TEST_F(RecoveryTest, NoEmptyTableTakesThePlaceOfOneThatABrokenChangeLeft) {
     EXPECT_EQ(Told(), std::string("Pozostały pliki: ") + name + "\n");
     fs::remove(folder + name);
   }
-  fs::copy(folder + "kept", folder + "waluty.ovd.new");
+  fs::copy(folder + "kept", folder + "waluty.ovd.temp");
   Write("db.info", kVersion0);
   EXPECT_FALSE(Open());
   EXPECT_FALSE(Exists("waluty.ovd"));
   EXPECT_EQ(Content("db.info"), kVersion0);
+}
+
+TEST_F(RecoveryTest, AChangeThatOnlyLackedItsLastStepIsFinishedAndTold) {
+  NameTexts("msg.info.dbfinished=Dokończono: {0}\r\n");
+  const std::string currencies = Content("waluty.ovd"), customers = Content("kontrahenci.ovd");
+  fs::rename(folder + "waluty.ovd", folder + "waluty.ovd.new");
+  Write("waluty.ovd.temp", currencies);
+  Write("kontrahenci.ovd.new", customers);
+  Write("kontrahenci.ovd", customers.substr(0, 20000));
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(Told(), "Dokończono: kontrahenci.ovd\r\nwaluty.ovd\n");
+  Close();
+  EXPECT_EQ(Content("waluty.ovd"), currencies);
+  for (const char* name : {"waluty.ovd.new", "waluty.ovd.temp", "kontrahenci.ovd.new"}) EXPECT_FALSE(Exists(name)) << name;
+}
+
+TEST_F(RecoveryTest, ATableThatLacksSomethingIsCompletedOrRefusedByItsName) {
+  NameTexts(
+      "msg.why.lacks={0}: {1}\r\nmsg.why.notatable=nie tabela: {0}\r\nmsg.why.otherkind=inna: {0}\r\nmsg.why.missing=brak: "
+      "{0}\r\nmsg.why.login=hasło: {0}\r\n"
+      "msg.why.inuse=zajęta: {0}\r\nmsg.why.folder=folder: {0}\r\n");
+  const auto reason = [&] {
+    bool ok = true;
+    OSTEngine engine(program);
+    engine.open_(true, ok);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(CountOpenTables(), 0u);
+    return engine.reason();
+  };
+  // What the upgrade knows is completed, though the folder says that it is up to date.
+  MakeOldLines();
+  ASSERT_EQ(Content("db.info"), kVersion1);
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(Shortcomings(Table(program, kSprzedane), *FindTable(kSprzedane)), "");
+  EXPECT_EQ(Table(program, kSprzedane).RECORD_COUNT(), 2);
+  Close();
+  // Half of a table, as a creation that was killed left it; another table under its name; a shorter text.
+  const std::string units = Content("jedn_miary.ovd");
+  MakeOldTable("jedn_miary.ovd", {{"NAZWA", kText, 50}}, {});
+  EXPECT_EQ(reason(), "jedn_miary.ovd: SYMBOL");
+  Write("jedn_miary.ovd", Content("waluty.ovd"));
+  EXPECT_EQ(reason(), "inna: jedn_miary.ovd");
+  MakeOldTable("jedn_miary.ovd", {{"FORMAT", kText, 25}, {"SYMBOL", kText, 3}, {"NAZWA", kText, 50}}, {});
+  EXPECT_EQ(reason(), "jedn_miary.ovd: SYMBOL");
+  Write("jedn_miary.ovd", "not a table");
+  EXPECT_EQ(reason(), "nie tabela: jedn_miary.ovd");
+  Write("jedn_miary.ovd", units);
+  {
+    const auto other = surroundings.files.Open(folder + "jedn_miary.ovd", OpenMode::kReadWrite);
+    ASSERT_TRUE(other->Lock(0, INT64_MAX, true));
+    EXPECT_EQ(reason(), "zajęta: jedn_miary.ovd");
+  }
+  fs::remove(folder + "jedn_miary.ovd");
+  EXPECT_EQ(reason(), "brak: jedn_miary.ovd");
+  Write("jedn_miary.ovd", units);
+  SetLogin("kreda", "inne");
+  EXPECT_EQ(reason(), "hasło: firma.ovd");
+  SetLogin("kreda", "kreda");
+  ASSERT_TRUE(Open());
+  Close();
+  fs::rename(folder, surroundings.folder / "away");
+  EXPECT_EQ(reason(), "folder: " + folder);
+}
+
+TEST_F(RecoveryTest, ATableThatCouldNotBeUpgradedIsNamedAndOpenedForReadingOnly) {
+  NameTexts("msg.info.dbreadonly=do odczytu: {0}\r\nmsg.info.loginreadonly=tylko {0}\r\n");
+  MakeOldLines();
+  Write("db.info", kVersion0);
+  ClassQDBASE other(surroundings.platform);
+  ASSERT_TRUE(OpenFile(other, "sprzedane.ovd"));
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(Told(), "do odczytu: sprzedane.ovd\n");
+  ClassQDBASE& lines = Table(program, kSprzedane);
+  ClassQDBASE own(surroundings.platform);
+  ASSERT_TRUE(OpenPrivate(program, kSprzedane, own, false));
+  EXPECT_FALSE(lines.RECORD_ADD() || own.RECORD_ADD() || lines.RECORD_DELETE(1));
+  EXPECT_EQ(Row(lines, 1, {"ID_DOK", "CENA"}), "1|10,05");
+  EXPECT_TRUE(Table(program, kKontrahenci).RECORD_ADD());
+  Close();
+  own.DATABASE_CLOSE();
+  other.DATABASE_CLOSE();
+  surroundings.ui.messages.clear();
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(Told(), "");
+  EXPECT_TRUE(Table(program, kSprzedane).RECORD_ADD());
+  Close();
+  for (const TableDefinition& table : TableDefinitions()) {
+    ClassQDBASE owner(surroundings.platform);
+    ASSERT_TRUE(OpenFile(owner, table.file) && owner.USER_ADD("gość", "gość", 0)) << table.file;
+  }
+  SetLogin("gość", "gość");
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(Told(), "tylko gość\n");
 }
 
 TEST_F(RecoveryTest, ATableThatFillsAGapIsBroughtUpToDateToo) {

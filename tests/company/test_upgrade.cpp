@@ -5,7 +5,7 @@ namespace {
 
 const Value kNone;
 
-class OldCompanyTest : public CompanyTest {
+class UpgradeTest : public CompanyTest {
  protected:
   void SetUp() override {
     CompanyTest::SetUp();
@@ -33,7 +33,7 @@ class OldCompanyTest : public CompanyTest {
   }
 };
 
-TEST_F(OldCompanyTest, LinesWithASinglePriceGetNetAndGrossAlsoDeletedOnes) {
+TEST_F(UpgradeTest, LinesWithASinglePriceGetNetAndGrossAlsoDeletedOnes) {
   MakeOldTable("towaryuslugi.ovd",
                {{"SYMBOL", kText, 10}, {"NAZWA", kText, 100}, {"OPIS", kText, 200}, {"STAWKA_VAT", kLink, 0, "stawki_vat.ovd", "SYMBOL"}},
                {{std::string("A"), std::string("Śruba"), std::string("ocynk"), int32_t{1}},
@@ -62,7 +62,7 @@ TEST_F(OldCompanyTest, LinesWithASinglePriceGetNetAndGrossAlsoDeletedOnes) {
   EXPECT_EQ(RowOf("towaryuslugi.ovd", 2, {"NAZWA", "WALUTA"}), "Usługa|1");
 }
 
-TEST_F(OldCompanyTest, ShortTextsAreWidenedWithTheirContent) {
+TEST_F(UpgradeTest, ShortTextsAreWidenedWithTheirContent) {
   MakeOldTable("kontrahenci.ovd",
                {{"SYMBOL", kText, 10},
                 {"NAZWA", kText, 100},
@@ -96,7 +96,7 @@ TEST_F(OldCompanyTest, ShortTextsAreWidenedWithTheirContent) {
   EXPECT_EQ(customers.FIELD_TYPE("D_FORMA_PLAT"), kLink);
 }
 
-TEST_F(OldCompanyTest, DocumentsGetACurrencyARateAndANumberInKorekta) {
+TEST_F(UpgradeTest, DocumentsGetACurrencyARateAndANumberInKorekta) {
   MakeOldTable(
       "dok_sprzed.ovd",
       {{"NR_DOK", kLong}, {"KOREKTA", kBoolean}, {"WALUTA", kLink, 0, "waluty.ovd", "SYMBOL"}, {"KURS", kSingle}, {"UWAGI", kText, 100}},
@@ -114,7 +114,7 @@ TEST_F(OldCompanyTest, DocumentsGetACurrencyARateAndANumberInKorekta) {
   EXPECT_EQ(sales.FIELD_LEN("UWAGI"), 500);
 }
 
-TEST_F(OldCompanyTest, DictionariesGetWhatTheyLack) {
+TEST_F(UpgradeTest, DictionariesGetWhatTheyLack) {
   MakeOldTable("regiony.ovd", {{"NAZWA", kText, 30}, {"PANSTWO", kLink, 0, "panstwa.ovd", "NAZWA"}},
                {{std::string("śląskie"), int32_t{1}}, {std::string("inne"), int32_t{1}}});
   MakeOldTable("waluty.ovd", {{"NAZWA", kText, 50}, {"SYMBOL", kText, 10}, {"FORMAT", kText, 25}, {"KURS", kSingle}},
@@ -133,7 +133,7 @@ TEST_F(OldCompanyTest, DictionariesGetWhatTheyLack) {
   EXPECT_EQ(program.settings.Text(kCommon, "strFormat", "Currency"), "0.00##");
 }
 
-TEST_F(OldCompanyTest, AnEmptyRoundingPatternIsFilledAndAnotherKept) {
+TEST_F(UpgradeTest, AnEmptyRoundingPatternIsFilledAndAnotherKept) {
   {
     ClassQDBASE currencies(surroundings.platform);
     ASSERT_TRUE(OpenFile(currencies, "waluty.ovd"));
@@ -144,7 +144,7 @@ TEST_F(OldCompanyTest, AnEmptyRoundingPatternIsFilledAndAnotherKept) {
   EXPECT_EQ(RowOf("waluty.ovd", 1, {"FORMATNCH"}) + RowOf("waluty.ovd", 2, {"FORMATNCH"}), "0.00#0");
 }
 
-TEST_F(OldCompanyTest, AConversionThatStoppedAnywhereIsFinished) {
+TEST_F(UpgradeTest, AConversionThatStoppedAnywhereIsFinished) {
   const Value quantity = *Currency::FromDouble(2.5), net = *Currency::FromDouble(10.01), gross = *Currency::FromDouble(12.21);
   const std::initializer_list<const char*> amounts = {"ILOSC", "CENA_NETTO", "CENA_BRUTTO", "WARTOSC_NETTO", "WARTOSC_BRUTTO"};
   const std::string converted = "2,5|10,01|12,21|10,01|12,21";
@@ -191,7 +191,7 @@ TEST_F(OldCompanyTest, AConversionThatStoppedAnywhereIsFinished) {
   EXPECT_EQ(RowOf("sprzedane.ovd", 1, {"ID_DOK", "ILOSC", "CENA_NETTO", "RABAT"}), "4|2,5|0|0");
 }
 
-TEST_F(OldCompanyTest, AnAmountOutOfRangeDoesNotCostTheRestOfItsLine) {
+TEST_F(UpgradeTest, AnAmountOutOfRangeDoesNotCostTheRestOfItsLine) {
   MakeOldTable(
       "sprzedane.ovd",
       {{"ILOSC", kDouble}, {"CENA_NETTO", kDouble}, {"CENA_BRUTTO", kDouble}, {"WARTOSC_NETTO", kDouble}, {"WARTOSC_BRUTTO", kDouble}},
@@ -200,7 +200,7 @@ TEST_F(OldCompanyTest, AnAmountOutOfRangeDoesNotCostTheRestOfItsLine) {
   EXPECT_EQ(RowOf("sprzedane.ovd", 1, {"ILOSC", "CENA_NETTO", "CENA_BRUTTO", "WARTOSC_NETTO", "WARTOSC_BRUTTO"}), "1,5|0|2|3|4");
 }
 
-TEST_F(OldCompanyTest, UpgradingTwiceChangesNothingMore) {
+TEST_F(UpgradeTest, UpgradingTwiceChangesNothingMore) {
   ASSERT_TRUE(Upgrade());
   std::vector<std::string> once;
   for (const TableDefinition& table : TableDefinitions()) once.push_back(Content(table.file));
@@ -211,7 +211,7 @@ TEST_F(OldCompanyTest, UpgradingTwiceChangesNothingMore) {
   }
 }
 
-TEST_F(OldCompanyTest, ATableInUseElsewhereIsSkippedAndTheRestDone) {
+TEST_F(UpgradeTest, ATableInUseElsewhereIsSkippedAndTheRestDone) {
   MakeOldTable("kontrahenci.ovd", {{"NAZWA", kText, 100}}, {{std::string("Dąb")}});
   {
     ClassQDBASE other(surroundings.platform);

@@ -84,7 +84,7 @@ TEST_F(AttachmentTest, AScanIsAddedFoundAgainOpenedDeletedAndItsRoomGivenBack) {
   Click("memoExec");
   Then([&] {
     ASSERT_EQ(platform.ui.opened.size(), 1u);
-    EXPECT_EQ(platform.ui.opened[0], platform.folder / "tmp/Umowa żółta.png");
+    EXPECT_EQ(platform.ui.opened[0], platform.files.TemporaryFolder() + "Umowa żółta.png");
     EXPECT_EQ(Bytes(platform.ui.opened[0]), Bytes(scan_path + ".kept"));
   });
   Click("memoDel");  // answered with no
@@ -169,8 +169,10 @@ TEST_F(AttachmentTest, AStoredNameNeverLeavesTheTemporaryFolder) {
   }
   Press(Qt::Key_Escape);
   Work();
-  const std::vector<std::string> expected = {platform.folder / "tmp/version.ovd", platform.folder / "tmp/ostrinka-test",
-                                             platform.folder / "tmp/kontrahenci.ovd", platform.folder / "tmp/evil.png"};
+  const std::string temporary = platform.files.TemporaryFolder();
+  EXPECT_EQ(temporary.find(platform.folder / "tmp/ostrinka-"), 0u);
+  const std::vector<std::string> expected = {temporary + "version.ovd", temporary + "ostrinka-test", temporary + "kontrahenci.ovd",
+                                             temporary + "evil.png"};
   EXPECT_EQ(platform.ui.opened, expected);
   EXPECT_EQ(platform.ui.messages.size(), 1u) << "a name that is only a folder opens nothing";
   EXPECT_FALSE(std::filesystem::exists("/etc/ostrinka-test"));

@@ -21,6 +21,14 @@ TEST(EndSignalsTest, EachSignalEndsTheProgramFromItsLoopOfEvents) {
     loop.exec();
     EXPECT_EQ(ended, 1) << signal;
   }
+  {
+    // One that comes while the program starts, before any loop hears it.
+    const EndSignals early([] {});
+    EXPECT_FALSE(early.Asked());
+    raise(SIGTERM);
+    EXPECT_TRUE(early.Asked());
+    EXPECT_TRUE(early.Asked());
+  }
   struct sigaction after;
   sigaction(SIGTERM, nullptr, &after);
   EXPECT_EQ(after.sa_handler, SIG_DFL);

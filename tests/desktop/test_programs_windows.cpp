@@ -118,8 +118,14 @@ TEST_F(ProgramsWindowsTest, OnlyTemporaryFilesAndWebAddressesLeaveTheProgram) {
   EXPECT_FALSE(ui.OpenWithSystem(outside));
   EXPECT_FALSE(ui.OpenWithSystem(platform.files.TemporaryFolder() + "../etc/passwd"));
   EXPECT_FALSE(ui.OpenWithSystem("file:///etc/passwd"));
-  EXPECT_FALSE(ui.OpenWithSystem("javascript:alert(1)"));
   EXPECT_FALSE(ui.OpenWithSystem(""));
+  // An address is never a file, wherever that lies.
+  const std::string page = platform.files.TemporaryFolder() + "page.html";
+  ASSERT_TRUE(platform.files.WriteAll(page, "<html>"));
+  for (const std::string& address : {page, "file://" + page, std::string("file:///etc/passwd"), std::string("javascript:alert(1)"),
+                                     std::string("page.html/.."), std::string()}) {
+    EXPECT_FALSE(ui.OpenAddress(address)) << address;
+  }
 }
 
 }  // namespace

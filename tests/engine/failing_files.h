@@ -25,6 +25,10 @@ class FailingFileSystem : public PosixFileSystem {
     steps.push_back("remove " + path);
     return !read_only && PosixFileSystem::Remove(path);
   }
+  bool Rename(const std::string& from, const std::string& to) override {
+    steps.push_back("rename " + from);
+    return PosixFileSystem::Rename(from, to);
+  }
 
  private:
   class Limited : public File {
@@ -50,6 +54,7 @@ class FailingFileSystem : public PosixFileSystem {
     bool Lock(int64_t position, int64_t length, bool exclusive) override { return file_->Lock(position, length, exclusive); }
     bool Unlock(int64_t position, int64_t length) override { return file_->Unlock(position, length); }
     bool StillNamed() override { return file_->StillNamed(); }
+    void Renamed(const std::string& path) override { file_->Renamed(path); }
     std::string LastError() const override { return full_ ? "No space left on device" : file_->LastError(); }
 
    private:

@@ -1,6 +1,8 @@
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "engine/failing_files.h"
 #include "engine/table_fixture.h"
 
 namespace ostrinka {
@@ -179,6 +181,80 @@ TEST_F(AttachmentTest, AChainCutShortStillTakesWhatComes) {
   ASSERT_TRUE(Attach(1, "c", "cc"));
   EXPECT_EQ(Opened(1, 3), "c: cc");
   EXPECT_EQ(Opened(1, 1), "a: aaaa");
+}
+
+TEST_F(AttachmentTest, BytesTooFewForAnEntrySwallowNothing) {
+  for (const size_t length : {1, 100, 285}) {
+    SetBytes(memo, std::string(length, 'x'));
+    ASSERT_TRUE(Attach(1, "a", "aaaa") && Attach(1, "b", "bb")) << length;
+    EXPECT_EQ(Opened(1, 1), "a: aaaa") << length;
+    EXPECT_EQ(Opened(1, 2), "b: bb") << length;
+  }
+}
+
+TEST_F(AttachmentTest, WhatIsToldAsNotAddedIsNotThere) {
+  FailingFileSystem files;
+  Platform platform = surroundings.With(files);
+  ClassQDBASE full(platform);
+  ASSERT_TRUE(full.DATABASE_OPEN(path, "kreda", "kreda", false, false, false) && full.RECORD_POSITION(1));
+  Attach(1, "a", "aaaa");
+  const std::string before = Bytes(memo);
+  for (int64_t room = 0; room < 286 + 4; room += 17) {
+    files.room = room;
+    EXPECT_FALSE(full.MEMO_ADD("PLIKI", surroundings.folder / "a"));
+    EXPECT_TRUE(Bytes(memo) == before) << room;
+  }
+  // Nor is it told so when it is there: the record that marks it is written first.
+  files.room = -1;
+  full.ForReadingOnly();
+  EXPECT_FALSE(full.MEMO_ADD("PLIKI", surroundings.folder / "a"));
+  EXPECT_TRUE(Bytes(memo) == before);
+}
+
+TEST_F(AttachmentTest, TheLongestNamesCanBeOpened) {
+  const std::string longest(251, 'n');
+  ASSERT_TRUE(Attach(1, longest + ".txt", "content"));
+  EXPECT_EQ(Opened(1, 1), longest + ".txt: content");
+  // Polish letters take a byte in the entry and two in a file's name.
+  std::string bytes = Bytes(memo);
+  bytes.replace(0, 251, ToCp1250([] {
+                  std::string letters;
+                  for (int i = 0; i < 251; ++i) letters += "ż";
+                  return letters;
+                }()));
+  SetBytes(memo, bytes);
+  const std::string opened = Opened(1, 1);
+  EXPECT_THAT(opened, testing::EndsWith("ż.txt: content"));
+  EXPECT_EQ(opened.find(':'), 254u);
+}
+
+TEST_F(AttachmentTest, WhatWasOpenedLiesInAFolderOfTheUsersOwnAndIsGoneAtTheEnd) {
+  ASSERT_TRUE(Attach(1, "a", "aaaa"));
+  std::string file;
+  {
+    PosixFileSystem files;
+    Platform platform = surroundings.With(files);
+    ClassQDBASE own(platform);
+    ASSERT_TRUE(own.DATABASE_OPEN(path, "kreda", "kreda", false, false, false) && own.RECORD_POSITION(1));
+    surroundings.ui.opened.clear();
+    ASSERT_TRUE(own.MEMO_EXEC("PLIKI", 1));
+    file = surroundings.ui.opened.at(0);
+    struct stat folder, status;
+    ASSERT_EQ(stat(std::filesystem::path(file).parent_path().c_str(), &folder), 0);
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(folder.st_mode & 0777, 0700u);
+    EXPECT_EQ(folder.st_uid, geteuid());
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
+    // A process that was forked leaves it alone.
+    const pid_t child = fork();
+    if (child == 0) {
+      files.RemoveTemporaryFolder();
+      _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(Bytes(file), "aaaa");
+  }
+  EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(file).parent_path()));
 }
 
 }  // namespace

@@ -166,48 +166,69 @@ TEST_F(FullDiskTest, AnAddedRecordIsTakenBackWhole) {
   EXPECT_TRUE(table.RECORD_ADD({std::string("Hak")}));
 }
 
-TEST_F(FullDiskTest, AStructureChangeThatBreaksOffBeforeTheDeleteLeavesTheTable) {
+TEST_F(FullDiskTest, AStructureChangeThatBreaksOffAnywhereLeavesTheTable) {
   const std::string before = Bytes(path);
   const int64_t old_size = static_cast<int64_t>(before.size()), new_size = old_size + 5 * 8;
   for (const int64_t room : {int64_t{0}, old_size - 1, old_size + 100, old_size + new_size - 1}) {
-    std::filesystem::remove(path + ".temp");
-    std::filesystem::remove(path + ".new");
     files.room = room;
     EXPECT_FALSE(table.FIELD_ADD("NOWE", kDouble, 0, "", "")) << room;
-    EXPECT_EQ(table.last_error_code(), 0);
+    EXPECT_EQ(table.last_error(), "No space left on device < #No space left on device >");
     EXPECT_TRUE(Bytes(path) == before) << room;
     EXPECT_TRUE(table.IsOpen());
     EXPECT_EQ(table.FIELD_COUNT(), 5);
     EXPECT_TRUE(files.FileExists(path + ".temp"));
   }
-  EXPECT_THAT(files.removed, IsEmpty());
-  files.room = -1;
+  // Both companions and not a byte more; what the failed ones left goes first.
+  files.room = old_size + new_size;
+  files.steps.clear();
   EXPECT_TRUE(table.FIELD_ADD("NOWE", kDouble, 0, "", ""));
-  EXPECT_THAT(files.steps, ElementsAre("flush " + path + ".new", "remove " + path, "flush " + path, "remove " + path + ".temp",
-                                       "remove " + path + ".new"));
+  EXPECT_EQ(Bytes(path).size(), static_cast<size_t>(new_size));
+  EXPECT_THAT(files.steps, ElementsAre("rename " + path, "rename " + path + ".try", "remove " + path + ".temp", "remove " + path + ".new",
+                                       "flush " + path + ".new", "remove " + path + ".temp", "rename " + path + ".new"));
 }
 
-TEST_F(FullDiskTest, AfterTheDeleteTheDataStandInTheCompanions) {
-  const std::string before = Bytes(path);
-  // Both companions and half of the header.
-  files.room = static_cast<int64_t>(before.size() * 2 - 5 * 8 + 20000);
-  EXPECT_FALSE(table.FIELD_DELETE("CENA"));
-  EXPECT_EQ(files.removed, std::vector<std::string>{path});
-  EXPECT_EQ(Bytes(path).size(), 20000u);
-  EXPECT_TRUE(Bytes(path + ".temp") == before);
-  EXPECT_EQ(Bytes(path + ".new").size(), before.size() - 5 * 8);
-  EXPECT_FALSE(table.IsOpen());
-  // Nor does a table open that lacks its last byte only.
-  std::filesystem::rename(path + ".temp", path);
-  std::filesystem::remove(path + ".new");
-  ASSERT_TRUE(table.DATABASE_OPEN(path, "kreda", "kreda", false, true, false));
-  files.room = static_cast<int64_t>(before.size() * 3 - 2 * 5 * 8 - 1);
-  EXPECT_FALSE(table.FIELD_DELETE("CENA"));
-  EXPECT_EQ(Bytes(path).size(), before.size() - 5 * 8 - 1);
-  EXPECT_FALSE(Opens(path));
-  // What is left is good enough to go on with.
-  std::filesystem::rename(path + ".new", path);
+TEST_F(TableTest, AWholeNewTableBesideOneThatIsGoneOrHeadlessTakesItsPlace) {
+  FilledGoods();
+  const std::string whole = Bytes(path);
+  const auto finished = [&](const std::string& table, const std::string& made) {
+    std::filesystem::remove(path);
+    if (!table.empty()) SetBytes(path, table);
+    SetBytes(path + ".new", made);
+    SetBytes(path + ".temp", whole);
+    const bool done = ClassQDBASE::FinishChange(surroundings.files, path);
+    EXPECT_EQ(surroundings.files.FileExists(path + ".new"), !done);
+    EXPECT_EQ(surroundings.files.FileExists(path + ".temp"), !done);
+    return done;
+  };
+  EXPECT_TRUE(finished("", whole));
+  EXPECT_TRUE(finished(std::string(3, '\0') + whole.substr(3), whole));
+  EXPECT_TRUE(finished(whole.substr(0, 20000), whole));
   EXPECT_EQ(Texts(*Open(path), "NAZWA").size(), 5u);
+  EXPECT_FALSE(finished("", whole.substr(0, whole.size() - 1))) << "the last record is not whole";
+  EXPECT_FALSE(finished("", whole.substr(0, 33000)));
+  EXPECT_FALSE(finished("", "")) << "nothing was written yet";
+  EXPECT_FALSE(finished(whole, whole)) << "the table is there";
+  const auto other = Open(path + ".new");
+  std::filesystem::remove(path);
+  EXPECT_FALSE(ClassQDBASE::FinishChange(surroundings.files, path)) << "another program is writing it";
+}
+
+TEST_F(TableTest, ALinkUnderTheNameOfACompanionIsNotFollowed) {
+  auto table = FilledGoods();
+  const std::string victim = surroundings.folder / "victim";
+  SetBytes(victim, "mine");
+  for (const char* companion : {".temp", ".new"}) std::filesystem::create_symlink(victim, path + companion);
+  EXPECT_TRUE(table->FIELD_ADD("PLIKI", kMemo, 0, "", ""));
+  std::filesystem::create_symlink(victim, path + ".memo");
+  SetBytes(surroundings.folder / "a", "aaaa");
+  EXPECT_TRUE(table->RECORD_POSITION(1));
+  EXPECT_FALSE(table->MEMO_ADD("PLIKI", surroundings.folder / "a"));
+  std::filesystem::remove(path + ".memo");
+  EXPECT_TRUE(table->MEMO_ADD("PLIKI", surroundings.folder / "a") && table->MEMO_ADD("PLIKI", surroundings.folder / "a"));
+  EXPECT_TRUE(table->MEMO_DEL("PLIKI", 1));
+  std::filesystem::create_symlink(victim, path + ".memo.temp");
+  EXPECT_TRUE(table->MEMO_FILE_COMPRESS_());
+  EXPECT_EQ(Bytes(victim), "mine");
 }
 
 TEST_F(FullDiskTest, AReadOnlyFolderRefusesOpeningAndCreating) {

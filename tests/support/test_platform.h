@@ -121,6 +121,9 @@ class TestUserInterface : public UserInterface {
     opened.push_back(target);
     return true;
   }
+  bool OpenAddress(const std::string& target) override { return OpenWithSystem(target); }
+  int steps_to_end = -1;  // questions whether the program is to end until the answer is yes; -1 never
+  bool EndWanted() override { return steps_to_end == 0 || (steps_to_end > 0 && --steps_to_end == 0); }
   void EndProgram() override { ended = true; }
   std::function<void(bool skin)> on_appearance;
   void AppearanceChanged(bool skin) override {

@@ -43,6 +43,7 @@ class PlayedUi : public DesktopUi {
   std::optional<std::string> AskSaveFile(const std::vector<FileFilter>&, const std::string&, size_t&) override { return std::nullopt; }
   std::optional<std::string> AskFolder(const std::string&) override { return std::nullopt; }
   bool OpenWithSystem(const std::string&) override { return true; }
+  bool OpenAddress(const std::string&) override { return true; }
   void Beep() override {}
 };
 

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 namespace ostrinka {
 namespace {
@@ -18,6 +20,21 @@ std::string PlatformPath(const std::string& path) {
   std::string result = path;
   std::replace(result.begin(), result.end(), '\\', '/');
   return result;
+}
+
+int OpenFlags(OpenMode mode) {
+  switch (mode) {
+    case OpenMode::kRead:
+      return O_RDONLY;
+    case OpenMode::kReadWrite:
+      return O_RDWR;
+    case OpenMode::kCreate:
+      return O_RDWR | O_CREAT;
+    case OpenMode::kCompanion:
+      return O_RDWR | O_CREAT | O_NOFOLLOW;
+    default:
+      return O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
+  }
 }
 
 class PosixFile : public File {
@@ -56,7 +73,8 @@ class PosixFile : public File {
       const ssize_t put = pwrite(descriptor_, static_cast<const char*>(from) + done, length - done, position + static_cast<int64_t>(done));
       if (put < 0 && errno == EINTR) continue;
       if (put <= 0) {
-        error_ = put < 0 ? errno : ENOSPC;
+        // A file that may not grow is told as a disk that has no more room.
+        error_ = put < 0 && errno != EFBIG ? errno : ENOSPC;
         return false;
       }
       done += static_cast<size_t>(put);
@@ -87,6 +105,8 @@ class PosixFile : public File {
     return fstat(descriptor_, &own) == 0 && stat(path_.c_str(), &named) == 0 && own.st_dev == named.st_dev && own.st_ino == named.st_ino;
   }
 
+  void Renamed(const std::string& path) override { path_ = PlatformPath(path); }
+
   std::string LastError() const override { return std::strerror(error_); }
 
  private:
@@ -113,10 +133,18 @@ class PosixFile : public File {
 
 }  // namespace
 
+PosixFileSystem::PosixFileSystem() {
+  // A write beyond the size that a file may have fails as one on a full disk does, instead of ending the program.
+  signal(SIGXFSZ, SIG_IGN);
+}
+
+PosixFileSystem::~PosixFileSystem() {
+  RemoveTemporaryFolder();
+}
+
 std::unique_ptr<File> PosixFileSystem::Open(const std::string& path, OpenMode mode, std::string* error) {
   const std::string name = PlatformPath(path);
-  const int flags = mode == OpenMode::kRead ? O_RDONLY : mode == OpenMode::kReadWrite ? O_RDWR : O_RDWR | O_CREAT;
-  int descriptor = open(name.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0660);
+  int descriptor = open(name.c_str(), OpenFlags(mode) | O_CLOEXEC | O_NONBLOCK, mode == OpenMode::kNewPrivate ? 0600 : 0660);
   struct stat status;
   if (descriptor >= 0 && (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))) {
     close(descriptor);
@@ -154,6 +182,16 @@ bool PosixFileSystem::Rename(const std::string& from, const std::string& to) {
   return rename(PlatformPath(from).c_str(), PlatformPath(to).c_str()) == 0;
 }
 
+bool PosixFileSystem::RenameAside(const std::string& from, const std::string& to) {
+  const std::string source = PlatformPath(from), target = PlatformPath(to);
+  if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return true;
+  if (errno != EINVAL && errno != ENOSYS) return false;
+  // A file system that knows no such renaming; a link is refused in the same way.
+  if (link(source.c_str(), target.c_str()) == 0) return unlink(source.c_str()) == 0;
+  struct stat status;
+  return errno != EEXIST && lstat(target.c_str(), &status) != 0 && rename(source.c_str(), target.c_str()) == 0;
+}
+
 bool PosixFileSystem::MakeFolder(const std::string& path) {
   return mkdir(PlatformPath(path).c_str(), 0770) == 0 || FolderExists(path);
 }
@@ -183,11 +221,33 @@ void PosixFileSystem::DropViews() {
   views_.Drop();
 }
 
+bool PosixFileSystem::KeepForUser(const std::string& folder) {
+  const std::string name = PlatformPath(folder);
+  struct stat status;
+  if (stat(name.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != geteuid()) return false;
+  return (status.st_mode & 0777) == 0700 || chmod(name.c_str(), 0700) == 0;
+}
+
 std::string PosixFileSystem::TemporaryFolder() {
+  struct stat status;
+  const bool stands = !temporary_.empty() && lstat(temporary_.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                      status.st_uid == geteuid() && (status.st_mode & 0077) == 0;
+  if (stands && maker_ == getpid()) return temporary_ + "/";
   const char* named = std::getenv("TMPDIR");
-  std::string folder = named && *named ? named : "/tmp";
-  if (folder.back() != '/') folder += '/';
-  return folder;
+  std::string pattern = named && *named ? named : "/tmp";
+  if (pattern.back() != '/') pattern += '/';
+  pattern += "ostrinka-XXXXXX";
+  // One that cannot be made is named all the same: nothing can be written there.
+  maker_ = mkdtemp(pattern.data()) ? getpid() : 0;
+  temporary_ = pattern;
+  return temporary_ + "/";
+}
+
+void PosixFileSystem::RemoveTemporaryFolder() {
+  std::error_code ignored;
+  if (maker_ == getpid()) std::filesystem::remove_all(temporary_, ignored);
+  temporary_.clear();
+  maker_ = 0;
 }
 
 }  // namespace ostrinka

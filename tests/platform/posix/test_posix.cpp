@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <pty.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstring>
 #include <thread>
 
 #include "platform/posix/posix_system.h"
@@ -45,6 +48,91 @@ TEST_F(PosixTest, AReplacedFileIsNoLongerNamedByItsPath) {
   ASSERT_TRUE(files.WriteAll(folder / "b", "2"));
   ASSERT_TRUE(files.Rename(folder / "b", folder / "a"));
   EXPECT_FALSE(open->StillNamed());
+}
+
+TEST_F(PosixTest, WhatTheProgramMakesForItselfFollowsNoLink) {
+  ASSERT_TRUE(files.WriteAll(folder / "victim", "mine"));
+  std::filesystem::create_symlink(folder / "victim", folder / "link");
+  std::filesystem::create_symlink(folder / "nowhere", folder / "dangling");
+  for (const OpenMode mode : {OpenMode::kNew, OpenMode::kNewPrivate, OpenMode::kCompanion}) {
+    EXPECT_EQ(files.Open(folder / "link", mode), nullptr);
+    EXPECT_EQ(files.Open(folder / "dangling", mode), nullptr);
+  }
+  EXPECT_FALSE(files.FileExists(folder / "nowhere"));
+  EXPECT_EQ(files.Open(folder / "victim", OpenMode::kNew), nullptr);
+  EXPECT_NE(files.Open(folder / "victim", OpenMode::kCompanion), nullptr);
+  // A neighbour that is taken already: the next one.
+  std::filesystem::create_symlink(folder / "victim", folder / "a~1");
+  const std::string long_name(255, 'n');
+  for (const std::string& name : {std::string("a"), long_name}) {
+    ASSERT_TRUE(files.WriteAll(folder / name, "new", {.for_user_alone = true})) << name;
+    struct stat status;
+    ASSERT_EQ(stat((folder / name).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
+  }
+  std::string content;
+  ASSERT_TRUE(files.ReadAll(folder / "victim", content));
+  EXPECT_EQ(content, "mine");
+  EXPECT_FALSE(files.RenameAside(folder / "a", folder / "dangling"));
+  EXPECT_FALSE(files.RenameAside(folder / "a", folder / "victim"));
+  EXPECT_TRUE(files.RenameAside(folder / "a", folder / "b"));
+}
+
+TEST_F(PosixTest, ProgramsThatWriteOneFileAtTheSameTimeLeaveAWholeOne) {
+  const std::string values[] = {std::string(20000, 'a'), std::string(30000, 'b')};
+  ASSERT_TRUE(files.WriteAll(folder / "setting", values[0]));
+  std::vector<pid_t> children;
+  for (const std::string& value : values) {
+    const pid_t child = fork();
+    if (child == 0) {
+      PosixFileSystem own;
+      bool good = true;
+      for (int i = 0; i < 300; ++i) good = own.WriteAll(folder / "setting", value, {.flush = false}) && good;
+      _exit(good ? 0 : 1);
+    }
+    children.push_back(child);
+  }
+  for (int i = 0; i < 1000; ++i) {
+    std::string content;
+    ASSERT_TRUE(files.ReadAll(folder / "setting", content));
+    ASSERT_TRUE(content == values[0] || content == values[1]) << content.size();
+  }
+  for (const pid_t child : children) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_EQ(files.ListFiles(folder.path()), std::vector<std::string>{"setting"});
+}
+
+TEST_F(PosixTest, AFileThatMayNotGrowIsAFullDiskAndEndsNothing) {
+  const pid_t child = fork();
+  if (child == 0) {
+    PosixFileSystem own;
+    const rlimit limit{4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const auto file = own.Open(folder / "t", OpenMode::kCreate);
+    const std::string content(10000, 'x');
+    const bool told = file && !file->WriteAt(0, content.data(), content.size()) && file->LastError() == std::strerror(ENOSPC);
+    _exit(told ? 0 : 1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(PosixTest, TheTemporaryFolderIsNewAfterSomeoneTookIt) {
+  const std::string first = files.TemporaryFolder();
+  EXPECT_EQ(files.TemporaryFolder(), first);
+  std::filesystem::permissions(first, std::filesystem::perms(0777));
+  const std::string second = files.TemporaryFolder();
+  EXPECT_NE(second, first);
+  std::filesystem::remove(second);
+  std::filesystem::create_directory_symlink(first, second.substr(0, second.size() - 1));
+  const std::string third = files.TemporaryFolder();
+  EXPECT_NE(third, second);
+  std::filesystem::remove(second.substr(0, second.size() - 1));
+  std::filesystem::remove(first);
 }
 
 TEST_F(PosixTest, AViewFollowsTheFileAndSurvivesItsLoss) {
