@@ -15,12 +15,24 @@ class frm_Admin_qdb_ : public Form {
 
   explicit frm_Admin_qdb_(Program& program);
 
-  void reload_();  // fills the fields from the settings
-  void save_();    // stores them and opens the database; closes the dialog when that succeeds
+  // Fills the fields from the settings; the password stays out while the login is asked for at the start.
+  void reload_();
+  // Stores them and opens the database; closes the dialog when that succeeds. After a try that failed, leaving the dialog brings the former
+  // connection back.
+  void save_();
 
  private:
-  void Store();
-  bool OpenDatabase();
+  struct Connection {
+    DatabasePlace place;
+    std::string user, password;
+    bool ask = false;  // for the login at start
+  };
+  Connection Stored() const;
+  void Store(const Connection& connection);
+  bool MayStore(const Connection& typed);
+  void PutBack();
+  void ShowViews();
+  bool OpenDatabase(const LoginResult* login, std::string& reason);
   void TestConnection();
   void CreateDatabase();
   void RunWizard();
@@ -28,6 +40,10 @@ class frm_Admin_qdb_ : public Form {
 
   Program& program_;
   DatabasePlaceFields place_;
+  Connection before_;         // the one that works, as far as is known
+  LoginResult login_before_;  // by which its company was opened
+  bool was_open_ = false;
+  bool failed_ = false;  // the last try
 };
 
 }  // namespace ostrinka

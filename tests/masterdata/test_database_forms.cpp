@@ -55,7 +55,9 @@ TEST_F(DatabaseFormsTest, CreatedDatabaseIsTheOneThatTheConnectionDialogShowsTes
   form.reload_();
   form.Open();
   ASSERT_TRUE(form.btnConnectionTest.UserPress());
-  EXPECT_EQ(platform.ui.messages.back(), std::pair(program.Text("msg.info.dbtest.error"), MessageKind::kError));
+  EXPECT_EQ(platform.ui.messages.back(),
+            std::pair(program.Text("msg.info.dbtest.error") + "\r\n\r\n" + program.Text("msg.why.folder", {program.DatabaseFolder()}),
+                      MessageKind::kError));
   platform.ui.on_modal = [&](Form& shown) {
     auto& dialog = static_cast<frm_Admin_qdbc_&>(shown);
     dialog.Open();
@@ -79,9 +81,10 @@ TEST_F(DatabaseFormsTest, CreatedDatabaseIsTheOneThatTheConnectionDialogShowsTes
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_TRUE(form.IsOpen());
   EXPECT_FALSE(program.database_open);
-  EXPECT_EQ(
-      platform.ui.messages.back(),
-      std::pair(program.Text("msg.info.cantopendatabase") + "\r\n" + program.Text("msg.info.pleasecheckuserandpass"), MessageKind::kError));
+  EXPECT_EQ(platform.ui.messages.back(),
+            std::pair(program.Text("msg.info.cantopendatabase") + "\r\n" + program.Text("msg.info.pleasecheckuserandpass") + "\r\n\r\n" +
+                          program.Text("msg.why.login", {"firma.ovd"}),
+                      MessageKind::kError));
   EXPECT_THAT(view.calls, ElementsAre("hide", "reset"));
   ASSERT_TRUE(Set(form.userPassword, "kot"));
   view.calls.clear();
@@ -110,6 +113,94 @@ TEST_F(DatabaseFormsTest, ChoosingTheDefaultFolderKeepsTheOwnOneForLater) {
   ASSERT_TRUE(form.btnBrowse.UserPress());
   EXPECT_TRUE(form.dbLocal[1].Value());
   EXPECT_EQ(form.txtDbPath.Text(), platform.folder / "inna");
+}
+
+// A company that is open, in the default folder.
+class OpenCompanyTest : public CompanyTest {
+ protected:
+  OpenCompanyTest() { program.main_view = &view; }
+  frm_Admin_qdb_& Shown() {
+    form.reload_();
+    form.Open();
+    return form;
+  }
+  std::string OpenFolder() { return Table(program, kFirma).DATABASE_PATH(); }
+  RecordingView view;
+  frm_Admin_qdb_ form{program};
+};
+
+TEST_F(OpenCompanyTest, WhoIsAskedAtTheStartDoesNotGetPastItThroughTheConnection) {
+  program.settings.SaveSettingValue(kCommon, "dbLogin", "login", true);
+  Shown();
+  EXPECT_EQ(form.userName.Text(), "ala");
+  EXPECT_EQ(form.userPassword.Text(), "");
+  // Without the password the question stays, whatever else is typed.
+  for (const char* password : {"", "pies"}) {
+    ASSERT_TRUE(Set(form.userPassword, password) && Set(form.dbLogin, "false"));
+    ASSERT_TRUE(form.btnSave.UserPress());
+    EXPECT_TRUE(form.IsOpen());
+    EXPECT_EQ(Setting("dbLogin", "login"), "True");
+    EXPECT_EQ(Setting("dbLogin", "password"), "kot");
+    EXPECT_NE(MessageTexts().back().find(program.Text("msg.info.asklogin")), std::string::npos);
+  }
+  // With the question left on, the person is asked, and the stored password stays what it was.
+  ASSERT_TRUE(Set(form.userPassword, "") && Set(form.dbLogin, "true"));
+  int asked = 0;
+  platform.ui.on_modal = [&](Form& login) {
+    ++asked;
+    EXPECT_TRUE(Set(*login.Find("txtUser"), "ala") && Set(*login.Find("txtPassword"), "pies"));
+    EXPECT_TRUE(login.FindButton("login.btn.ok")->UserPress());
+  };
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_EQ(asked, 1);
+  EXPECT_NE(MessageTexts().back().find(program.Text("msg.why.login", {"firma.ovd"})), std::string::npos);
+  EXPECT_EQ(Setting("dbLogin", "password"), "kot");
+  ASSERT_TRUE(Set(form.userPassword, "kot") && Set(form.dbLogin, "false"));
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_FALSE(form.IsOpen());
+  EXPECT_EQ(Setting("dbLogin", "login"), "False");
+  EXPECT_TRUE(program.database_open);
+}
+
+TEST_F(OpenCompanyTest, LeavingAfterATryThatFailedBringsTheWorkingConnectionBack) {
+  const std::string folder = OpenFolder();
+  Shown();
+  ASSERT_TRUE(Set(form.txtDbPath, platform.folder / "nowhere") && Set(form.userPassword, "pies"));
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_TRUE(form.IsOpen());
+  EXPECT_FALSE(program.database_open);
+  EXPECT_NE(MessageTexts().back().find(program.Text("msg.why.folder", {platform.folder / "nowhere/"})), std::string::npos);
+  view.calls.clear();
+  ASSERT_TRUE(form.btnCancel.UserPress());
+  EXPECT_EQ(Setting("dbPath", "Remote"), "False");
+  EXPECT_EQ(Setting("dbLogin", "password"), "kot");
+  EXPECT_TRUE(program.database_open);
+  EXPECT_EQ(OpenFolder(), folder);
+  EXPECT_THAT(view.calls, ElementsAre("show", "ref_"));
+  // Without a try nothing is put back.
+  const size_t told = platform.ui.messages.size();
+  Shown();
+  ASSERT_TRUE(Set(form.userPassword, "pies") && form.btnCancel.UserPress());
+  EXPECT_EQ(platform.ui.messages.size(), told);
+  EXPECT_TRUE(program.database_open);
+}
+
+TEST_F(OpenCompanyTest, ANewDatabaseMadeOutOfAnOpenCompanyIsOpenedAtOnce) {
+  Shown();
+  platform.ui.on_modal = [&](Form& shown) {
+    auto& dialog = static_cast<frm_Admin_qdbc_&>(shown);
+    dialog.Open();
+    EXPECT_TRUE(Set(dialog.userName, "ola") && Set(dialog.userPassword1, "pies") && Set(dialog.userPassword2, "pies"));
+    EXPECT_TRUE(Set(dialog.txtDbPath, platform.folder / "nowa"));
+    EXPECT_TRUE(dialog.btnCreateDatabase.UserPress());
+  };
+  ASSERT_TRUE(form.btnCreate.UserPress());
+  EXPECT_EQ(OpenFolder(), platform.folder / "nowa/firma.ovd");
+  EXPECT_TRUE(program.database_open && form.IsOpen());
+  EXPECT_EQ(form.userName.Text() + form.txtDbPath.Text(), "ola" + platform.folder.path() + "nowa");
+  ASSERT_TRUE(form.btnCancel.UserPress());
+  EXPECT_EQ(OpenFolder(), platform.folder / "nowa/firma.ovd");
+  EXPECT_EQ(Setting("dbLogin", "username"), "ola");
 }
 
 }  // namespace
