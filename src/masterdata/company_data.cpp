@@ -11,12 +11,18 @@ namespace {
 constexpr const char* kSection = "user";
 constexpr const char* kChosenText = "konto_opis_id_";
 
+std::string FirstLine(const std::string& text) {
+  return Trim(text.substr(0, text.find_first_of("\r\n")));
+}
+
 bool WriteCompanyTable(Program& program, CompanyRecord& record) {
   if (!TableIsOpen(program, kFirma)) return true;
   ClassQDBASE& table = Table(program, kFirma);
   if (table.RECORD_COUNT() < 1 && !table.RECORD_ADD()) return false;
   if (!table.RECORD_LOAD(1)) return false;
   for (const CompanyField& field : CompanyFields()) {
+    // The settings hold one line of a text: the record keeps the others as long as that one stays.
+    if (FirstLine(table.Text(field.table_field)) == field.member(record)) continue;
     // A text may come from settings that know no length: what does not fit would run into the next field.
     const int32_t length = table.FIELD_LEN(field.table_field);
     if (length > 0) table.FIELD(field.table_field, Value(LeftCharacters(field.member(record), static_cast<size_t>(length))));

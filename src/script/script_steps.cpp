@@ -136,9 +136,15 @@ void ScriptRunner::DoSetting(const WordList& words) {
 }
 
 void ScriptRunner::DoCreateDatabase(const WordList& words) {
-  std::string folder = std::filesystem::absolute(words[1]).string();
-  if (folder.back() != '/') folder += '/';
-  program_.platform.files.MakeFolders(folder);
+  std::string folder = words[1];
+  const bool marked = StartsWith(folder, "<APP>") || StartsWith(folder, "<USB>");
+  if (!marked) folder = std::filesystem::absolute(folder).string();
+  if (folder.back() != '/' && folder.back() != '\\') folder += '/';
+  if (FromCp1250(ToCp1250(folder)) != folder || folder.find_first_of("\r\n") != std::string::npos) {
+    Wrong("the settings cannot name the folder " + words[1]);
+    return;
+  }
+  program_.platform.files.MakeFolders(program_.ResolveFolder(folder));
   bool ok = false;
   OSTEngine(program_).create_(folder, words[2], words[3], true, ok);
   if (!ok) {

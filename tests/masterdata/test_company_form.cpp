@@ -14,6 +14,7 @@ class CompanyFormTest : public CompanyTest {
     form.reload_();
     form.Open();
   }
+  static Value Words(const char* text) { return std::string(text); }
   frm_Admin_usr_ form{program};
 };
 
@@ -38,6 +39,21 @@ TEST_F(CompanyFormTest, SavingWritesTrimmedTextsToTheSettingsAndToTheCompany) {
   ASSERT_TRUE(ok);
   CompanyLoad(program);
   EXPECT_EQ(program.company.S_NAZWA, "Piekarnia Łoś") << "the company that is opened counts";
+}
+
+TEST_F(CompanyFormTest, DetailsOfSeveralLinesSurviveASaveThatLeavesThem) {
+  ClassQDBASE& firma = At(kFirma, 1);
+  ASSERT_TRUE(firma.FIELD("S_NAZWA", Words("Piekarnia\r\nŁoś i Synowie")) && firma.FIELD("K_EMAIL", Words("a@a.pl\nb@b.pl")));
+  ASSERT_TRUE(firma.RECORD_SAVE(1));
+  bool ok = false;
+  OSTEngine(program).reopen_(ok);
+  ASSERT_TRUE(ok);
+  Open();
+  EXPECT_EQ(form.txtNazwaFirmy.Text(), "Piekarnia");
+  ASSERT_TRUE(Set(form.txtEMail, "c@c.pl"));
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_EQ(At(kFirma, 1).Text("S_NAZWA"), "Piekarnia\r\nŁoś i Synowie");
+  EXPECT_EQ(At(kFirma, 1).Text("K_EMAIL"), "c@c.pl");
 }
 
 TEST_F(CompanyFormTest, FurtherAccountsAreStoredByTheSaveOfTheCompany) {

@@ -81,6 +81,15 @@ TEST(ScriptLanguage, PrintsWhatIsAsked) {
   EXPECT_TRUE(Contains(session.out, "\na b\n"));
 }
 
+TEST(ScriptRuns, ACompanyIsMadeWhereMarkersSayAndWhereTheSettingsCanNameIt) {
+  ScriptSession session;
+  EXPECT_EQ(session.Run("create-database <APP>\\firmy\\nowa kreda kreda\nstart\nexpect-rows 0\n"), 0) << session.error;
+  EXPECT_TRUE(std::filesystem::exists(session.folder / "app/firmy/nowa/firma.ovd"));
+  EXPECT_EQ(session.Run("start\nexpect-rows 0\n"), 0) << session.error;
+  EXPECT_EQ(session.Run("create-database @bjørn kreda kreda\n"), 2);
+  EXPECT_FALSE(std::filesystem::exists(session.folder / "bjørn"));
+}
+
 TEST(ScriptRuns, TheSameSeedLeavesTheSameBytes) {
   std::vector<std::string> contents[2];
   for (auto& content : contents) {
