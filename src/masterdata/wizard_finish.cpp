@@ -69,7 +69,8 @@ bool frm_Admin_bg_::OpenCompany() {
   engine.open_(false, opened);
   program_.database_open = opened;
   if (opened) return true;
-  const std::string text = program_.Text("msg.info.cantopendatabase") + "\r\n" + program_.Text("msg.info.pleasecheckuserandpass");
+  const std::string text = program_.Text("msg.info.cantopendatabase") + "\r\n" + program_.Text("msg.info.pleasecheckuserandpass") +
+                           (engine.reason().empty() ? "" : "\r\n\r\n" + engine.reason());
   return Refuse(kDatabaseStep, userPassword1, text, MessageKind::kError);
 }
 

@@ -47,7 +47,8 @@ void SortRecords(CommandContext& context, const Command& command, int) {
   context.list.List(command.table, "~", order);
 }
 
-// Records whose name begins with a letter between the two of the row; all of them, by name, for a row without letters.
+// Records whose name begins with a letter between the two of the row, or with a Polish one made from such; all of them, by name, for a row
+// without letters.
 void AlphabetRange(CommandContext& context, const Command& command, int) {
   TickLetters(context.ribbon, command.key);
   const std::string_view bounds = command.detail;
@@ -55,11 +56,8 @@ void AlphabetRange(CommandContext& context, const Command& command, int) {
     context.list.Choose(command.table, "*", {"NAZWA", ordAsc});
     return;
   }
-  const std::string first = Lower(bounds.substr(0, 1)), last = Lower(bounds.substr(1));
-  context.list.ChooseWhere(command.table, [&](ClassQDBASE& table) {
-    const std::string letter = Lower(LeftCharacters(table.Text("NAZWA"), 1));
-    return !letter.empty() && letter >= first && letter <= last;
-  });
+  context.list.ChooseWhere(command.table,
+                           [&](ClassQDBASE& table) { return BeginsWithin(table.Text("NAZWA"), bounds.substr(0, 1), bounds.substr(1)); });
 }
 
 void FindRecords(CommandContext& context, const Command& command, int) {
