@@ -29,9 +29,10 @@ struct Reader {
   std::longjmp(reinterpret_cast<Failure*>(info->err)->back, 1);
 }
 
-// A picture that is cut off is none; other warnings are passed over, as every viewer does.
+// A picture whose data end too early is none; other warnings are passed over, as every viewer does.
 void OnMessage(j_common_ptr info, int level) {
-  if (level < 0 && info->err->msg_code == JWRN_JPEG_EOF) GiveUp(info);
+  const int code = info->err->msg_code;
+  if (level < 0 && (code == JWRN_JPEG_EOF || code == JWRN_HIT_MARKER)) GiveUp(info);
 }
 
 void OnProgress(j_common_ptr info) {

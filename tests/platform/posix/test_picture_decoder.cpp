@@ -161,7 +161,9 @@ TEST_F(PictureDecoderTest, APictureThatClaimsMorePixelsThanMayBeIsRefused) {
   const auto with = [](std::string file, size_t at, const std::string& bytes) { return file.replace(at, bytes.size(), bytes); };
   EXPECT_FALSE(Decoded(with(GifOf(SixColours()), 6, "\xFF\xFF\xFF\xFF"))) << "a gif's screen";
   const std::string jpeg = JpegOf(SixColours());
-  EXPECT_FALSE(Decoded(with(jpeg, jpeg.find("\xFF\xC0") + 5, "\xFF\x00\xFF\x00"))) << "a jpeg's frame";
+  const size_t frame = jpeg.find("\xFF\xC0") + 5;
+  EXPECT_FALSE(Decoded(with(jpeg, frame, std::string("\xFF\x00\xFF\x00", 4)))) << "a jpeg's frame";
+  EXPECT_FALSE(Decoded(with(jpeg, frame, "\x7F"))) << "more rows of a jpeg than it has data for";
   EXPECT_TRUE(Decoded(BitmapHead(8000, 8000, 1, 0, 8) + std::string(8 + 1000 * 8000, '\0')));  // the most that may be
 }
 
