@@ -1,4 +1,4 @@
-// A company in a real temporary folder, and the words to speak about it.
+// A folder in which the test itself makes, opens and damages a company, and the words to speak about it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ struct OldField {
   const char* link_field = "";
 };
 
-class CompanyTest : public testing::Test {
+class FolderTest : public testing::Test {
  protected:
   TestPlatform surroundings;
   Program program{surroundings.platform};

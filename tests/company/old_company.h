@@ -62,7 +62,7 @@ inline std::vector<OlderShape> OlderShapes() {
   };
 }
 
-class OldCompanyTest : public CompanyTest {
+class OldCompanyTest : public FolderTest {
  protected:
   // Puts a table of the older shape in the place of the new one.
   void MakeOlder(const OlderShape& shape) {

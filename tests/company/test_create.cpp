@@ -18,7 +18,7 @@ constexpr Shape kNewTables[] = {
     {"zestawienie.q06", 15, 1062, 0}, {"zestawienie.q07", 15, 1062, 0},  {"zestawienie.q08", 15, 1062, 0}, {"zestawienie.q09", 15, 1062, 0},
 };
 
-TEST_F(CompanyTest, ANewCompanyHasTwentyEightTablesOfTheRightShape) {
+TEST_F(FolderTest, ANewCompanyHasTwentyEightTablesOfTheRightShape) {
   ASSERT_TRUE(Create());
   EXPECT_EQ(surroundings.files.ListFiles(folder).size(), 28u);
   for (const Shape& shape : kNewTables) {
@@ -30,7 +30,7 @@ TEST_F(CompanyTest, ANewCompanyHasTwentyEightTablesOfTheRightShape) {
   }
 }
 
-TEST_F(CompanyTest, FieldsStandInTheStatedOrderWithTheirLinks) {
+TEST_F(FolderTest, FieldsStandInTheStatedOrderWithTheirLinks) {
   ASSERT_TRUE(Create());
   ClassQDBASE purchases(surroundings.platform), employees(surroundings.platform), sales(surroundings.platform);
   ASSERT_TRUE(OpenFile(purchases, "dok_zakupu.ovd") && OpenFile(employees, "pracownicy.ovd") && OpenFile(sales, "dok_sprzed.ovd"));
@@ -44,7 +44,7 @@ TEST_F(CompanyTest, FieldsStandInTheStatedOrderWithTheirLinks) {
   EXPECT_EQ(sales.FIELD_TYPE("KURS"), kSingle);
 }
 
-TEST_F(CompanyTest, SeedRowsStandUnderTheirRecordNumbers) {
+TEST_F(FolderTest, SeedRowsStandUnderTheirRecordNumbers) {
   ASSERT_TRUE(Create());
   const struct {
     const char* file;
@@ -82,7 +82,7 @@ TEST_F(CompanyTest, SeedRowsStandUnderTheirRecordNumbers) {
   }
 }
 
-TEST_F(CompanyTest, CreatingAgainAddsNothingAndReportsEveryFile) {
+TEST_F(FolderTest, CreatingAgainAddsNothingAndReportsEveryFile) {
   ASSERT_TRUE(Create(false));
   EXPECT_TRUE(surroundings.ui.messages.empty());
   ASSERT_EQ(surroundings.ui.status.size(), 29u);
@@ -101,7 +101,7 @@ TEST_F(CompanyTest, CreatingAgainAddsNothingAndReportsEveryFile) {
   EXPECT_EQ(Content("jedn_miary.ovd"), units);
 }
 
-TEST_F(CompanyTest, CreatingOverAPartOfTheFilesFillsTheGaps) {
+TEST_F(FolderTest, CreatingOverAPartOfTheFilesFillsTheGaps) {
   ASSERT_TRUE(Create());
   {
     ClassQDBASE units(surroundings.platform);
@@ -118,7 +118,7 @@ TEST_F(CompanyTest, CreatingOverAPartOfTheFilesFillsTheGaps) {
   EXPECT_TRUE(Exists("zestawienie.q04"));
 }
 
-TEST_F(CompanyTest, WhatAKilledCreationLeftIsNoTableAndInNobodysWay) {
+TEST_F(FolderTest, WhatAKilledCreationLeftIsNoTableAndInNobodysWay) {
   Write("waluty.ovd.build", "half a table");
   Write("jedn_miary.ovd.build", std::string(40000, 'x'));
   ASSERT_TRUE(Create());
@@ -139,7 +139,7 @@ TEST_F(CompanyTest, WhatAKilledCreationLeftIsNoTableAndInNobodysWay) {
   EXPECT_TRUE(Open());
 }
 
-TEST_F(CompanyTest, CreateFailsWithoutAFolderOrWithARefusedLogin) {
+TEST_F(FolderTest, CreateFailsWithoutAFolderOrWithARefusedLogin) {
   bool ok = true;
   OSTEngine(program).create_(folder + "missing", "kreda", "kreda", true, ok);
   EXPECT_FALSE(ok);
@@ -149,14 +149,14 @@ TEST_F(CompanyTest, CreateFailsWithoutAFolderOrWithARefusedLogin) {
   EXPECT_TRUE(surroundings.files.ListFiles(folder).empty());
 }
 
-TEST_F(CompanyTest, MarkersInAPathAreResolved) {
+TEST_F(FolderTest, MarkersInAPathAreResolved) {
   bool ok = false;
   OSTEngine(program).create_("<APP>\\data", "kreda", "kreda", true, ok);
   EXPECT_TRUE(ok);
   EXPECT_TRUE(Exists("waluty.ovd"));
 }
 
-TEST_F(CompanyTest, TestTriesEveryTableAndLeavesNothingOpen) {
+TEST_F(FolderTest, TestTriesEveryTableAndLeavesNothingOpen) {
   EXPECT_FALSE(Test());
   ASSERT_TRUE(Create());
   EXPECT_TRUE(Test());

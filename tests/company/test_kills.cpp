@@ -27,7 +27,7 @@ class KillTest : public OldCompanyTest {
   }
   Content FolderContent() {
     Content content;
-    for (const std::string& name : surroundings.files.ListFiles(folder)) content[name] = CompanyTest::Content(name);
+    for (const std::string& name : surroundings.files.ListFiles(folder)) content[name] = FolderTest::Content(name);
     return content;
   }
   static std::string Differences(const Content& a, const Content& b) {

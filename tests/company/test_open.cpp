@@ -10,7 +10,7 @@
 namespace ostrinka {
 namespace {
 
-TEST_F(CompanyTest, TheFirstOpeningUpgradesTheFolderAndMarksIt) {
+TEST_F(FolderTest, TheFirstOpeningUpgradesTheFolderAndMarksIt) {
   ASSERT_TRUE(Create());
   EXPECT_FALSE(Exists("db.info"));
   {
@@ -38,7 +38,7 @@ TEST_F(CompanyTest, TheFirstOpeningUpgradesTheFolderAndMarksIt) {
   EXPECT_EQ(Row(lines, 2, {"ID_DOK", "ILOSC"}), "78|2");
 }
 
-TEST_F(CompanyTest, OpeningAddsTheCompanyRecordWithTheFormatsOfTheSettings) {
+TEST_F(FolderTest, OpeningAddsTheCompanyRecordWithTheFormatsOfTheSettings) {
   program.settings.SaveSettingValue(kCommon, "strFormat", "Date_P_", std::string("yyyy/mm/dd"));
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
@@ -53,7 +53,7 @@ TEST_F(CompanyTest, OpeningAddsTheCompanyRecordWithTheFormatsOfTheSettings) {
   EXPECT_EQ(Content("db.info"), kVersion1);
 }
 
-TEST_F(CompanyTest, AnyOtherVersionOfTheFolderIsUpgradedAndRewritten) {
+TEST_F(FolderTest, AnyOtherVersionOfTheFolderIsUpgradedAndRewritten) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
   Close();
@@ -72,7 +72,7 @@ TEST_F(CompanyTest, AnyOtherVersionOfTheFolderIsUpgradedAndRewritten) {
   EXPECT_FALSE(program.database_open);
 }
 
-TEST_F(CompanyTest, ARefusedLoginLeavesTheFolderAsItIs) {
+TEST_F(FolderTest, ARefusedLoginLeavesTheFolderAsItIs) {
   ASSERT_TRUE(Create());
   for (const auto& [user, password] : {std::pair("kreda", "other"), std::pair("other", "kreda"), std::pair("", "")}) {
     SetLogin(user, password);
@@ -85,7 +85,7 @@ TEST_F(CompanyTest, ARefusedLoginLeavesTheFolderAsItIs) {
   EXPECT_EQ(Table(program, kSprzedane).FIELD_TYPE("ILOSC"), kCurrency);
 }
 
-TEST_F(CompanyTest, WhatCannotBeOpenedFailsAndIsUpgradedNextTime) {
+TEST_F(FolderTest, WhatCannotBeOpenedFailsAndIsUpgradedNextTime) {
   EXPECT_FALSE(Open());  // an empty folder
   program.settings.SaveSettingValue(kCommon, "dbPath", "Remote", true);
   EXPECT_FALSE(Open());  // an empty path
@@ -111,7 +111,7 @@ TEST_F(CompanyTest, WhatCannotBeOpenedFailsAndIsUpgradedNextTime) {
   EXPECT_FALSE(Exists("db.info"));
 }
 
-TEST_F(CompanyTest, AFolderThatMayNotBeWrittenFailsAndStaysAsItIs) {
+TEST_F(FolderTest, AFolderThatMayNotBeWrittenFailsAndStaysAsItIs) {
   namespace fs = std::filesystem;
   ASSERT_TRUE(Create());
   fs::permissions(surroundings.folder.path(), fs::perms(0755));
@@ -129,7 +129,7 @@ TEST_F(CompanyTest, AFolderThatMayNotBeWrittenFailsAndStaysAsItIs) {
   EXPECT_EQ(CountOpenTables(), 0u);
 }
 
-TEST_F(CompanyTest, TheUserIsToldOfWhatABrokenStructureChangeLeft) {
+TEST_F(FolderTest, TheUserIsToldOfWhatABrokenStructureChangeLeft) {
   ASSERT_TRUE(Create());
   Write("sprzedane.ovd.temp", "x");
   Write("kontrahenci.ovd.new", "x");
@@ -141,7 +141,7 @@ TEST_F(CompanyTest, TheUserIsToldOfWhatABrokenStructureChangeLeft) {
   EXPECT_EQ(surroundings.ui.messages[0].first, "Pozostały pliki: kontrahenci.ovd.new\r\nsprzedane.ovd.temp");
 }
 
-TEST_F(CompanyTest, ProgressEndsWithNinetyEightToAHundred) {
+TEST_F(FolderTest, ProgressEndsWithNinetyEightToAHundred) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open(false));
   const std::vector<std::string>& status = surroundings.ui.status;
@@ -150,7 +150,7 @@ TEST_F(CompanyTest, ProgressEndsWithNinetyEightToAHundred) {
   EXPECT_EQ(status[26].substr(0, 4) + status[27].substr(0, 4) + status[28], "98% 99% 100% " + std::string(28, '.'));
 }
 
-TEST_F(CompanyTest, ListsHaveTheirColumnsAndNoRecordSelected) {
+TEST_F(FolderTest, ListsHaveTheirColumnsAndNoRecordSelected) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
   const auto shown = [&](int number) {
@@ -172,14 +172,14 @@ TEST_F(CompanyTest, ListsHaveTheirColumnsAndNoRecordSelected) {
   EXPECT_EQ(shown(kDokSprzed), "TYP ZDFISK DATA_WYSTAWIENIA NR_DOK KONTRAHENT WARTOSC_NETTO WARTOSC_BRUTTO WALUTA ZAPLACONO");
 }
 
-TEST_F(CompanyTest, EveryListColumnNamesAFieldOfItsTable) {
+TEST_F(FolderTest, EveryListColumnNamesAFieldOfItsTable) {
   for (const TableDefinition& table : TableDefinitions()) {
     for (const ListColumn& column : ListColumns(table.number))
       EXPECT_NE(FindField(table, column.field), nullptr) << table.file << column.field;
   }
 }
 
-TEST_F(CompanyTest, EveryTextOfTheListsAndTheLoginStandsInTheCatalogue) {
+TEST_F(FolderTest, EveryTextOfTheListsAndTheLoginStandsInTheCatalogue) {
   ASSERT_TRUE(program.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang"));
   for (const char* key : {"msg.info.dcreatedbpwffiles", "msg.info.dcreatedbfileswndel", "msg.info.dbleftover", "login.title",
                           "login.lbl.user", "login.lbl.password", "login.btn.ok", "login.btn.cancel"}) {
@@ -193,7 +193,7 @@ TEST_F(CompanyTest, EveryTextOfTheListsAndTheLoginStandsInTheCatalogue) {
   }
 }
 
-TEST_F(CompanyTest, ALoginThatMayOnlyReadOpensTheCompany) {
+TEST_F(FolderTest, ALoginThatMayOnlyReadOpensTheCompany) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
   Close();
@@ -211,7 +211,7 @@ TEST_F(CompanyTest, ALoginThatMayOnlyReadOpensTheCompany) {
   EXPECT_TRUE(Table(program, kFirma).RECORD_EXIST(1));
 }
 
-TEST_F(CompanyTest, CellsShowMoneyDatesAndFlagsByTheirPatterns) {
+TEST_F(FolderTest, CellsShowMoneyDatesAndFlagsByTheirPatterns) {
   ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / "app/program.lang",
                                           "tdb.prsr.psboo=;\"Usługa\";\"Towar\"\r\ntdb.payt.eodate.format=0 \"dni\"\r\n"));
   ASSERT_TRUE(program.catalogue.LoadProgramCatalogue("program.lang"));
@@ -238,7 +238,7 @@ TEST_F(CompanyTest, CellsShowMoneyDatesAndFlagsByTheirPatterns) {
   EXPECT_EQ(forms.CellText(1, 2, look) + "|" + forms.CellText(1, 4, look), "14 dni|Tak");
 }
 
-TEST_F(CompanyTest, WidthsComeFromTheSettingsAreClippedAndSaved) {
+TEST_F(FolderTest, WidthsComeFromTheSettingsAreClippedAndSaved) {
   const std::string section = WidthSection(kJednMiary);
   program.settings.SaveSettingValue(kOstrinka, section, "NAZWA", int32_t{10});
   program.settings.SaveSettingValue(kOstrinka, section, "SYMBOL", int32_t{999});
@@ -260,7 +260,7 @@ TEST_F(CompanyTest, WidthsComeFromTheSettingsAreClippedAndSaved) {
   EXPECT_EQ(Table(program, kJednMiary).ColumnWidth(1), 123);
 }
 
-TEST_F(CompanyTest, AFilledCompanyRecordGoesToTheSettings) {
+TEST_F(FolderTest, AFilledCompanyRecordGoesToTheSettings) {
   program.settings.SaveSettingValue(kCommon, "user", "nazwa", std::string("Stara nazwa"));
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
@@ -278,7 +278,7 @@ TEST_F(CompanyTest, AFilledCompanyRecordGoesToTheSettings) {
   EXPECT_EQ(program.company.S_NAZWA, "Zakład Usługowy \"Żuraw\"");
 }
 
-TEST_F(CompanyTest, TheLoginDialogGivesTheCredentials) {
+TEST_F(FolderTest, TheLoginDialogGivesTheCredentials) {
   ASSERT_TRUE(Create());
   SetLogin("wrong", "wrong");
   program.settings.SaveSettingValue(kCommon, "dbLogin", "login", true);
@@ -305,7 +305,7 @@ TEST_F(CompanyTest, TheLoginDialogGivesTheCredentials) {
   EXPECT_EQ(shown, 3);
 }
 
-TEST_F(CompanyTest, PatternsComeFromTheCurrencyOrTheSettings) {
+TEST_F(FolderTest, PatternsComeFromTheCurrencyOrTheSettings) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
   ClassQDBASE& currencies = Table(program, kWaluty);
@@ -328,7 +328,7 @@ TEST_F(CompanyTest, PatternsComeFromTheCurrencyOrTheSettings) {
   EXPECT_EQ(PricePattern(program, currencies.RECORD_ADDED(), false), "0.000");
 }
 
-TEST_F(CompanyTest, PositionsComeBackWithTheirRecord) {
+TEST_F(FolderTest, PositionsComeBackWithTheirRecord) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
   ClassQDBASE& units = Table(program, kJednMiary);
@@ -342,7 +342,7 @@ TEST_F(CompanyTest, PositionsComeBackWithTheirRecord) {
   EXPECT_EQ(units.Text("SYMBOL"), "godz.");
 }
 
-TEST_F(CompanyTest, ATableThatIsNotOpenIsAClosedObject) {
+TEST_F(FolderTest, ATableThatIsNotOpenIsAClosedObject) {
   EXPECT_FALSE(Table(program, kWaluty).IsOpen());
   EXPECT_EQ(Table(program, 0).RECORD_COUNT(), -1);
   EXPECT_EQ(Table(program, 99).Text("NAZWA"), "");
@@ -351,7 +351,7 @@ TEST_F(CompanyTest, ATableThatIsNotOpenIsAClosedObject) {
   EXPECT_EQ(CountOpenTables(), 0u);
 }
 
-TEST_F(CompanyTest, ClosingCompressesAttachments) {
+TEST_F(FolderTest, ClosingCompressesAttachments) {
   ASSERT_TRUE(Create());
   ASSERT_TRUE(Open());
   ClassQDBASE& customers = Table(program, kKontrahenci);

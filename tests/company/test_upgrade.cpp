@@ -5,10 +5,10 @@ namespace {
 
 const Value kNone;
 
-class UpgradeTest : public CompanyTest {
+class UpgradeTest : public FolderTest {
  protected:
   void SetUp() override {
-    CompanyTest::SetUp();
+    FolderTest::SetUp();
     ASSERT_TRUE(Create());
   }
   bool Upgrade() {

@@ -20,8 +20,6 @@ namespace ostrinka {
 class ClerkTest : public Trade {
  protected:
   void SetUp() override {
-    Trade::SetUp();
-    program.database_open = true;
     look = std::make_unique<Look>(program);
     window = std::make_unique<MainWindow>(program);
   }

@@ -1,43 +1,33 @@
 // A new company in the program's window, with the art that the build made, before a person at the keyboard.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <memory>
 
-#include "company/ost_engine.h"
 #include "desktop/main_window_view.h"
 #include "desktop/person.h"
 #include "startup/startup.h"
-#include "support/test_platform.h"
+#include "support/company.h"
 
 namespace ostrinka {
 
 class CompanyWindow : public ::testing::Test {
  protected:
   CompanyWindow() {
-    namespace fs = std::filesystem;
-    for (const char* name : {"program.lang", "printdoc.lang"}) {
-      fs::copy_file(std::string(OSTRINKA_SOURCE "/resources/") + name, app + name);
-    }
+    CopyCatalogues(app);
     for (const char* name : {"Icons", "skins"}) {
       surroundings.files.MakeFolder(app + name);
       std::error_code missing;
-      fs::copy(std::string(OSTRINKA_APP "/") + name, app + name, fs::copy_options::recursive, missing);
+      std::filesystem::copy(std::string(OSTRINKA_APP "/") + name, app + name, std::filesystem::copy_options::recursive, missing);
     }
-    surroundings.files.MakeFolder(app + "data");
+    Program before(surroundings.platform);
+    PutNewCompany(before, surroundings);
   }
   ~CompanyWindow() override { Shut(); }
 
-  // Starts the program on its company, which is made the first time.
+  // Starts the program on its company.
   void Open() {
     program = std::make_unique<Program>(surroundings.platform);
-    bool ok = true;
-    if (!surroundings.files.FileExists(app + "data/db.info")) OSTEngine(*program).create_(app + "data/", "kreda", "kreda", true, ok);
-    ASSERT_TRUE(ok);
-    for (const char* key : {"username", "password"}) program->settings.SaveSettingValue(kCommon, "dbLogin", key, std::string("kreda"));
-    program->settings.SaveSettingValue(kCommon, "system", "fRun", false);
     startup = std::make_unique<Startup>(*program);
     startup->Start("");
     window = startup->window();

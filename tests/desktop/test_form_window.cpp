@@ -12,8 +12,8 @@
 
 #include "desktop/form_window.h"
 #include "desktop/person.h"
-#include "documents/trade.h"
 #include "masterdata/individual_accounts_form.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
@@ -91,12 +91,8 @@ class Sampler : public Form {
   bool Logged(const std::string& what) const { return std::count(log.begin(), log.end(), what) > 0; }
 };
 
-class FormWindowTest : public Trade {
+class FormWindowTest : public CompanyTest {
  protected:
-  void SetUp() override {
-    Trade::SetUp();
-    look = std::make_unique<Look>(program);
-  }
   void Open(Form& form) {
     window = std::make_unique<FormWindow>(program, *look, form, nullptr);
     form.Open();
@@ -125,7 +121,7 @@ class FormWindowTest : public Trade {
   }
 
   Sampler sampler;
-  std::unique_ptr<Look> look;
+  std::unique_ptr<Look> look = std::make_unique<Look>(program);
   std::unique_ptr<FormWindow> window;
 };
 

@@ -12,41 +12,22 @@
 #include "desktop/person.h"
 #include "shell/commands.h"
 #include "startup/startup.h"
-#include "support/test_platform.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr int kCustomers = 60;
 
-// A company with some customers, an article and two sales documents, in a folder of its own.
-struct Company {
+// A company with some customers, an article and two sales documents, which the programs of all tests open in turn.
+struct Company : TestCompany {
   Company() {
-    for (const char* name : {"program.lang", "printdoc.lang"}) {
-      std::filesystem::copy_file(std::string(OSTRINKA_SOURCE "/resources/") + name, surroundings.folder / (std::string("app/") + name));
-    }
-    Program program(surroundings.platform);
-    surroundings.files.MakeFolder(surroundings.folder / "app/data");
-    bool ok = false;
-    OSTEngine(program).create_(surroundings.folder / "app/data/", "kreda", "kreda", true, ok);
-    EXPECT_TRUE(ok);
-    for (const char* key : {"username", "password"}) program.settings.SaveSettingValue(kCommon, "dbLogin", key, std::string("kreda"));
-    program.settings.SaveSettingValue(kCommon, "system", "fRun", false);
-    OSTEngine(program).open_(true, ok);
-    EXPECT_TRUE(ok);
-    for (int i = 1; i <= kCustomers; ++i) Add(program, kKontrahenci, "NAZWA", "Odbiorca " + std::to_string(100 + i));
-    Add(program, kTowaryUslugi, "NAZWA", std::string("Krzesło"));
-    for (int i = 1; i <= 2; ++i) Add(program, kDokSprzed, "NR_DOK", i);
+    CopyCatalogues(program.ApplicationFolder());
+    for (int i = 1; i <= kCustomers; ++i) AddCustomer("Odbiorca " + std::to_string(100 + i));
+    AddArticle("Krzesło", 0, 0);
+    for (int i = 1; i <= 2; ++i) AddDocument(kInvoice, "2008-03-04", i);
     OSTEngine(program).close_(false);
   }
-  static void Add(Program& program, int number, const char* field, const Value& value) {
-    ClassQDBASE& table = Table(program, number);
-    EXPECT_TRUE(table.RECORD_ADD());
-    EXPECT_TRUE(table.RECORD_LOAD(table.RECORD_COUNT()));
-    EXPECT_TRUE(table.FIELD(field, value));
-    EXPECT_TRUE(table.RECORD_SAVE(table.RECORD_COUNT()));
-  }
-  TestPlatform surroundings;
 };
 
 // The main window on that company, before a person who answers as `ui` is told.
@@ -55,7 +36,7 @@ class MainWindowTest : public ::testing::Test {
   static void SetUpTestSuite() { company_ = new Company(); }
   static void TearDownTestSuite() { delete company_; }
 
-  MainWindowTest() : ui(company_->surroundings.ui), program(company_->surroundings.platform), look(program), startup(program) {
+  MainWindowTest() : ui(company_->platform.ui), program(company_->platform.platform), look(program), startup(program) {
     ui.on_modal = nullptr;
     ui.ended = false;
     startup.Start("");
@@ -317,7 +298,7 @@ TEST_F(MainWindowTest, TheWheelZoomsTheListAndAColumnKeepsItsWidthUntilTheNextSt
   view.reset();
   startup.Stop();
   ui.ended = false;
-  Program again(company_->surroundings.platform);
+  Program again(company_->platform.platform);
   Startup second(again);
   second.Start("");
   EXPECT_EQ(Table(again, kKontrahenci).ColumnWidth(field), 173);

@@ -10,7 +10,6 @@
 #include "desktop/form_window.h"
 #include "desktop/message_window.h"
 #include "desktop/person.h"
-#include "documents/trade.h"
 #include "masterdata/company_form.h"
 #include "masterdata/connection_form.h"
 #include "masterdata/create_database_form.h"
@@ -21,17 +20,14 @@
 #include "masterdata/wizard_form.h"
 #include "sales/line_form.h"
 #include "sales/sales_form.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
 
-class ProgramsWindowsTest : public Trade {
+class ProgramsWindowsTest : public CompanyTest {
  protected:
-  void SetUp() override {
-    Trade::SetUp();
-    look = std::make_unique<Look>(program);
-  }
-  std::unique_ptr<Look> look;
+  std::unique_ptr<Look> look = std::make_unique<Look>(program);
 };
 
 // Every laid-out field of a form has a name for those who cannot see it, no text is missing in the catalogue, and the window fits a small

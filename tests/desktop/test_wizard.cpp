@@ -12,14 +12,13 @@
 #include "desktop/person.h"
 #include "desktop/screen_check.h"
 #include "masterdata/wizard_form.h"
-#include "support/test_platform.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
 
-class WizardWindowTest : public ::testing::Test {
+class WizardWindowTest : public ProgramTest {
  protected:
-  WizardWindowTest() { EXPECT_TRUE(program.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang")); }
   ~WizardWindowTest() override { window.reset(); }
   void Open() {
     window.reset();  // before its form
@@ -50,8 +49,6 @@ class WizardWindowTest : public ::testing::Test {
   }
   bool Primary(const ButtonControl& button) const { return window->WidgetOf(button)->property(kPrimaryButton).toBool(); }
 
-  TestPlatform platform;
-  Program program{platform.platform};
   std::unique_ptr<Look> look;
   std::unique_ptr<frm_Admin_bg_> form;
   std::unique_ptr<FormWindow> window;

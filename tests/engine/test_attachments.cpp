@@ -2,7 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "engine/failing_files.h"
+#include "support/failing_files.h"
 #include "engine/table_fixture.h"
 
 namespace ostrinka {

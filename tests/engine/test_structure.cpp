@@ -1,5 +1,5 @@
-#include "engine/failing_files.h"
 #include "engine/table_fixture.h"
+#include "support/failing_files.h"
 
 namespace ostrinka {
 namespace {

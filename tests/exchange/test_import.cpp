@@ -1,9 +1,8 @@
 #include "base/text.h"
 #include "company/tables.h"
-#include "engine/failing_files.h"
 #include "exchange/import.h"
 #include "exchange/import_columns.h"
-#include "masterdata/company_fixture.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
@@ -11,21 +10,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-// Another company beside that of the test.
-struct OtherCompany {
-  TestPlatform platform;
-  Program program{platform.platform};
-  OtherCompany() {
-    EXPECT_TRUE(program.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang"));
-    for (const char* key : {"username", "password"})
-      program.settings.SaveSettingValue(kCommon, "dbLogin", key, Value(std::string(*key == 'u' ? "ala" : "kot")));
-    std::filesystem::copy(NewCompany(), program.DatabaseFolder());
-    bool ok = false;
-    OSTEngine(program).open_(true, ok);
-    EXPECT_TRUE(ok);
-  }
-};
 
 class ImportTest : public CompanyTest {
  protected:
@@ -89,7 +73,7 @@ TEST_F(ImportTest, AnExportedFileReadsBackToTheSameExport) {
   FillArticles();
   for (const char separator : {';', '\t', ','}) {
     for (const char quote : {'"', '\''}) {
-      OtherCompany other;
+      TestCompany other;
       const std::string file = platform.folder / "read.csv", customers = Exported(program, kKontrahenci, separator, quote);
       WriteFile(file, customers);
       const ImportResult result = ImportCustomers(other.program, file);
@@ -319,35 +303,18 @@ TEST_F(ImportTest, SentencesAreLimitedRowsAreCounted) {
 }
 
 TEST_F(ImportTest, AFullDiskStopsWithTheRowAndLeavesWhatWasWritten) {
-  FailingFileSystem files;
-  Platform surroundings{files,
-                        platform.ui,
-                        platform.clock,
-                        platform.random,
-                        platform.waiter,
-                        platform.printer,
-                        platform.pictures,
-                        platform.download,
-                        platform.serial,
-                        platform.folder / "app/",
-                        platform.folder / "user/"};
-  Program full(surroundings);
-  full.catalogue.LoadProgramCatalogue(std::string(OSTRINKA_SOURCE) + "/resources/program.lang");
-  bool ok = false;
-  OSTEngine(full).open_(true, ok);
-  ASSERT_TRUE(ok);
-  const int32_t record = Table(full, kKontrahenci).RECORD_LENGTH();
-  files.room = record * 5 / 2;
+  const int32_t record = Table(program, kKontrahenci).RECORD_LENGTH();
   WriteFile(path, "nazwa\nA\nB\nC\nD\n");
-  const ImportResult result = ImportCustomers(full, path);
+  platform.files.room = record * 5 / 2;
+  const ImportResult result = ImportCustomers(program, path);
   EXPECT_EQ(result.added, 2);
-  EXPECT_EQ(result.error, full.Text("imp.err.write", {"4", "2"}));
-  EXPECT_EQ(Table(full, kKontrahenci).RECORD_COUNT(), 2);
-  files.room = 0;
+  EXPECT_EQ(result.error, program.Text("imp.err.write", {"4", "2"}));
+  EXPECT_EQ(Count(kKontrahenci), 2);
+  platform.files.room = -1;
   WriteFile(path, "nazwa;grupa\nC;Nowa\n");
-  EXPECT_NE(ImportCustomers(full, path).error, "");
-  EXPECT_EQ(Table(full, kKontrahenci).RECORD_COUNT(), 2);
-  OSTEngine(full).close_(false);
+  platform.files.room = 0;
+  EXPECT_NE(ImportCustomers(program, path).error, "");
+  EXPECT_EQ(Count(kKontrahenci), 2);
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
-#include "company_fixture.h"
 #include "masterdata/company_data.h"
 #include "masterdata/company_form.h"
 #include "masterdata/further_accounts_form.h"
+#include "support/company.h"
+#include "support/form_person.h"
 
 namespace ostrinka {
 namespace {

@@ -1,6 +1,7 @@
-#include "company_fixture.h"
 #include "masterdata/customer_form.h"
 #include "masterdata/postal.h"
+#include "support/company.h"
+#include "support/form_person.h"
 
 namespace ostrinka {
 namespace {
@@ -244,6 +245,33 @@ TEST_F(CustomerFormTest, DeletingActsOnTheFileThatWasJustAddedOrComesNext) {
   ASSERT_TRUE(form.memoDel_.UserPress());
   ASSERT_TRUE(form.memoDel_.UserPress());
   EXPECT_EQ(form.memoCONTROL_.ShownText(), "a.txt");
+}
+
+TEST_F(CustomerFormTest, ACustomerThatCannotBeWrittenStaysInTheEditorAndLeavesNoRecord) {
+  ClassQDBASE& customers = Table(program, kKontrahenci);
+  Open(1);
+  ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
+  const std::pair<FileCall, int> refused[] = {{FileCall::kGrow, 0}, {FileCall::kOverwrite, 0}, {FileCall::kOverwrite, 1}};
+  for (const auto& [call, after] : refused) {
+    const int beeps = platform.ui.beeps;
+    platform.files.Refuse(call, "kontrahenci.ovd", after);
+    ASSERT_TRUE(form.btnSave.UserPress());
+    EXPECT_TRUE(form.IsOpen()) << after;
+    EXPECT_EQ(form.saved_record(), 0);
+    EXPECT_EQ(platform.ui.beeps, beeps + 1) << after;
+    EXPECT_EQ(platform.ui.status.back(), program.Text("msg.info.error"));
+    customers.SELECTION("*", "*", "", ordAsc);
+    EXPECT_EQ(customers.MAX_ROWS(), 0) << after;
+  }
+  Save();
+  EXPECT_EQ(At(kKontrahenci, form.saved_record()).Text("NAZWA"), "Firma");
+
+  Open(2, form.saved_record());
+  ASSERT_TRUE(Set(form.txtNazwa, "Inna"));
+  platform.files.Refuse(FileCall::kOverwrite, "kontrahenci.ovd");
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_TRUE(form.IsOpen());
+  EXPECT_EQ(At(kKontrahenci, form.RecordNo).Text("NAZWA"), "Firma");
 }
 
 TEST_F(CustomerFormTest, WhenTheDatabaseIsClosedSavingJustCloses) {

@@ -1,24 +1,12 @@
-#include "company_fixture.h"
 #include "masterdata/connection_form.h"
 #include "masterdata/create_database_form.h"
+#include "support/company.h"
+#include "support/form_person.h"
 
 namespace ostrinka {
 namespace {
 
 using testing::ElementsAre;
-
-class RecordingView : public MainView {
- public:
-  std::vector<std::string> calls;
-  void ref_() override { calls.push_back("ref_"); }
-  void refresh_tasks_() override {}
-  PrintMode TickedPrintMode() override { return PrintMode::kOriginal; }
-  bool GppTicked() override { return false; }
-  void ScrollShow_(bool show) override { calls.push_back(show ? "show" : "hide"); }
-  void ResetXRSC_() override { calls.push_back("reset"); }
-  void SET_QDB_() override {}
-  void StatusText(const std::string&) override {}
-};
 
 class DatabaseFormsTest : public ProgramTest {
  protected:
@@ -26,7 +14,7 @@ class DatabaseFormsTest : public ProgramTest {
   void FillNew(frm_Admin_qdbc_& dialog, const std::string& user, const std::string& first, const std::string& second) {
     EXPECT_TRUE(Set(dialog.userName, user) && Set(dialog.userPassword1, first) && Set(dialog.userPassword2, second));
   }
-  RecordingView view;
+  TestView view;
 };
 
 TEST_F(DatabaseFormsTest, CreatingAsksForUserAndEqualPasswords) {
@@ -93,6 +81,17 @@ TEST_F(DatabaseFormsTest, CreatedDatabaseIsTheOneThatTheConnectionDialogShowsTes
   EXPECT_TRUE(program.database_open);
   EXPECT_TRUE(TableIsOpen(program, kKontrahenci));
   EXPECT_THAT(view.calls, ElementsAre("hide", "show", "ref_"));
+}
+
+TEST_F(DatabaseFormsTest, TheWizardIsOfferedInTheFirstRunAlone) {
+  frm_Admin_qdb_ form(program);
+  form.reload_();
+  EXPECT_TRUE(form.btnWizard.Visible());
+  program.settings.SaveSettingValue(kCommon, "system", "fRun", false);
+  form.reload_();
+  EXPECT_FALSE(form.btnWizard.Visible());
+  form.Open();
+  EXPECT_FALSE(form.btnWizard.UserPress());
 }
 
 TEST_F(DatabaseFormsTest, ChoosingTheDefaultFolderKeepsTheOwnOneForLater) {

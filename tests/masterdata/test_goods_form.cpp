@@ -1,5 +1,6 @@
-#include "company_fixture.h"
 #include "masterdata/goods_form.h"
+#include "support/company.h"
+#include "support/form_person.h"
 
 namespace ostrinka {
 namespace {
@@ -218,6 +219,21 @@ TEST_F(GoodsFormTest, SavedArticleComesBackAsItWas) {
   ASSERT_TRUE(Set(form.txtSubsEndAlert, "false"));
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_EQ(At(kTowaryUslugi, 1).Int("ABINFOKONIEC"), 0);
+}
+
+TEST_F(GoodsFormTest, TheDaysOfASubscriptionStayWithinTheField) {
+  Open(1);
+  ASSERT_TRUE(Set(form.txtNazwa, "Opieka"));
+  ASSERT_TRUE(Set(form.txtSubscriptionON, "true"));
+  const std::pair<const char*, const char*> rows[] = {
+      {"32767", "32767"}, {"32768", "32767"}, {"-9999999999", "32767"}, {"x", "0"}, {"1,6", "2"}};
+  for (const auto& [typed, days] : rows) {
+    ASSERT_TRUE(Set(form.txtSubsTDay_, typed));
+    EXPECT_EQ(form.txtSubsTDay_.Text(), days) << typed;
+  }
+  form.txtSubsTDay_.SetText("70000");  // and not left
+  ASSERT_TRUE(form.btnSave.UserPress());
+  EXPECT_EQ(At(kTowaryUslugi, 1).Int("ABILOSCDNI"), 32767);
 }
 
 TEST_F(GoodsFormTest, AmountFormatIsThatOfTheSettings) {

@@ -1,6 +1,7 @@
-#include "company_fixture.h"
 #include "masterdata/company_form.h"
 #include "masterdata/individual_accounts_form.h"
+#include "support/company.h"
+#include "support/form_person.h"
 
 namespace ostrinka {
 namespace {
@@ -8,7 +9,6 @@ namespace {
 class IndividualAccountsTest : public CompanyTest {
  protected:
   void SetUp() override {
-    CompanyTest::SetUp();
     AddCustomer("Hotel Nad Wisłą", "Krótka", "24-120");
     AddCustomer("Stolarnia", "Leśna", "20-001");
     const int32_t gone = AddCustomer("Skreślony", "", "");

@@ -1,25 +1,20 @@
 // A company with documents, to be printed; and what stands on the pages, in mm.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "base/text.h"
-#include "company/ost_engine.h"
-#include "company/tables.h"
+#include "documents/trade.h"
 #include "print/font_widths.h"
 #include "print/print.h"
-#include "support/test_platform.h"
 
 namespace ostrinka {
 
-using Fields = std::vector<std::pair<const char*, Value>>;
+using Fields = TestCompany::Row;
 
 // One line of text as it stands on a page.
 struct PlacedText {
@@ -47,62 +42,29 @@ class FixedPicture : public PictureDecoder {
   int width = 40, height = 30;
 };
 
-class SalesFixture : public ::testing::Test {
+class SalesFixture : public Trade {
  protected:
   SalesFixture() {
-    for (const char* name : {"printdoc.lang", "printdocen.lang", "program.lang"}) {
-      std::string content;
-      EXPECT_TRUE(surroundings.files.ReadAll(std::string(OSTRINKA_SOURCE "/resources/") + name, content));
-      EXPECT_TRUE(surroundings.files.WriteAll(surroundings.platform.application_folder + name, content));
-    }
-    program = std::make_unique<Program>(surroundings.platform);
+    CopyCatalogues(platform.platform.application_folder);
     program->catalogue.LoadProgramCatalogue("program.lang");
-    surroundings.files.MakeFolders(DataFolder());
-    Setting("dbPath", "Remote", "True");
-    Setting("dbPath", "Path", DataFolder());
-    Setting("dbLogin", "username", "anna");
-    Setting("dbLogin", "password", "kot");
-    bool ok = false;
-    OSTEngine(*program).create_(DataFolder(), "anna", "kot", true, ok);
-    EXPECT_TRUE(ok);
-    OSTEngine(*program).open_(true, ok);
-    EXPECT_TRUE(ok);
-    User("nazwa", "Zakład Usług Informatycznych Łącznik sp. z o.o.");
-    User("mwdok", "Ostrów");
-    User("ulica", "Żwirowa");
-    User("nrdomu", "12");
-    User("nrlokalu", "3a");
-    User("kod", "63-400");
-    User("miasto", "Ostrów");
-    User("nip", "622-000-11-22");
-    User("konto", "12 1020 2212 0000 1234 5678 9012");
+    const std::pair<const char*, const char*> details[] = {{"nazwa", "Zakład Usług Informatycznych Łącznik sp. z o.o."},
+                                                           {"mwdok", "Ostrów"},
+                                                           {"ulica", "Żwirowa"},
+                                                           {"nrdomu", "12"},
+                                                           {"nrlokalu", "3a"},
+                                                           {"kod", "63-400"},
+                                                           {"miasto", "Ostrów"},
+                                                           {"nip", "622-000-11-22"},
+                                                           {"konto", "12 1020 2212 0000 1234 5678 9012"}};
+    for (const auto& [key, value] : details) User(key, value);
   }
-  ~SalesFixture() override {
-    CurrentPrintJob(*program).reset();
-    if (program) OSTEngine(*program).close_(false);
-  }
+  ~SalesFixture() override { CurrentPrintJob(*program).reset(); }
 
-  std::string DataFolder() const { return surroundings.folder / "data/"; }
+  std::string DataFolder() { return program->DatabaseFolder(); }
   void Setting(const char* section, const char* key, const std::string& value) {
     program->settings.SaveSettingValue(kCommon, section, key, value);
   }
   void User(const std::string& key, const std::string& value) { program->settings.SaveSettingValue(kCommon, "user", key, value); }
-
-  int32_t Add(int table_number, const Fields& fields) {
-    ClassQDBASE& table = Table(*program, table_number);
-    EXPECT_TRUE(table.RECORD_ADD());
-    const int32_t record = table.RECORD_COUNT();
-    EXPECT_TRUE(table.RECORD_LOAD(record));
-    for (const auto& [name, value] : fields) EXPECT_TRUE(table.FIELD(name, value)) << name;
-    EXPECT_TRUE(table.RECORD_SAVE(record));
-    return record;
-  }
-  void Change(int table_number, int32_t record, const Fields& fields) {
-    ClassQDBASE& table = Table(*program, table_number);
-    EXPECT_TRUE(table.RECORD_LOAD(record));
-    for (const auto& [name, value] : fields) EXPECT_TRUE(table.FIELD(name, value)) << name;
-    EXPECT_TRUE(table.RECORD_SAVE(record));
-  }
 
   int32_t AddCustomer(const std::string& name, Fields more = {}) {
     Fields fields = {{"NAZWA", name},
@@ -139,22 +101,13 @@ class SalesFixture : public ::testing::Test {
   }
   // A line of the document added last; the document's totals follow.
   void AddLine(int32_t article, const char* quantity, const char* net, const char* gross, int16_t discount = 0) {
-    const Currency factor = Currency::FromRaw((100 - discount) * 100);
-    const Currency net_value = *Multiply(*Multiply(*ReadCurrency(quantity), *ReadCurrency(net)), factor);
-    const Currency gross_value = *Multiply(*Multiply(*ReadCurrency(quantity), *ReadCurrency(gross)), factor);
-    Add(kSprzedane, {{"ID_DOK", identity_},
-                     {"NAZWA_T_U", article},
-                     {"ILOSC", Money(quantity)},
-                     {"CENA_NETTO", Money(net)},
-                     {"CENA_BRUTTO", Money(gross)},
-                     {"WARTOSC_NETTO", net_value},
-                     {"WARTOSC_BRUTTO", gross_value},
-                     {"RABAT", discount}});
-    ClassQDBASE& documents = Table(*program, kDokSprzed);
-    EXPECT_TRUE(documents.RECORD_LOAD(document_));
-    const double net_sum = documents.Real("WARTOSC_NETTO") + RoundByPattern(net_value, "0.00");
-    const double gross_sum = documents.Real("WARTOSC_BRUTTO") + RoundByPattern(gross_value, "0.00");
-    Change(kDokSprzed, document_, {{"WARTOSC_NETTO", net_sum}, {"WARTOSC_BRUTTO", gross_sum}});
+    ClassQDBASE& line = At(kSprzedane, AddStoredLine(identity_, article, quantity, net, gross, discount));
+    const double net_value = RoundByPattern(line.Real("WARTOSC_NETTO"), "0.00");
+    const double gross_value = RoundByPattern(line.Real("WARTOSC_BRUTTO"), "0.00");
+    ClassQDBASE& document = At(kDokSprzed, document_);
+    Change(
+        kDokSprzed, document_,
+        {{"WARTOSC_NETTO", document.Real("WARTOSC_NETTO") + net_value}, {"WARTOSC_BRUTTO", document.Real("WARTOSC_BRUTTO") + gross_value}});
   }
 
   ClassPRINT& Job() { return *CurrentPrintJob(*program); }
@@ -235,8 +188,8 @@ class SalesFixture : public ::testing::Test {
     }
   }
 
-  TestPlatform surroundings;
-  std::unique_ptr<Program> program;
+  TestPlatform& surroundings = platform;
+  Program* const program = &this->TestProgram::program;
   int32_t identity_ = 0, document_ = 0;
 };
 

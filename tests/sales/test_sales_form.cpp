@@ -1,96 +1,9 @@
 #include <fstream>
-#include <memory>
 
-#include "documents/trade.h"
 #include "masterdata/customer_form.h"
-#include "sales/line_form.h"
-#include "sales/sales_form.h"
+#include "sales/sales_form_fixture.h"
 
 namespace ostrinka {
-
-class TestView : public MainView {
- public:
-  PrintMode ticked = PrintMode::kOriginal;
-  int redraws = 0, counts = 0;
-  void ref_() override { ++redraws; }
-  void refresh_tasks_() override { ++counts; }
-  PrintMode TickedPrintMode() override { return ticked; }
-  bool GppTicked() override { return false; }
-  void ScrollShow_(bool) override {}
-  void ResetXRSC_() override {}
-  void SET_QDB_() override {}
-  void StatusText(const std::string&) override {}
-};
-
-class SalesFormTest : public Trade {
- protected:
-  void SetUp() override {
-    Trade::SetUp();
-    program.main_view = &view;
-  }
-  std::unique_ptr<frm_Dok_sprzed> NewDocument() {
-    auto form = std::make_unique<frm_Dok_sprzed>(program);
-    form->Mode = 1;
-    form->reload_();
-    form->Open();
-    return form;
-  }
-  std::unique_ptr<frm_Dok_sprzed> NewCorrection(int32_t corrected) {
-    auto form = std::make_unique<frm_Dok_sprzed>(program);
-    form->CorrectionFlag = true;
-    form->CorrectedRecord = corrected;
-    form->reload_();
-    form->Open();
-    return form;
-  }
-  std::unique_ptr<frm_Dok_sprzed> Edit(int32_t record) {
-    auto form = std::make_unique<frm_Dok_sprzed>(program);
-    form->Mode = 2;
-    Table(program, kDokSprzed).RECORD_POSITION(record);
-    form->reload_();
-    form->Open();
-    return form;
-  }
-  // Enters a field, changes it once, leaves it.
-  static void Set(Control& field, const std::string& value) {
-    ASSERT_TRUE(field.UserEnter()) << field.name();
-    ASSERT_TRUE(field.UserSet(value)) << field.name() << " " << value;
-    field.UserLeave();
-  }
-  static void Press(ButtonControl& button) { ASSERT_TRUE(button.UserPress()) << button.name(); }
-
-  using Play = std::function<void(frm_Dok_add_TU&)>;
-  void InLineDialog(Play play) {
-    platform.ui.on_modal = [play](Form& form) { play(dynamic_cast<frm_Dok_add_TU&>(form)); };
-  }
-  void AddLine(frm_Dok_sprzed& form, Play play) {
-    InLineDialog(std::move(play));
-    Press(form.btnAdd);
-  }
-  void EditLine(frm_Dok_sprzed& form, int row, Play play) {
-    InLineDialog(std::move(play));
-    ASSERT_TRUE(form.SQL_Pic.UserDoubleClick(row));
-  }
-  void AddArticleLine(frm_Dok_sprzed& form, int32_t article, const std::string& quantity) {
-    AddLine(form, [&](frm_Dok_add_TU& dialog) {
-      Set(dialog.txtComboTU, "#" + std::to_string(article));
-      Set(dialog.txtIlość, quantity);
-      Press(dialog.btnOK);
-    });
-  }
-  int32_t Save(frm_Dok_sprzed& form) {
-    Press(form.btnSave);
-    EXPECT_FALSE(form.IsOpen());
-    return form.record();
-  }
-  std::vector<int32_t> LinesOn(int32_t document) {
-    Table(program, kDokSprzed).RECORD_LOAD(document);
-    return LinesOf(program, Table(program, kDokSprzed).Int("ID_DOK"));
-  }
-  int32_t Articles() { return Table(program, kTowaryUslugi).RECORD_COUNT(); }
-
-  TestView view;
-};
 
 // --- the document
 

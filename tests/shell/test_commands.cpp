@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <set>
 #include <vector>
 
@@ -8,20 +6,15 @@
 #include "shell/periods.h"
 #include "shell/print_choice.h"
 #include "shell/tabs.h"
-#include "support/test_platform.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
 
-class ShellTest : public ::testing::Test {
+class ShellTest : public ProgramTest {
  protected:
-  ShellTest() {
-    program.catalogue.LoadProgramCatalogue(OSTRINKA_SOURCE "/resources/program.lang");
-    window = std::make_unique<MainWindow>(program);
-  }
-  TestPlatform surroundings;
-  Program program{surroundings.platform};
-  std::unique_ptr<MainWindow> window;
+  TestPlatform& surroundings = platform;
+  std::unique_ptr<MainWindow> window = std::make_unique<MainWindow>(program);
 };
 
 TEST_F(ShellTest, ARowOfTheRibbonHasOneCommandWhereItActsByItselfAndEveryCommandAFunctionAndAPlace) {

@@ -1,33 +1,19 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-#include "company/ost_engine.h"
 #include "shell/commands.h"
 #include "shell/main_window.h"
 #include "shell/options_form.h"
 #include "shell/skin.h"
-#include "support/test_platform.h"
+#include "support/company.h"
 
 namespace ostrinka {
 namespace {
 
-class DictionaryTest : public ::testing::Test {
+class DictionaryTest : public CompanyTest {
  protected:
   DictionaryTest() {
-    std::filesystem::copy_file(OSTRINKA_SOURCE "/resources/program.lang", surroundings.folder / "app/program.lang");
-    program.catalogue.LoadProgramCatalogue("program.lang");
-    surroundings.files.MakeFolder(surroundings.folder / "app/data");
-    bool ok = false;
-    OSTEngine(program).create_(surroundings.folder / "app/data/", "kreda", "kreda", true, ok);
-    for (const char* key : {"username", "password"}) program.settings.SaveSettingValue(kCommon, "dbLogin", key, std::string("kreda"));
-    OSTEngine(program).open_(true, ok);
-    EXPECT_TRUE(ok);
-    program.database_open = ok;
+    CopyCatalogues(program.ApplicationFolder());
     window = std::make_unique<MainWindow>(program);
     window->UserCommand("SŁOWNIK.STAWKIVAT");
   }
-  ~DictionaryTest() override { OSTEngine(program).close_(false); }
 
   DictionaryEditor& editor() { return window->dictionary; }
   std::string Stored(int32_t record, const char* field) {
@@ -40,9 +26,8 @@ class DictionaryTest : public ::testing::Test {
     return told;
   }
 
-  TestPlatform surroundings;
-  TestUserInterface& ui = surroundings.ui;
-  Program program{surroundings.platform};
+  TestPlatform& surroundings = platform;
+  TestUserInterface& ui = platform.ui;
   std::unique_ptr<MainWindow> window;
 };
 

@@ -15,9 +15,7 @@ class ScriptSession {
   ScriptSession() {
     namespace fs = std::filesystem;
     fs::create_directories(folder / "app");
-    for (const char* name : {"program.lang", "printdoc.lang", "printdocen.lang"}) {
-      fs::copy_file(std::string(OSTRINKA_SOURCE "/resources/") + name, folder / (std::string("app/") + name));
-    }
+    CopyCatalogues(folder / "app/");
     if (fs::exists(OSTRINKA_APP "/psc.bin")) fs::copy_file(OSTRINKA_APP "/psc.bin", folder / "app/psc.bin");
   }
 

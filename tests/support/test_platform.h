@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "platform/platform.h"
-#include "platform/posix/posix_files.h"
 #include "platform/recording_canvas.h"
+#include "support/failing_files.h"
 
 namespace ostrinka {
 
@@ -37,6 +37,13 @@ class TemporaryFolder {
  private:
   std::string path_;
 };
+
+// Puts the built catalogues into an application's folder.
+inline void CopyCatalogues(const std::string& application_folder) {
+  for (const char* name : {"program.lang", "printdoc.lang", "printdocen.lang"}) {
+    std::filesystem::copy_file(std::string(OSTRINKA_SOURCE "/resources/") + name, application_folder + name);
+  }
+}
 
 // Plays the person in front of the kind of modal that the function assigned takes: [](Form& form) { ... }.
 class ModalHook {
@@ -197,7 +204,7 @@ class NoSerial : public SerialPort {
 // `platform` has its application folder in `folder`/app/ and its per-user settings in `folder`/user/.
 struct TestPlatform {
   TemporaryFolder folder;
-  PosixFileSystem files;
+  FailingFileSystem files;
   TestUserInterface ui;
   TestClock clock;
   TestRandom random;
