@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "documents/trade.h"
 
 namespace ostrinka {
@@ -72,6 +74,21 @@ TEST_F(ArithmeticTest, AnArticleInAnotherCurrencyIsConvertedWhenTheLineIsAdded) 
   EXPECT_EQ(Stored(kSprzedane, on_euro, "CENA_NETTO"), "100");
 }
 
+TEST_F(ArithmeticTest, TheRatioOfTwoRatesStaysWithinItsBounds) {
+  const struct {
+    float rate;
+    const char *typed, *price;
+  } rows[] = {{0.000001F, "1000000", "10"}, {0.00002F, "1000000", "20"}, {-2, "1000000", "10"},
+              {0, "1000000", "10"},         {900000, "1", "900000"},     {5000000, "1", "1000000"}};
+  for (const auto& row : rows) {
+    const int32_t currency = Add(kWaluty, {{"NAZWA", std::string("x")}, {"KURS", row.rate}});
+    const int32_t article = AddArticle("Towar", 1, 1, kVatExempt, currency);
+    const int32_t line = AddLine(program, 5, Entry(article, "1", row.typed, row.typed), 1);
+    EXPECT_EQ(ToText(std::round(Table(program, kSprzedane).Real("CENA_NETTO"))), row.price) << row.rate;
+    EXPECT_GT(line, 0);
+  }
+}
+
 TEST_F(ArithmeticTest, ARewrittenLineKeepsItsPricesAsTheyAre) {
   const int32_t article = AddArticle("Pumpe", 100, 122, kVat22, kEuro);
   const int32_t line = AddLine(program, 5, Entry(article, "1", "100", "122"), 1);
@@ -126,6 +143,10 @@ TEST_F(ArithmeticTest, TotalsKeepRatesOfOneValueApartAndCountDeletedArticles) {
 TEST_F(ArithmeticTest, ThePaymentFormGivesDueDateAndShare) {
   EXPECT_EQ(PaymentDueDate(program, Day("2008-02-20"), kTransfer14), Day("2008-03-05"));
   EXPECT_EQ(PaymentDueDate(program, Day("2008-02-20"), 0), Day("2008-02-20"));
+  for (const int16_t days : {int16_t{32767}, int16_t{-32768}}) {  // as the field holds them
+    const int32_t form = Add(kFormyPlatn, {{"NAZWA", std::string("x")}, {"TERMIN", days}});
+    EXPECT_EQ(PaymentDueDate(program, Day("2008-02-20"), form), Day("2008-02-20").PlusDays(days));
+  }
   EXPECT_FLOAT_EQ(PaidAtOnceShare(program, kCash), 1);
   EXPECT_FLOAT_EQ(PaidAtOnceShare(program, 5), 0.5F);
 }
@@ -148,6 +169,20 @@ TEST_F(ArithmeticTest, AnAdvanceIsSettledRateByRateThroughDeletedArticles) {
   EXPECT_TRUE(platform.ui.messages.empty());
   RecalculateLine(program, lines[0]);
   EXPECT_EQ(Stored(kSprzedane, lines[0], "WARTOSC_NETTO"), "-150");
+}
+
+TEST_F(ArithmeticTest, AnAdvanceIsSettledByNetOrGrossAlone) {
+  const int32_t advance = AddDocument(kAdvanceInvoice, "2008-03-01", 17, 40);
+  AddStoredLine(40, AddArticle("Brutto", 0, 61), "1", "0", "61");
+  AddStoredLine(40, AddArticle("Netto", 50, 0, kVat7), "1", "50", "0");
+  AddStoredLine(40, AddArticle("Nic", 0, 0, kVat0), "1", "0", "0");
+  ASSERT_TRUE(SettleAdvance(program, 41, kEuro, advance));
+  std::string settled;
+  for (const int32_t line : LinesOf(program, 41)) {
+    settled += Stored(kSprzedane, line, "WARTOSC_NETTO") + "/" + Stored(kSprzedane, line, "WARTOSC_BRUTTO") + " ";
+    EXPECT_EQ(Stored(kTowaryUslugi, At(kSprzedane, line).Int(".NAZWA_T_U"), ".WALUTA"), "2");
+  }
+  EXPECT_EQ(settled, "0/-61 -50/0 ");
 }
 
 TEST_F(ArithmeticTest, AnAdvanceWithoutValueOrWithoutChoiceIsRefused) {

@@ -19,13 +19,15 @@ TEST_F(NumberingTest, TheNextNumberCountsTheSetNotTheType) {
   AddDocument(kInvoice, "2008-03-01", 17);
   AddDocument(kProForma, "2008-03-02", 18);    // same set as the invoice
   AddDocument(kCorrection, "2008-03-03", 99);  // a set of its own
-  AddDocument(kInvoice, "2007-12-31", 500);    // another year
+  AddDocument(kInvoice, "2007-12-31", 500);    // the year before
+  AddDocument(kInvoice, "2010-01-01", 900);    // a later one
   Table(program, kDokSprzed).RECORD_DELETE(AddDocument(kInvoice, "2008-03-04", 40));
   EXPECT_EQ(NextNumber(kInvoice, "2008-03-05"), 19);
   EXPECT_EQ(NextNumber(kInvoice, "2008-03-05", /*skip=*/18), 18);
   EXPECT_EQ(NextNumber(kCorrection, "2008-12-31"), 100);
   EXPECT_EQ(NextNumber(kInvoice, "2007-01-01"), 501);
-  EXPECT_EQ(NextNumber(kInvoice, "2009-01-01"), 1);
+  EXPECT_EQ(NextNumber(kInvoice, "2009-12-31"), 1);
+  EXPECT_EQ(NextNumber(kInvoice, "2010-05-05"), 901);
 }
 
 TEST_F(NumberingTest, AMonthlyTypeStartsAgainWhileOthersOfItsSetCountThroughTheYear) {
@@ -36,7 +38,12 @@ TEST_F(NumberingTest, AMonthlyTypeStartsAgainWhileOthersOfItsSetCountThroughTheY
   EXPECT_EQ(NextNumber(monthly, "2008-12-05"), 1);
   EXPECT_EQ(NextNumber(kInvoice, "2008-12-05"), 8);
   AddDocument(monthly, "2008-12-31", 2);
+  AddDocument(monthly, "2009-01-01", 70);
   EXPECT_EQ(NextNumber(monthly, "2008-12-01"), 3);
+  AddDocument(monthly, "2008-05-01", 50);
+  EXPECT_EQ(NextNumber(monthly, "2008-04-30"), 1);
+  AddDocument(monthly, "9999-12-31", 8);  // nothing lies behind
+  EXPECT_EQ(NextNumber(monthly, "9999-12-01"), 9);
 }
 
 TEST_F(NumberingTest, AnImpossibleTableOrTypeGivesNothing) {

@@ -22,12 +22,13 @@ TEST_F(SubscriptionTest, ATaskIsDueFromSoManyDaysBeforeTheEnd) {
   platform.clock.now = Day("2008-03-05").PlusDays(0);
   const int32_t due = AddSubscription("2008-03-12", 7);
   AddSubscription("2008-03-13", 7);
+  const int32_t always = AddSubscription("9999-12-31", INT32_MAX);
   const int32_t past = AddSubscription("2007-01-01", 7);
   AddSubscription("2008-03-06", 7, /*hidden=*/true);
   AddSubscription("2008-03-06", 7, false, /*ends=*/false);
   Table(program, kDokSprzed).RECORD_DELETE(AddSubscription("2008-03-06", 7));
-  EXPECT_EQ(due_tasks(program), (std::vector<int32_t>{due, past}));
-  EXPECT_EQ(due_task_count(program), 2);
+  EXPECT_EQ(due_tasks(program), (std::vector<int32_t>{due, always, past}));
+  EXPECT_EQ(due_task_count(program), 3);
   program.database_open = false;
   EXPECT_EQ(due_task_count(program), 0);
 }
@@ -35,7 +36,8 @@ TEST_F(SubscriptionTest, ATaskIsDueFromSoManyDaysBeforeTheEnd) {
 TEST_F(SubscriptionTest, AFollowUpIsACopyOfTodayWithItsOwnNumberAndLines) {
   const int32_t source = AddSubscription("2008-03-31", 14);
   const int32_t article = AddArticle("Opieka", 100, 122);
-  Change(kDokSprzed, source, {{"ZAPLACONO", true}, {"ZDFISK", true}, {"UWAGI", std::string("co kwartał")}, {"KOREKTA", int32_t{77}}});
+  Change(kDokSprzed, source,
+         {{"ZAPLACONO", true}, {"ZDFISK", true}, {"UWAGI", std::string("co kwartał")}, {"KOREKTA", int32_t{77}}, {"DOTYCZY", int32_t{78}}});
   const auto source_id = Table(program, kDokSprzed).Int("ID_DOK");
   AddStoredLine(source_id, article, "3", "100", "122", 10);
   bool paid = true;
@@ -43,8 +45,8 @@ TEST_F(SubscriptionTest, AFollowUpIsACopyOfTodayWithItsOwnNumberAndLines) {
   ASSERT_GT(copy, source);
   const struct {
     const char *field, *text;
-  } rows[] = {{"TYP", "2"},           {"NR_DOK", "6"}, {"ZAPLACONO", "False"}, {"ZDFISK", "False"}, {"UWAGI", "co kwartał"},
-              {"ABN_KONIEC", "True"}, {"KOREKTA", "0"}};
+  } rows[] = {{"TYP", "2"},           {"NR_DOK", "6"},  {"ZAPLACONO", "False"}, {"ZDFISK", "False"}, {"UWAGI", "co kwartał"},
+              {"ABN_KONIEC", "True"}, {"KOREKTA", "0"}, {"DOTYCZY", "0"}};
   for (const auto& row : rows) EXPECT_EQ(Stored(kDokSprzed, copy, row.field), row.text) << row.field;
   ClassQDBASE& documents = Table(program, kDokSprzed);
   documents.RECORD_LOAD(copy);
