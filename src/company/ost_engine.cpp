@@ -222,7 +222,7 @@ void OSTEngine::open_(bool silent, bool& ok) {
   program_.database_open = false;
   CloseTables(program_);
   if (!silent) {
-    program_.Status("Otwieranie bazy danych...");
+    program_.Status("Otwieranie bazy danych...");  // kept: no catalogue's text, alike in every language
     program_.platform.ui.TurnEvents();
   }
   open_as(AskLogin(program_), silent, ok);

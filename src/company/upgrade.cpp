@@ -325,6 +325,8 @@ void UpgradeRegions(Upgrade& upgrade) {
   // Under its name only when it is filled: one that is there already is taken for filled.
   const FieldDefinition& code = *FindField(*FindTable(kRegiony), "KOD");
   if (!AddField(upgrade, table, "KOD_2", code.type, code.length)) return;
+  // Kept: by the place in the table, renamed and added regions too; the official codes of the seeded ones are the even numbers in their
+  // order.
   if (!ChangeRecords(upgrade, table, [&](int32_t n) { return table.FIELD("KOD_2", 2 * n); })) return;
   FinishRenames(upgrade, table, {{"KOD", "KOD_2", code.type, code.length}});
 }

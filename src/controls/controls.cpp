@@ -71,6 +71,7 @@ bool TextBoxControl::Takes(std::string_view text) const {
   return letters.size() <= limit || letters.size() <= CharacterCount(text_);
 }
 
+// Kept, here and below: a value that is set again to what it was counts as a change, as it does when a person types it anew.
 bool TextBoxControl::UserSet(const std::string& value) {
   if (!CanAct() || !Takes(value)) return false;
   text_ = value;

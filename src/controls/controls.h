@@ -5,8 +5,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,23 +12,12 @@
 #include <vector>
 
 #include "base/date.h"
+#include "controls/event.h"
 #include "platform/canvas.h"
 
 namespace ostrinka {
 
 class Form;
-
-class Event {
- public:
-  void operator+=(std::function<void()> handler) { handlers_.push_back(std::move(handler)); }
-  bool IsHeard() const { return !handlers_.empty(); }
-  void Raise() const {
-    for (size_t i = 0; i < handlers_.size(); ++i) handlers_[i]();
-  }
-
- private:
-  std::vector<std::function<void()>> handlers_;
-};
 
 enum class ControlKind { kTextBox, kCombo, kCalendar, kButton, kCheckBox, kOptionBox, kScrollBox, kMemo, kLabel, kTabs, kTable };
 
@@ -255,11 +242,12 @@ class TableSource {
   virtual std::string CellText(int row, int column) = 0;
   virtual int CurrentRow() = 0;  // 0 when none
   virtual void SelectRow(int row) = 0;
-  // Draws from `first_row` and answers later hit tests for this surface.
-  virtual void Draw(Canvas& canvas, int first_row, int first_column, double zoom) = 0;
+  // Draws from `first_row` and answers later hit tests for this surface. `widths` are those of this drawing, by the columns, in place of
+  // the kept ones; empty for these.
+  virtual void Draw(Canvas& canvas, int first_row, int first_column, double zoom, const std::vector<int>& widths) = 0;
   // The cell under a point of the last drawing; false when none.
   virtual bool HitTest(double x, double y, int& row, int& column) = 0;
-  virtual int ColumnWidthOf(int column) = 0;
+  virtual int ColumnWidthOf(int column) = 0;  // as it is kept
   virtual void SetColumnWidthOf(int column, int width) = 0;
   virtual std::string HeadingOf(int column) = 0;
 };

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "controls/controls.h"
+#include "controls/key_codes.h"
 #include "platform/user_interface.h"
 
 namespace ostrinka {
@@ -160,7 +161,7 @@ class Form : public Modal {
   void FocusCame(Control& control) { focus_ = &control; }
   Event FocusAsked;
 
-  // A key that the form takes before its fields do, by the code of the main window's table, with Ctrl or not. True when taken. A form that
+  // A key that the form takes before its fields do, by its code (controls/key_codes.h), with Ctrl or not. True when taken. A form that
   // then acts on what its fields hold leaves the focused one first.
   virtual bool UserKey(int code, bool ctrl) {
     (void)code;

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
+#include <utility>
 
 #include "app/program.h"
 #include "desktop/dialog_style.h"
@@ -173,17 +174,27 @@ class Mark : public QWidget {
   const Look& look_;
 };
 
+// A connection for as long as the widget lives that it belongs to.
+class Kept : public QObject {
+ public:
+  Kept(QObject* owner, Connection connection) : QObject(owner), connection_(std::move(connection)) {}
+
+ private:
+  Connection connection_;
+};
+
 }  // namespace
 
 void FieldHost::Beep() const {
   program.platform.ui.Beep();
 }
 
-void Follow(const Control& control, QWidget* widget, const std::function<void()>& show) {
-  // Events keep their handlers for good, and a form may be shown again in another window.
-  const_cast<Control&>(control).Repaint += [guard = QPointer<QWidget>(widget), show] {
+void Follow(Control& control, QWidget* widget, const std::function<void()>& show) {
+  // The guard is for the moment in which a widget goes: it may lose the focus while the connection, a child of it, is still there.
+  const QPointer<QWidget> guard(widget);
+  new Kept(widget, control.Repaint.Connect([guard, show] {
     if (guard) show();
-  };
+  }));
   show();
 }
 

@@ -30,7 +30,7 @@ struct FieldHost {
 QWidget* MakeField(FieldHost& host, Control& control, unsigned flags, QWidget* parent);
 
 // Calls `show` now and whenever the control asks to be drawn, as long as `widget` stands.
-void Follow(const Control& control, QWidget* widget, const std::function<void()>& show);
+void Follow(Control& control, QWidget* widget, const std::function<void()>& show);
 
 // A box of several lines in which Enter makes a new line; in the low ones it goes to the next field, and Shift+Enter makes the line.
 bool TakesEnter(const QWidget* field);

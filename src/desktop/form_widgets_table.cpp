@@ -7,11 +7,13 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <algorithm>
+#include <vector>
 
 #include "desktop/dialog_style.h"
 #include "desktop/form_widgets.h"
 #include "desktop/list_canvas.h"
-#include "engine/table_source.h"
+#include "forms/table_source.h"
 
 namespace ostrinka {
 namespace {
@@ -72,7 +74,7 @@ class TableField : public QAbstractScrollArea {
       return;
     }
     ListCanvas canvas(painter, viewport()->width(), viewport()->height());
-    source()->Draw(canvas, FirstRow(), FirstColumn(), kZoom);
+    source()->Draw(canvas, FirstRow(), FirstColumn(), kZoom, widths_);
     if (!isEnabled()) painter.fillRect(viewport()->rect(), QColor(255, 255, 255, 120));
     if (pitch_ == 0 && Rows() > 0) {
       MeasureRows();
@@ -134,7 +136,7 @@ class TableField : public QAbstractScrollArea {
     const QPointF at = event->position();
     dragged_ = GripAt(at);
     if (dragged_ > 0) {
-      drag_left_ = at.x() - source()->ColumnWidthOf(dragged_) * kZoom;
+      drag_left_ = at.x() - Width(dragged_) * kZoom;
       return;
     }
     int row = 0, column = 0;
@@ -145,7 +147,7 @@ class TableField : public QAbstractScrollArea {
   void mouseMoveEvent(QMouseEvent* event) override {
     const QPointF at = event->position();
     if (dragged_ > 0 && source()) {
-      fitted_by_hand_ = true;
+      TakeOverWidths();
       source()->SetColumnWidthOf(dragged_, std::max(kNarrowest, static_cast<int>((at.x() - drag_left_) / kZoom)));
       UpdateBars();
       Redraw();
@@ -189,20 +191,31 @@ class TableField : public QAbstractScrollArea {
       }
     }
   }
-  int WidthOf(int column) const { return static_cast<int>(kZoom * source()->ColumnWidthOf(column)); }
+  // As it is drawn: at zoom 1, and in pixels.
+  int Width(int column) const {
+    return static_cast<size_t>(column) <= widths_.size() ? widths_[static_cast<size_t>(column - 1)] : source()->ColumnWidthOf(column);
+  }
+  int WidthOf(int column) const { return static_cast<int>(kZoom * Width(column)); }
   // No heading is shortened, and the widest column takes the room that is left; until a person sets the widths himself.
   void FitColumns() {
     if (!source() || fitted_by_hand_ || !isVisible()) return;
+    widths_.clear();
     int total = 0, widest = 0;
     for (int column = 1; column <= source()->Columns(); ++column) {
       const int heading = QFontMetrics(ListCanvas::Font(kZoom)).horizontalAdvance(ToQt(source()->HeadingOf(column))) + kHeadingRoom;
-      if (WidthOf(column) > 0 && WidthOf(column) < heading) source()->SetColumnWidthOf(column, static_cast<int>(heading / kZoom) + 1);
+      const int kept = WidthOf(column);
+      widths_.push_back(kept > 0 && kept < heading ? static_cast<int>(heading / kZoom) + 1 : source()->ColumnWidthOf(column));
       total += WidthOf(column);
       if (widest == 0 || WidthOf(column) > WidthOf(widest)) widest = column;
     }
     const int room = viewport()->width() - total;
-    if (widest > 0 && room > 0)
-      source()->SetColumnWidthOf(widest, source()->ColumnWidthOf(widest) + static_cast<int>(room / kZoom) + kOver);
+    if (widest > 0 && room > 0) widths_[static_cast<size_t>(widest - 1)] += static_cast<int>(room / kZoom) + kOver;
+  }
+  // From here on the widths are the person's: as they stand they become those that are kept.
+  void TakeOverWidths() {
+    fitted_by_hand_ = true;
+    for (size_t i = 0; i < widths_.size(); ++i) source()->SetColumnWidthOf(static_cast<int>(i) + 1, widths_[i]);
+    widths_.clear();
   }
   int VisibleRows() const { return pitch_ > 0 ? std::max(1, (viewport()->height() - top_) / pitch_) : kShownRows; }
   void UpdateBars() {
@@ -235,6 +248,7 @@ class TableField : public QAbstractScrollArea {
 
   FieldHost& host_;
   TableControl& control_;
+  std::vector<int> widths_;  // of the columns as they are drawn at zoom 1; empty for the kept ones
   int shown_row_ = 0, top_ = 0, pitch_ = 0, dragged_ = 0;
   double drag_left_ = 0;
   bool fitted_by_hand_ = false;

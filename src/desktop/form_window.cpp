@@ -11,28 +11,15 @@
 
 #include "app/program.h"
 #include "desktop/form_window_parts.h"
+#include "desktop/key_map.h"
 
 namespace ostrinka {
 namespace {
 
-constexpr int kEnterCode = 13;
-
-struct KeyCode {
-  int key, code;
-};
-constexpr KeyCode kKeyCodes[] = {
-    {Qt::Key_Return, 13}, {Qt::Key_Enter, 13},  {Qt::Key_Backspace, 8}, {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
-    {Qt::Key_End, 35},    {Qt::Key_Home, 36},   {Qt::Key_Left, 37},     {Qt::Key_Up, 38},     {Qt::Key_Right, 39},
-    {Qt::Key_Down, 40},   {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46},
-};
-
-// The code of a key in the table that the main window and the forms share; 0 for one that stands for a letter or for nothing.
+// The code by which a form is asked for a key; 0 for one that stands for a letter or for nothing, or that the window sees to itself.
 int CodeOf(const QKeyEvent& event) {
-  if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12) return 112 + event.key() - Qt::Key_F1;
-  for (const KeyCode& entry : kKeyCodes) {
-    if (entry.key == event.key()) return entry.code;
-  }
-  return 0;
+  const int code = KeyCodeOf(event.key());
+  return code == kKeyTab || code == kKeyEscape || code == kKeyBlank ? 0 : code;
 }
 
 // Keys that a field works with itself; the form is not asked for them.
@@ -246,11 +233,11 @@ bool FormWindow::Parts::OnKey(QKeyEvent& event, Control* control, QWidget* field
   if (code == 0 || alt) return false;
   const QPointer<Parts> guard(this);
   if (!control || !FieldNeeds(*control, *field, event)) {
-    if (code == kEnterCode && event.isAutoRepeat()) return true;  // a key held down confirms once
+    if (code == kKeyEnter && event.isAutoRepeat()) return true;  // a key held down confirms once
     if (form.UserKey(code, ctrl)) return true;
     if (!guard) return true;
   }
-  if (code == kEnterCode && !ctrl && !event.modifiers().testFlag(Qt::ShiftModifier)) return OnEnter(control, field);
+  if (code == kKeyEnter && !ctrl && !event.modifiers().testFlag(Qt::ShiftModifier)) return OnEnter(control, field);
   return false;
 }
 

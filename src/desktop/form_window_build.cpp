@@ -197,17 +197,12 @@ void FormWindow::Parts::GiveAccessKeys() {
 }
 
 void FormWindow::Parts::Connect() {
-  const auto guarded = [this](auto action) {
-    return [guard = QPointer<Parts>(this), action] {
-      if (guard) action();
-    };
-  };
-  for (const Control* control : form.controls()) {
-    const_cast<Control*>(control)->Repaint += guarded([this, control] { ShowControl(*control); });
+  for (Control* control : form.controls()) {
+    connections.push_back(control->Repaint.Connect([this, control] { ShowControl(*control); }));
   }
-  form.Repaint += guarded([this] { ShowPage(); });
-  form.FocusAsked += guarded([this] { MoveFocus(); });
-  form.Closed += guarded([this] { Finish(); });
+  connections.push_back(form.Repaint.Connect([this] { ShowPage(); }));
+  connections.push_back(form.FocusAsked.Connect([this] { MoveFocus(); }));
+  connections.push_back(form.Closed.Connect([this] { Finish(); }));
 }
 
 // Wide enough for what it holds, and no larger than a small screen.

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <map>
+#include <vector>
 
 #include "desktop/dialog_style.h"
 #include "desktop/form_layout.h"
@@ -41,6 +42,7 @@ struct FormWindow::Parts : public QObject {
   Control* left = nullptr;                      // was left, and its event is still due
   Control* entered = nullptr;                   // has the focus
   bool showing = false, closing = false;
+  std::vector<Connection> connections;  // to the form and its controls
 
   void Build();
   void BuildPages(QVBoxLayout& column);

@@ -4,18 +4,24 @@
 #include <cmath>
 
 #include "desktop/look.h"
+#include "engine/grid_geometry.h"
 
 namespace ostrinka {
 namespace {
 
-constexpr double kCellOfType = 1.207;  // height of a line of "Tahoma" by the size of its type
-constexpr double kBearing = 2;         // room on either side of a text
-constexpr double kLeading = 0.34;      // room between lines, by the height of a line
+constexpr double kBearing = 2;     // room on either side of a text
+constexpr double kLeading = 0.34;  // room between lines, by the height of a line
 
 // Height of a line of the list's type.
 double CellHeight(double zoom) {
-  constexpr double kPoints = 8, kPixelsOfPoint = 20 / 15.0;
-  return std::max(kPoints * zoom * kPixelsOfPoint * kCellOfType, 1.0);
+  TableLook look;
+  look.zoom = zoom;
+  return GridFont(look).height;
+}
+
+// Of a line with the room above and below it.
+double LineHeight(double cell_height) {
+  return std::ceil(cell_height * (1 + kLeading));
 }
 
 }  // namespace
@@ -26,12 +32,12 @@ ListCanvas::ListCanvas(QPainter& painter, double width, double height, double in
 }
 
 int ListCanvas::RowHeight(double zoom) {
-  return static_cast<int>(std::ceil(CellHeight(zoom) * (1 + kLeading))) + 3;
+  return GridRowHeight(LineHeight(CellHeight(zoom)));
 }
 
 QFont ListCanvas::Font(double zoom) {
   QFont font(InstalledFace("Tahoma"));
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(CellHeight(zoom) / kCellOfType))));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(CellHeight(zoom) / kGridCellOfType))));
   return font;
 }
 
@@ -65,7 +71,7 @@ const ListCanvas::Fitted& ListCanvas::FontOf(const FontSpec& wanted) {
   const auto found = fonts_.find(key);
   if (found != fonts_.end()) return *found;
   QFont font(InstalledFace(wanted.face));
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(wanted.height / kCellOfType))));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(wanted.height / kGridCellOfType))));
   font.setBold(wanted.bold);
   font.setItalic(wanted.italic);
   font.setUnderline(wanted.underline);
@@ -77,7 +83,7 @@ double ListCanvas::TextWidth(std::string_view text, const FontSpec& font) {
 }
 
 double ListCanvas::TextHeight(const FontSpec& font) {
-  return std::ceil(font.height * (1 + kLeading));
+  return LineHeight(font.height);
 }
 
 void ListCanvas::DrawText(PointF at, std::string_view text, const FontSpec& font, Colour colour, Anchor anchor, double) {

@@ -6,6 +6,9 @@
 #include <QLineEdit>
 #include <QTimer>
 #include <algorithm>
+#include <iterator>
+
+#include "desktop/key_map.h"
 
 namespace ostrinka {
 namespace {
@@ -15,11 +18,8 @@ constexpr int kLeastBox = 140;    // width of a list
 constexpr int kTextMargin = 2;    // puts the text where the list has it
 constexpr int kOutside = -10000;  // where the field of a cell waits that was scrolled away
 
-struct KeyCode {
-  int key, code;
-};
-constexpr KeyCode kKeys[] = {{Qt::Key_Tab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13},  {Qt::Key_Escape, 27},
-                             {Qt::Key_Up, 38}, {Qt::Key_Down, 40},   {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34}};
+// The keys that leave the open cell.
+constexpr int kTaken[] = {kKeyTab, kKeyEnter, kKeyEscape, kKeyUp, kKeyDown, kKeyPageUp, kKeyPageDown};
 
 }  // namespace
 
@@ -112,12 +112,10 @@ bool ListEditor::Key(const QKeyEvent& event) {
     window_.dictionary.NextCell(false);
     return true;
   }
-  for (const KeyCode& row : kKeys) {
-    if (row.key != event.key()) continue;
-    window_.UserKey(row.code);
-    return true;
-  }
-  return false;
+  const int code = KeyCodeOf(event.key());
+  if (std::find(std::begin(kTaken), std::end(kTaken), code) == std::end(kTaken)) return false;
+  window_.UserKey(code);
+  return true;
 }
 
 bool ListEditor::eventFilter(QObject* object, QEvent* event) {

@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "desktop/list_access.h"
 #include "desktop/list_canvas.h"
@@ -23,24 +22,6 @@ constexpr int kBar = 14, kOrderMark = 8;
 Colour ColourNumber(const QColor& colour) {
   return Rgb(colour.red(), colour.green(), colour.blue());
 }
-
-// The widths of the columns as they are drawn, for as long as this object lives; the widths that are kept stay as they were.
-class WidenedColumns {
- public:
-  WidenedColumns(ClassQDBASE& table, double factor) : table_(table) {
-    for (int field : table.columns()) {
-      widths_.push_back(table.ColumnWidth(field));
-      table.ColumnWidth(field, static_cast<int>(widths_.back() * factor));
-    }
-  }
-  ~WidenedColumns() {
-    for (size_t i = 0; i < widths_.size(); ++i) table_.ColumnWidth(table_.columns()[i], widths_[i]);
-  }
-
- private:
-  ClassQDBASE& table_;
-  std::vector<int> widths_;
-};
 
 }  // namespace
 
@@ -88,26 +69,23 @@ QRect ListView::Surface() const {
 }
 
 int ListView::RowHeight() const {
-  return ListCanvas::RowHeight(std::clamp(TextZoom(window_.list.zoom()), 0.1, 10.0));
+  return ListCanvas::RowHeight(TextZoom(window_.list.zoom()));
+}
+
+GridGeometry ListView::Grid(int first_column) const {
+  TableLook look;
+  look.zoom = TextZoom(window_.list.zoom());
+  look.widen = fit_;
+  GridSurface room;
+  room.row_height = RowHeight();
+  room.height = Surface().height();
+  room.left = kInset;
+  ClassQDBASE* table = Shown();
+  return table ? table->view().Layout(look, room, first_column) : GridGeometry(room);
 }
 
 int ListView::PageRows() const {
-  return std::max((Surface().height() - RowHeight() - kGapUnderHeader) / RowHeight(), 1);
-}
-
-std::vector<ListView::Span> ListView::Spans() const {
-  std::vector<Span> spans;
-  ClassQDBASE* table = Shown();
-  if (!table) return spans;
-  const double zoom = std::clamp(TextZoom(window_.list.zoom()), 0.1, 10.0);
-  int left = kInset;
-  for (int column = first_column_; column <= table->MAX_COLUMNS(); ++column) {
-    const int field = table->columns()[static_cast<size_t>(column - 1)];
-    const int width = static_cast<int>(zoom * static_cast<int>(table->ColumnWidth(field) * fit_));
-    spans.push_back({column, field, left, width});
-    left += width;
-  }
-  return spans;
+  return std::max(Grid().RowsWithin(Surface().height()), 1);
 }
 
 void ListView::Fit() {
@@ -153,22 +131,20 @@ void ListView::LookChanged() {
 void ListView::Arrange() {
   ClassQDBASE* table = Shown();
   const int count = table ? table->MAX_ROWS() : 0;
-  rows_->setVisible(count > 0 && count > (height() - RowHeight() - kGapUnderHeader) / RowHeight());
+  rows_->setVisible(count > 0 && count > Grid().RowsWithin(height()));
   const int zoom_and_width = Surface().width() * 1000 + static_cast<int>(std::lround(window_.list.zoom() * 100));
   if (zoom_and_width != fitted_width_) {
     fitted_width_ = zoom_and_width;
     Fit();
   }
   const int columns = table ? table->MAX_COLUMNS() : 0;
-  const int first = first_column_;
-  first_column_ = 1;
-  const std::vector<Span> all = Spans();
-  const int total = all.empty() ? 0 : all.back().left + all.back().width;
+  const GridGeometry all = Grid(1);
+  const int total = table ? all.right() : 0;
   columns_->setVisible(total > Surface().width());
   // Columns may scroll until the last one stands whole.
   int most = 0;
-  while (most + 1 < columns && total - all[static_cast<size_t>(most)].left > Surface().width()) ++most;
-  first_column_ = columns_->isHidden() ? 1 : std::clamp(first, 1, std::max(most + 1, 1));
+  while (most + 1 < columns && total - all.columns()[static_cast<size_t>(most)].left > Surface().width()) ++most;
+  first_column_ = columns_->isHidden() ? 1 : std::clamp(first_column_, 1, std::max(most + 1, 1));
   {
     const QSignalBlocker quiet(columns_);
     columns_->setRange(0, most);
@@ -244,6 +220,7 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
   const QRect surface = Surface();
   TableLook look = window_.list.Look();
   look.zoom = TextZoom(window_.list.zoom());
+  look.widen = fit_;
   look.foreground = ColourNumber(look_.Colour(SkinColour::kButtonText));
   look.background = Rgb(255, 255, 255);
   look.line = ColourNumber(colours.list_line);
@@ -252,18 +229,16 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
   painter.setClipRect(surface);
   painter.translate(kInset, 0);
   ListCanvas canvas(painter, surface.width() - kInset, surface.height(), kInset);
-  {
-    const WidenedColumns widened(table, fit_);
-    table.TABLE_DRAW(canvas, window_.list.first_row, first_column_, true, look);
-  }
+  table.TABLE_DRAW(canvas, window_.list.first_row, first_column_, true, look);
   painter.restore();
   const int header = RowHeight();
   if (!rows_->isHidden()) painter.fillRect(QRect(width() - kBar, 0, kBar, header), MixOf(Qt::white, colours.list_line, 0.35));
   if (!rows_->isHidden() && !columns_->isHidden()) painter.fillRect(QRect(width() - kBar, height() - kBar, kBar, kBar), colours.panel);
   paint.Hairline({0, header - 1.0}, {static_cast<double>(width()), header - 1.0}, colours.panel_edge);
   PaintOrder(painter);
-  for (const Span& span : Spans()) {
-    if (span.column == hover_column_) painter.fillRect(QRect(span.left, header - 2, span.width - 1, 2), look_.Accent());
+  const GridGeometry grid = Grid();
+  if (const ColumnSpan* span = grid.Numbered(hover_column_)) {
+    painter.fillRect(QRect(span->left, header - 2, span->width - 1, 2), look_.Accent());
   }
   for (const TableCell& cell : table.cells()) {
     if (cell.record != record_ || cell.position != 1) continue;
@@ -276,17 +251,17 @@ void ListView::PaintTable(QPainter& painter, ClassQDBASE& table) {
 // A small arrow at the upper edge of the column that the list is ordered by, where it covers no heading.
 void ListView::PaintOrder(QPainter& painter) {
   const auto [column, direction] = window_.list.Order();
-  for (const Span& span : Spans()) {
-    if (span.column != column || span.width < 2 * kOrderMark) continue;
-    const double middle = span.left + span.width / 2.0, top = 2, bottom = top + kOrderMark * 0.6;
-    const double tip = direction == ordDesc ? bottom : top, base = direction == ordDesc ? top : bottom;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(look_.Colour(SkinColour::kToolbarText));
-    painter.drawPolygon(QPolygonF({{middle - kOrderMark / 2.0, base}, {middle + kOrderMark / 2.0, base}, {middle, tip}}));
-    painter.restore();
-  }
+  const GridGeometry grid = Grid();
+  const ColumnSpan* span = grid.Numbered(column);
+  if (!span || span->width < 2 * kOrderMark) return;
+  const double middle = span->left + span->width / 2.0, top = 2, bottom = top + kOrderMark * 0.6;
+  const double tip = direction == ordDesc ? bottom : top, base = direction == ordDesc ? top : bottom;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look_.Colour(SkinColour::kToolbarText));
+  painter.drawPolygon(QPolygonF({{middle - kOrderMark / 2.0, base}, {middle + kOrderMark / 2.0, base}, {middle, tip}}));
+  painter.restore();
 }
 
 void ListView::resizeEvent(QResizeEvent*) {

@@ -4,9 +4,11 @@
 #include <QScrollBar>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "desktop/list_editor.h"
 #include "desktop/look.h"
+#include "engine/table_view.h"
 #include "shell/main_window.h"
 
 namespace ostrinka {
@@ -46,16 +48,14 @@ class ListView : public QWidget {
   bool event(QEvent* event) override;
 
  private:
-  static constexpr int kGapUnderHeader = 5;
-  struct Span {
-    int column, field, left, width;
-  };
-  QRect Surface() const;  // the area without scroll bars
-  std::vector<Span> Spans() const;
+  QRect Surface() const;                      // the area without scroll bars
+  GridGeometry Grid(int first_column) const;  // where the columns lie on the list, those right of its edge too
+  GridGeometry Grid() const { return Grid(first_column_); }
   int RowHeight() const;
   void Arrange();  // scroll bars by the size of list and area
   void KeepInView();
-  int BorderAt(const QPoint& at) const;  // index into Spans() of the border under the mouse, -1 for none
+  std::optional<ColumnSpan> BorderAt(const QPoint& at) const;  // of the heads
+  int HeadAt(const QPoint& at) const;                          // column whose head lies under the mouse, 0 for none
   bool InHeader(const QPoint& at) const;
   bool SelectAt(const QPoint& at);
   bool EditAt(const QPoint& at);  // a click on a cell of a dictionary
@@ -78,7 +78,7 @@ class ListView : public QWidget {
   int current_row_ = 0, row_count_ = -1, first_column_ = 1;
   double fit_ = 1;
   int fitted_width_ = -1;
-  int drag_field_ = 0, drag_from_ = 0, drag_width_ = 0, press_column_ = 0, hover_column_ = -1;
+  int drag_field_ = 0, drag_from_ = 0, drag_width_ = 0, press_column_ = 0, hover_column_ = 0;
   int wheel_rest_ = 0;
   bool edits_ = false;  // a cell of a dictionary was pressed, at `edit_at_`
   QPoint edit_at_;

@@ -8,26 +8,18 @@
 namespace ostrinka {
 
 void ListView::PlaceEditor() {
-  if (editor_) editor_->Refresh(ListCanvas::Font(std::clamp(TextZoom(window_.list.zoom()), 0.1, 10.0)));
+  if (editor_) editor_->Refresh(ListCanvas::Font(TextZoom(window_.list.zoom())));
 }
 
-// Rows of records that another workstation deleted meanwhile are not drawn.
 QRect ListView::CellArea(int32_t record, int column) const {
   ClassQDBASE* table = Shown();
   if (!table) return {};
-  const auto& rows = table->selection();
-  int top = RowHeight() + kGapUnderHeader;
-  bool found = false;
-  for (size_t i = static_cast<size_t>(std::max(window_.list.first_row - 1, 0)); i < rows.size() && top < Surface().bottom(); ++i) {
-    found = rows[i] == record;
-    if (found) break;
-    if (table->RECORD_EXIST(rows[i])) top += RowHeight();
-  }
-  if (!found) return {};
-  for (const Span& span : Spans()) {
-    if (span.column == column) return QRect(span.left, top, span.width - 1, RowHeight() - 1) & Surface();
-  }
-  return {};
+  const GridGeometry grid = Grid();
+  const int most = grid.RowsWithin(Surface().bottom() - 1) + 1;  // the last one may be cut off
+  const int row = table->view().RowsAbove(record, window_.list.first_row, most);
+  const ColumnSpan* span = grid.Numbered(column);
+  if (row < 0 || !span) return {};
+  return QRect(span->left, grid.RowTop(row), span->width - 1, grid.row_height() - 1) & Surface();
 }
 
 void ListView::Reveal(int32_t record, int column) {
@@ -39,9 +31,9 @@ void ListView::Reveal(int32_t record, int column) {
   KeepInView();
   if (column < first_column_) columns_->setValue(column - 1);
   for (int tries = 0; tries < table->MAX_COLUMNS() && first_column_ < column; ++tries) {
-    const std::vector<Span> spans = Spans();
-    const auto span = std::find_if(spans.begin(), spans.end(), [&](const Span& s) { return s.column == column; });
-    if (span == spans.end() || span->left + span->width <= Surface().width() || columns_->value() == columns_->maximum()) break;
+    const GridGeometry grid = Grid();
+    const ColumnSpan* span = grid.Numbered(column);
+    if (!span || span->left + span->width <= Surface().width() || columns_->value() == columns_->maximum()) break;
     columns_->setValue(columns_->value() + 1);
   }
 }
@@ -52,12 +44,9 @@ bool ListView::EditAt(const QPoint& at) {
   const auto& rows = table->selection();
   const auto here = std::find(rows.begin(), rows.end(), table->RECORD_POSITION());
   if (here == rows.end()) return false;
-  for (const Span& span : Spans()) {
-    if (at.x() >= span.left && at.x() < span.left + span.width) {
-      return window_.UserCell(static_cast<int>(here - rows.begin()) + 1, span.column);
-    }
-  }
-  return false;
+  const GridGeometry grid = Grid();
+  const ColumnSpan* span = grid.ColumnAt(at.x());
+  return span && window_.UserCell(static_cast<int>(here - rows.begin()) + 1, span->column);
 }
 
 }  // namespace ostrinka

@@ -5,8 +5,10 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
+#include "desktop/key_map.h"
 #include "desktop/list_view.h"
 
 namespace ostrinka {
@@ -14,12 +16,9 @@ namespace {
 
 constexpr int kGrip = 4, kLeastColumn = 12, kWheelNotch = 120, kWheelRows = 3;
 
-struct KeyCode {
-  int key, code;
-};
-constexpr KeyCode kKeys[] = {{Qt::Key_Space, 32},    {Qt::Key_Escape, 27}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_PageUp, 33},
-                             {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},    {Qt::Key_Home, 36},   {Qt::Key_Left, 37},  {Qt::Key_Up, 38},
-                             {Qt::Key_Right, 39},    {Qt::Key_Down, 40},   {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46}};
+// The keys that the list takes; the others go on to the window.
+constexpr int kTaken[] = {kKeyBlank, kKeyEscape, kKeyEnter, kKeyPageUp, kKeyPageDown, kKeyEnd,   kKeyHome,
+                          kKeyLeft,  kKeyUp,     kKeyRight, kKeyDown,   kKeyInsert,   kKeyDelete};
 
 }  // namespace
 
@@ -27,13 +26,18 @@ bool ListView::InHeader(const QPoint& at) const {
   return Shown() && at.y() >= 0 && at.y() < RowHeight() && at.x() < Surface().width();
 }
 
-int ListView::BorderAt(const QPoint& at) const {
-  if (!InHeader(at)) return -1;
-  const std::vector<Span> spans = Spans();
-  for (size_t i = spans.size(); i-- > 0;) {
-    if (std::abs(at.x() - (spans[i].left + spans[i].width - 1)) <= kGrip) return static_cast<int>(i);
-  }
-  return -1;
+// The column whose right border lies under the mouse.
+std::optional<ColumnSpan> ListView::BorderAt(const QPoint& at) const {
+  if (!InHeader(at)) return {};
+  const GridGeometry grid = Grid();
+  const ColumnSpan* span = grid.BorderAt(at.x(), kGrip);
+  return span ? std::optional(*span) : std::nullopt;
+}
+
+int ListView::HeadAt(const QPoint& at) const {
+  const GridGeometry grid = Grid();
+  const ColumnSpan* span = InHeader(at) ? grid.ColumnAt(at.x()) : nullptr;
+  return span ? span->column : 0;
 }
 
 bool ListView::SelectAt(const QPoint& at) {
@@ -41,11 +45,8 @@ bool ListView::SelectAt(const QPoint& at) {
   if (!table || !Surface().contains(at)) return false;
   int left = 0, top = 0, width = 0, height = 0;
   table->TABLE_CLICK(0, at.x() - kInset, at.y(), left, top, width, height);
-  for (const TableCell& cell : table->cells()) {
-    if (at.y() < cell.top || at.y() > cell.bottom + 1) continue;
-    return window_.UserRecord(cell.record);  // also beside the last column
-  }
-  return false;
+  const TableCell* cell = table->view().RowAt(at.y());  // also beside the last column
+  return cell && window_.UserRecord(cell->record);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
@@ -53,17 +54,13 @@ void ListView::mousePressEvent(QMouseEvent* event) {
   press_column_ = 0;
   edits_ = false;
   if (event->button() == Qt::LeftButton && InHeader(at)) {
-    const int border = BorderAt(at);
-    const std::vector<Span> spans = Spans();
-    if (border >= 0) {
-      drag_field_ = spans[static_cast<size_t>(border)].field;
+    if (const std::optional<ColumnSpan> border = BorderAt(at)) {
+      drag_field_ = border->field;
       drag_from_ = at.x();
-      drag_width_ = spans[static_cast<size_t>(border)].width;
+      drag_width_ = border->width;
       return;
     }
-    for (const Span& span : spans) {
-      if (at.x() >= span.left && at.x() < span.left + span.width) press_column_ = span.column;
-    }
+    press_column_ = HeadAt(at);
   } else {
     edits_ = SelectAt(at) && event->button() == Qt::LeftButton;
     edit_at_ = at;
@@ -81,13 +78,9 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
     update();
     return;
   }
-  setCursor(BorderAt(at) >= 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
-  int hover = -1;
-  if (InHeader(at) && BorderAt(at) < 0) {
-    for (const Span& span : Spans()) {
-      if (at.x() >= span.left && at.x() < span.left + span.width) hover = span.column;
-    }
-  }
+  const bool border = BorderAt(at).has_value();
+  setCursor(border ? Qt::SplitHCursor : Qt::ArrowCursor);
+  const int hover = border ? 0 : HeadAt(at);
   if (hover != hover_column_) hover_column_ = hover, update();
 }
 
@@ -101,13 +94,7 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
   }
   // A cell opens at the release: a list that drops down would take the release for a choice.
   if (std::exchange(edits_, false) && event->button() == Qt::LeftButton) EditAt(edit_at_);
-  if (press_column_ == 0 || !InHeader(at)) return;
-  for (const Span& span : Spans()) {
-    if (span.column == press_column_ && at.x() >= span.left && at.x() < span.left + span.width) {
-      window_.UserSortByColumn(press_column_);
-      return;
-    }
-  }
+  if (press_column_ != 0 && HeadAt(at) == press_column_) window_.UserSortByColumn(press_column_);
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -144,12 +131,9 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     columns_->setValue(columns_->value() + (key == Qt::Key_Left ? -1 : 1));
     return;
   }
-  for (const KeyCode& row : kKeys) {
-    if (row.key != key) continue;
-    window_.UserKey(row.code);
-    return;
-  }
-  QWidget::keyPressEvent(event);
+  const int code = KeyCodeOf(key);
+  if (std::find(std::begin(kTaken), std::end(kTaken), code) == std::end(kTaken)) return QWidget::keyPressEvent(event);
+  window_.UserKey(code);
 }
 
 void ListView::contextMenuEvent(QContextMenuEvent* event) {
@@ -169,7 +153,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void ListView::leaveEvent(QEvent*) {
-  if (hover_column_ != -1) hover_column_ = -1, update();
+  if (hover_column_ != 0) hover_column_ = 0, update();
 }
 
 bool ListView::event(QEvent* event) {

@@ -10,13 +10,13 @@
 
 #include "app/program.h"
 #include "desktop/dialog_style.h"
+#include "desktop/key_map.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr int kFrame = 4, kLeastWidth = 1024, kLeastHeight = 640;
 constexpr int kNormal = 0, kMaximised = 2, kNeverPlaced = 4;  // states of a window's place
-constexpr int kF1 = 112, kF5 = 116;
 
 }  // namespace
 
@@ -178,8 +178,7 @@ bool MainWindowView::WindowKey(const QKeyEvent& event) {
     return false;
   }
   if (event.modifiers() & (Qt::AltModifier | Qt::ShiftModifier)) return false;
-  if (key == Qt::Key_F1) return window_.UserKey(kF1), true;
-  if (key >= Qt::Key_F5 && key <= Qt::Key_F10) return window_.UserKey(kF5 + key - Qt::Key_F5), true;
+  if (key == Qt::Key_F1 || (key >= Qt::Key_F5 && key <= Qt::Key_F10)) return window_.UserKey(KeyCodeOf(key)), true;
   return false;
 }
 

@@ -109,15 +109,11 @@ PreviewWindow::PreviewWindow(const Look& look, frm_DocPreview& preview, QWidget*
     for (; steps > 0; --steps) Command("ZOOM.+");
     for (; steps < 0; ++steps) Command("ZOOM.-");
   };
-  const QPointer<PreviewWindow> guard(this);
-  preview.Repaint += [guard] {
-    if (!guard) return;
-    guard->sheets_->ZoomChanged();
-    guard->Refresh();
-  };
-  preview.Closed += [guard] {
-    if (guard) guard->done(0);
-  };
+  repaint_ = preview.Repaint.Connect([this] {
+    sheets_->ZoomChanged();
+    Refresh();
+  });
+  closed_ = preview.Closed.Connect([this] { done(0); });
   sheets_->setFocus();
   Refresh();
 }

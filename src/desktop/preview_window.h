@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <vector>
 
+#include "controls/event.h"
 #include "desktop/frame_edges.h"
 #include "desktop/ribbon_button.h"
 #include "desktop/sheet_view.h"
@@ -51,6 +52,7 @@ class PreviewWindow : public QDialog {
   SheetView* sheets_;
   std::vector<std::pair<std::string_view, RibbonButton*>> buttons_;
   QLabel *place_ = nullptr, *status_ = nullptr, *percent_ = nullptr;
+  Connection repaint_, closed_;
 };
 
 }  // namespace ostrinka

@@ -44,6 +44,7 @@ bool ClassQDBASE::MEMO_DEL(const FieldId& field, int index) {
   State& s = *state_;
   if (!s.MayWrite()) return s.Fail(28, kDenied);
   const int n = s.MemoField(field);
+  // Kept: the field goes on saying that something is attached when the last file goes; only the companion counts.
   return n != 0 && s.memo->Remove(index, s.layout.field(n).name, s.current);
 }
 
@@ -62,7 +63,7 @@ bool ClassQDBASE::MEMO_EXEC(const FieldId& field, int index) {
 void ClassQDBASE::MEMO_REFRESH(const FieldId& field) {
   State& s = *state_;
   const int n = s.FieldNumber(field);
-  if (n != 0 && s.binding.connected && RECORD_LOAD(s.current)) s.FillControls(n);
+  if (n != 0 && s.binding.form && RECORD_LOAD(s.current)) s.FillForm(n);
 }
 
 bool ClassQDBASE::MEMO_FILE_COMPRESS_(const std::string& memo_file) {

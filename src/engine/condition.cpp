@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kQuotedBlank = static_cast<char>(150);
 constexpr char kSeparator = static_cast<char>(160);
-constexpr int kPasses = 10;
+constexpr int kPasses = 10;  // kept: what ten passes do not tidy up stays as it is and matches nothing
 constexpr size_t kMostCachedTargets = size_t{1} << 24;
 
 struct OperatorText {

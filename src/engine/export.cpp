@@ -107,7 +107,7 @@ bool ClassQDBASE::State::ExportSeparated(const std::string& target, bool selecte
 
 bool ClassQDBASE::State::ExportXml(const std::string& target, bool all) {
   Output output(platform.files, target);
-  std::vector<int> fields = columns;
+  std::vector<int> fields = view.columns();
   if (all) {
     fields.clear();
     for (int n = 1; n <= layout.count(); ++n) fields.push_back(n);
@@ -138,6 +138,7 @@ bool ClassQDBASE::DATABASE_EXPORT(const std::string& file, int format, bool all,
   s.Debug("DATABASE_EXPORT");
   const bool shown = std::exchange(ShowErrMsg, false);
   bool done = s.file.IsOpen();
+  // Kept: separated values take `all` for the selection and its absence for every record, XML the other way round; callers pass it so.
   if (done && format == kSeparatedValues) done = s.ExportSeparated(file, all, separator, quote);
   if (done && format == kXml) done = s.ExportXml(file, all);
   ShowErrMsg = shown;

@@ -75,6 +75,7 @@ bool ClassQDBASE::State::MoveStep(bool forward) {
     if (further == to) break;
     to = further;
   }
+  // Kept: at the end the last entry becomes current again, deleted or not, and its form is filled anew.
   current = entries[static_cast<size_t>(to)];
   RefreshForm();
   Ok();

@@ -98,6 +98,7 @@ int Ordering::Compare(const Entry& a, const Entry& b) const {
       .compare(texts.substr(static_cast<size_t>(b.start), static_cast<size_t>(b.length)));
 }
 
+// Kept: a heap sort by hand in place of the library's. Equal keys have no order of their own, and lists show them as this one leaves them.
 // Entries count from 1 here; `sign` 1 lets the larger child rise, -1 the smaller.
 void Ordering::SiftDown(size_t root, size_t end, int sign) {
   const Entry moving = entries_[root - 1];

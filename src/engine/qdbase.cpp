@@ -47,7 +47,8 @@ bool IsPlainName(std::string_view utf8) {
   });
 }
 
-ClassQDBASE::State::State(ClassQDBASE& owner, Platform& surroundings) : self(owner), platform(surroundings), file(surroundings.files) {
+ClassQDBASE::State::State(ClassQDBASE& owner, Platform& surroundings)
+    : self(owner), platform(surroundings), file(surroundings.files), view(owner) {
   instance = static_cast<int32_t>(surroundings.random.Fraction() * 256 * 256 * 256);
 }
 
@@ -180,7 +181,7 @@ void ClassQDBASE::State::CloseFile() {
   layout.Clear();
   buffer.Reset();
   selection.Clear();
-  columns.clear();
+  view.ForgetColumns();
 }
 
 void ClassQDBASE::DATABASE_CLOSE() {
@@ -250,7 +251,7 @@ bool ClassQDBASE::State::ReadHeaderAgain() {
     if (!fresh.SameAs(layout)) {
       buffer.Remap(layout, fresh);
       layout = std::move(fresh);
-      std::erase_if(columns, [this](int n) { return !layout.Has(n); });
+      view.ForgetLostColumns();
     }
   }
   header = read;

@@ -12,12 +12,13 @@
 #include <vector>
 
 #include "base/value.h"
+#include "engine/grid_geometry.h"
 #include "platform/platform.h"
 
 namespace ostrinka {
 
-class Control;
-class Form;
+class BoundField;
+class TableView;
 
 // Type codes of fields, as they stand in the file.
 enum FieldType : int32_t {
@@ -52,21 +53,6 @@ class FieldId {
   std::string name_;
   int number_ = -1;
   bool by_number_ = false;
-};
-
-// Colours and texts of a table view.
-struct TableLook {
-  Colour foreground = 0, background = 0xFFFFFF, line = 0xC0C0C0, highlight = 0xC07030;
-  double zoom = 1;
-  double twips_per_pixel = 15;
-  std::string true_text = "Tak", false_text = "Nie";
-};
-
-// A cell as it was drawn, in pixels.
-struct TableCell {
-  int column = 0, left = 0, top = 0, right = 0, bottom = 0, field = 0;
-  int32_t record = 0;
-  int position = 0;  // of the cell in its row, from 1
 };
 
 class ClassQDBASE {
@@ -171,32 +157,39 @@ class ClassQDBASE {
   bool SCAN(const std::vector<FieldId>& fields, const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit);
   const std::vector<int>& columns() const;  // field numbers on show
 
-  // --- table view
+  // --- table view: the table's own (engine/table_view.h); others may stand beside it
+  TableView& view();
   void TABLE_FIELD_FORMAT(const FieldId& field, int width, std::string_view title, std::string_view format, bool sum_up, int alignment);
-  int ColumnWidth(int n) const;
+  int ColumnWidth(int n) const;  // 0 for a number that no field can have
   void ColumnWidth(int n, int width);
   std::string ColumnTitle(int n) const;
   void TABLE_SUMUP(bool flag);
   void TABLE_DRAW(Canvas& surface, int first_row, int first_column, bool show_header, const TableLook& look);
   int TABLE_ROWS() const;
+  // Whether another workstation changed the table since; clears that mark.
   bool TABLE_REFRESH();
+  // Mode 0 makes the cell under a point and its record current; any other finds the lowest cell of the column that was clicked last.
   bool TABLE_CLICK(int mode, int x, int y, int& left, int& top, int& width, int& height);
-  int TABLE_COLUMN(int x, int y) const;
+  int TABLE_COLUMN(int x, int y) const;                                        // -1 for none
   int CELL_GOTO(int direction, int& left, int& top, int& width, int& height);  // the status
   int MAX_ROWS() const;
   int MAX_COLUMNS() const;
-  bool HideTSelectRow = false;
+  bool HideTSelectRow() const;
+  void HideTSelectRow(bool hide);
   const std::vector<TableCell>& cells() const;
   int clicked_field() const;
   // Text of a cell as the view shows it: row from 1 in the selection, field number.
   std::string CellText(int row, int field, const TableLook& look);
 
   // --- form binding
-  void FORM_CONNECT(Form& form);
+  // The form whose fields FORM_OBJECT_ADD binds; the one before is let go as it stands.
+  void FORM_CONNECT(Modal& form);
+  // Clears the bound fields and lets go of them and of the form.
   void FORM_DISCONNECT();
-  void FORM_OBJECT_ADD(Control& control, const FieldId& field);
-  void FORM_REFRESH();
-  void FORM_SAVE();
+  // Takes no field of another form, and attachments for a field of that type alone. A list bound to a link is filled with its records.
+  void FORM_OBJECT_ADD(std::unique_ptr<BoundField> shown, const FieldId& field);
+  void FORM_REFRESH();  // fills the bound fields from the current record
+  void FORM_SAVE();     // copies their content into the buffer
 
   // --- attachments
   bool MEMO_ADD(const FieldId& field, const std::string& file);
@@ -210,6 +203,7 @@ class ClassQDBASE {
   bool DATABASE_EXPORT(const std::string& file, int format, bool all, char separator, char quote);
 
  private:
+  friend class TableView;
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "engine/bound_field.h"
 #include "engine/condition.h"
 #include "engine/field_layout.h"
 #include "engine/memo_file.h"
@@ -15,7 +16,7 @@
 #include "engine/record_list.h"
 #include "engine/table_file.h"
 #include "engine/table_header.h"
-#include "engine/table_painter.h"
+#include "engine/table_view.h"
 
 namespace ostrinka {
 
@@ -25,25 +26,14 @@ struct LinkedTable {
   int field = 0;
 };
 
-struct TableViewState {
-  std::vector<ColumnFormat> columns = std::vector<ColumnFormat>(kMaxFields + 1);
-  std::vector<TableCell> cells;
-  std::vector<ColumnSpan> spans;
-  int current = -1;  // index into cells
-  int cells_per_row = 0, row_height = 0, surface_height = 0;
-  bool sum_up = false;
-  int clicked_field = 0, clicked_column = 0;
-};
-
-struct BoundControl {
-  Control* control = nullptr;
+struct BoundPlace {
+  std::unique_ptr<BoundField> shown;
   int field = 0;
 };
 
 struct FormBinding {
-  Form* form = nullptr;
-  bool connected = false;
-  std::vector<BoundControl> controls;
+  const Modal* form = nullptr;  // null while none is connected
+  std::vector<BoundPlace> places;
 };
 
 struct ClassQDBASE::State {
@@ -64,7 +54,6 @@ struct ClassQDBASE::State {
   bool settled = false;  // the table had records when its header was read: no other object can change its shape from then on
   RecordBuffer buffer;
   RecordList selection;
-  std::vector<int> columns;
   std::vector<LinkedTable> links;
   std::unique_ptr<MemoFile> memo;
   int32_t instance = 0;
@@ -73,7 +62,7 @@ struct ClassQDBASE::State {
   bool is_link = false;  // opened for the link field of another table
   int last_code = -1;
   std::string last_error;
-  TableViewState view;
+  TableView view;
   FormBinding binding;
 
   bool Fail(int code, std::string_view detail = {});
@@ -139,7 +128,6 @@ struct ClassQDBASE::State {
   Value ReadShown(int32_t record, int n);
 
   // --- selection (selection.cpp)
-  void ChooseColumns(const std::string& fields);
   std::vector<int32_t> Scan(const std::string& condition, bool ascending, int32_t first, int32_t last, Ordering* ordering);
   std::vector<int32_t> OrderKept(Ordering& ordering, bool descending);
   LinkReader Links();
@@ -158,18 +146,13 @@ struct ClassQDBASE::State {
   // --- attachments (attachments.cpp)
   int MemoField(const FieldId& id);
 
-  // --- table view (table_view.cpp)
-  std::string CellTextOf(int n, const char* record, const TableLook& look);
-  void DrawRows(TablePainter& painter, int first_row, int top, const TableLook& look);
-
   // --- form binding (form_binding.cpp)
-  void FillControls(int only_field);
-  void FillControl(const BoundControl& bound);
-  void FillMemoList(const BoundControl& bound);
-  void FillList(const BoundControl& bound);
-  void SaveControl(const BoundControl& bound);
+  void FillForm(int only_field);
+  void FillPlace(const BoundPlace& place);
+  void FillFiles(const BoundPlace& place);
+  void FillList(BoundField& list, int n);
   void RefreshForm() {
-    if (binding.connected) self.FORM_REFRESH();
+    if (binding.form) self.FORM_REFRESH();
   }
 
   // --- export (export.cpp)

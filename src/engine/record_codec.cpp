@@ -24,6 +24,7 @@ void PutText(const FieldDef& field, const Value& value, EncodeFor purpose, std::
   std::memcpy(record.data() + at, bytes.data(), std::min(bytes.size(), record.size() - at));
 }
 
+// Kept: saving takes what is no number for "none", adding refuses it.
 bool PutRecordNumber(const Value& value, EncodeFor purpose, char* to) {
   if (purpose == EncodeFor::kSave && !IsNumeric(value)) {
     StoreLe(to, int32_t{0});

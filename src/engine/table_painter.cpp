@@ -1,15 +1,11 @@
 #include "engine/table_painter.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "base/text.h"
 
 namespace ostrinka {
 namespace {
 
 constexpr double kTintRatio = 0.025, kChosenRatio = 0.25, kHeadRatio = 0.35;
-constexpr double kTahomaCell = 1.207;  // cell height by the size of the type
 
 Colour Mix(Colour first, Colour second, double ratio) {
   Colour result = 0;
@@ -23,39 +19,23 @@ Colour Mix(Colour first, Colour second, double ratio) {
 }  // namespace
 
 TablePainter::TablePainter(Canvas& surface, const TableLook& look)
-    : surface_(surface), look_(look), zoom_(std::clamp(look.zoom, 0.1, 10.0)) {
-  const double twips = look.twips_per_pixel > 0 ? look.twips_per_pixel : 15;
-  const double points = (1 + (15 - twips) * 0.05) * 8 * zoom_;
-  font_.face = "Tahoma";
-  font_.height = std::max(points * 20 / twips * kTahomaCell, 1.0);
-  row_height_ = static_cast<int>(std::ceil(surface_.TextHeight(font_))) + 3;
-}
+    : surface_(surface), look_(look), font_(GridFont(look)), row_height_(GridRowHeight(surface.TextHeight(font_))) {}
 
-std::vector<ColumnSpan> TablePainter::Columns(const std::vector<int>& fields, const std::vector<ColumnFormat>& formats, int first_column) {
-  std::vector<ColumnSpan> spans;
-  int left = 0;
-  for (int column = std::max(first_column, 0); column <= static_cast<int>(fields.size()) && left < surface_.Width(); ++column) {
-    const int field = column == 0 ? 0 : fields[static_cast<size_t>(column - 1)];
-    const int width = column == 0 ? static_cast<int>(surface_.TextWidth("00", font_)) + 4
-                                  : static_cast<int>(zoom_ * std::clamp(formats[static_cast<size_t>(field)].width, 0, 100000));
-    spans.push_back({column, field, left, width});
-    left += width;
-  }
-  return spans;
+int TablePainter::number_width() const {
+  return static_cast<int>(surface_.TextWidth("00", font_)) + 4;
 }
 
 void TablePainter::Background() {
   surface_.FillRect({0, 0, surface_.Width(), surface_.Height()}, look_.background);
 }
 
-void TablePainter::Header(const std::vector<ColumnSpan>& spans, const std::vector<ColumnFormat>& formats) {
-  const double height = row_height_;
+void TablePainter::Header(const GridGeometry& grid, const std::vector<ColumnFormat>& formats) {
+  const double height = grid.heads();
   surface_.FillRect({0, 0, surface_.Width(), height}, Mix(look_.background, look_.line, kHeadRatio));
-  for (const ColumnSpan& span : spans) {
+  for (const ColumnSpan& span : grid.columns()) {
     if (span.field == 0) continue;
     const ColumnFormat& format = formats[static_cast<size_t>(span.field)];
-    const TableCell head{span.column, span.left, 0, span.left + span.width - 2, row_height_ - 2, span.field, 0, 0};
-    Cell(head, format.title, format.alignment);
+    Cell(grid.Cell(span, 0), format.title, format.alignment);
   }
   surface_.DrawLine({0, height - 1}, {surface_.Width(), height - 1}, {look_.line});
 }
@@ -98,8 +78,8 @@ void TablePainter::Cell(const TableCell& cell, const std::string& text, int alig
   surface_.PopClip();
 }
 
-void TablePainter::Grid(const std::vector<ColumnSpan>& spans, int bottom) {
-  for (const ColumnSpan& span : spans) {
+void TablePainter::Lines(const GridGeometry& grid, int bottom) {
+  for (const ColumnSpan& span : grid.columns()) {
     const double x = span.left + span.width - 1;
     surface_.DrawLine({x, 0}, {x, static_cast<double>(bottom)}, {look_.line});
   }

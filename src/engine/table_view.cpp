@@ -1,6 +1,6 @@
-// The selection drawn as a grid: cells, columns, hit tests, moving from cell to cell.
+#include "engine/table_view.h"
+
 #include <algorithm>
-#include <cmath>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -9,13 +9,6 @@
 
 namespace ostrinka {
 namespace {
-
-void GiveRectangle(const TableCell& cell, int& left, int& top, int& width, int& height) {
-  left = cell.left;
-  top = cell.top;
-  width = cell.right - cell.left;
-  height = cell.bottom - cell.top;
-}
 
 enum CellDirection { kUp = 1, kDown = 2, kFirst = 3, kLeft = 4, kRight = 5, kLast = 6, kRowStart = 7 };
 enum CellStatus {
@@ -31,11 +24,47 @@ enum CellStatus {
 
 }  // namespace
 
-std::string ClassQDBASE::State::CellTextOf(int n, const char* record, const TableLook& look) {
-  const FieldDef& field = layout.field(n);
+TableView::TableView(ClassQDBASE& table) : table_(&table), formats_(kMaxFields + 1) {}
+
+void TableView::ShowColumns(std::string_view fields) {
+  const FieldLayout& layout = table_->state_->layout;
+  const std::string wanted = Upper(Trim(fields));
+  if (wanted == "~") return;
+  columns_.clear();
+  if (wanted == "!") return;
+  if (wanted.empty() || wanted == "*") {
+    for (int n = 1; n <= layout.count(); ++n) columns_.push_back(n);
+    return;
+  }
+  for (const std::string& name : Split(wanted, ',')) {
+    if (const int n = layout.Find(Trim(name))) columns_.push_back(n);
+  }
+}
+
+void TableView::ForgetLostColumns() {
+  std::erase_if(columns_, [&](int n) { return !table_->state_->layout.Has(n); });
+}
+
+void TableView::Format(const FieldId& field, const ColumnFormat& format) {
+  const int n = table_->state_->layout.Resolve(field.by_number() ? field : FieldId(ReplaceAll(field.name(), "@", "")));
+  if (n != 0) formats_[static_cast<size_t>(n)] = format;
+}
+
+const ColumnFormat& TableView::FormatOf(int field) const {
+  static const ColumnFormat none{.width = 0};
+  return field >= 0 && field <= kMaxFields ? formats_[static_cast<size_t>(field)] : none;
+}
+
+void TableView::Width(int field, int width) {
+  if (field >= 0 && field <= kMaxFields) formats_[static_cast<size_t>(field)].width = width;
+}
+
+std::string TableView::TextOf(int n, const char* record, const TableLook& look) const {
+  ClassQDBASE::State& s = *table_->state_;
+  const FieldDef& field = s.layout.field(n);
   Value value = DecodeField(field, record);
-  if (field.type == kLink) value = ShownValue(LinkValue(n, Int32Or0(value)));
-  const std::string& format = view.columns[static_cast<size_t>(n)].format;
+  if (field.type == kLink) value = ShownValue(s.LinkValue(n, Int32Or0(value)));
+  const std::string& format = formats_[static_cast<size_t>(n)].format;
   if (const bool* flag = std::get_if<bool>(&value); flag && format.empty()) return *flag ? look.true_text : look.false_text;
   if (const Date* date = std::get_if<Date>(&value); date && (date->days() == 0 || !date->IsValid())) return {};
   std::string text = IsText(value) || format.empty() ? ToText(value) : FormatNumber(value, format);
@@ -46,149 +75,116 @@ std::string ClassQDBASE::State::CellTextOf(int n, const char* record, const Tabl
   return Trim(text);
 }
 
-std::string ClassQDBASE::CellText(int row, int field, const TableLook& look) {
-  State& s = *state_;
+std::string TableView::CellText(int row, int field, const TableLook& look) {
+  ClassQDBASE::State& s = *table_->state_;
   const auto& entries = s.selection.entries();
   if (row < 1 || static_cast<size_t>(row) > entries.size()) return {};
   if (field == 0) return std::to_string(row);
   std::string record;
   const int32_t n = entries[static_cast<size_t>(row - 1)];
   if (!s.layout.Has(field) || !s.InRange(n) || !s.ReadRecord(n, record)) return {};
-  return s.CellTextOf(field, record.data(), look);
+  return TextOf(field, record.data(), look);
 }
 
-void ClassQDBASE::TABLE_FIELD_FORMAT(const FieldId& field, int width, std::string_view title, std::string_view format, bool sum_up,
-                                     int alignment) {
-  State& s = *state_;
-  s.Debug("TABLE_FIELD_FORMAT(", field.by_number() ? std::to_string(field.number()) : field.name(), ", ", std::to_string(width), ", ",
-          std::string(title), ", ", std::string(format), ")");
-  const int n = s.layout.Resolve(field.by_number() ? field : FieldId(ReplaceAll(field.name(), "@", "")));
-  if (n != 0) s.view.columns[static_cast<size_t>(n)] = {width, std::string(title), std::string(format), sum_up, alignment};
+GridGeometry TableView::Layout(const TableLook& look, const GridSurface& surface, int first_column) const {
+  GridGeometry grid(surface);
+  for (int column = std::max(first_column, 0); column <= static_cast<int>(columns_.size()) && grid.right() < surface.right; ++column) {
+    const int field = column == 0 ? 0 : columns_[static_cast<size_t>(column - 1)];
+    grid.Add(column, field, column == 0 ? surface.number_width : GridColumnWidth(look, column, formats_[static_cast<size_t>(field)].width));
+  }
+  return grid;
 }
 
-int ClassQDBASE::ColumnWidth(int n) const {
-  return n >= 0 && n <= kMaxFields ? state_->view.columns[static_cast<size_t>(n)].width : 0;
-}
-
-void ClassQDBASE::ColumnWidth(int n, int width) {
-  if (n >= 0 && n <= kMaxFields) state_->view.columns[static_cast<size_t>(n)].width = width;
-}
-
-std::string ClassQDBASE::ColumnTitle(int n) const {
-  return n >= 0 && n <= kMaxFields ? state_->view.columns[static_cast<size_t>(n)].title : std::string();
-}
-
-void ClassQDBASE::TABLE_SUMUP(bool flag) {
-  state_->view.sum_up = flag;
-}
-
-void ClassQDBASE::TABLE_DRAW(Canvas& surface, int first_row, int first_column, bool show_header, const TableLook& look) {
-  State& s = *state_;
-  TableViewState& view = s.view;
+void TableView::Draw(Canvas& surface, int first_row, int first_column, bool heads, const TableLook& look) {
   TablePainter painter(surface, look);
-  view.cells.clear();
-  view.spans.clear();
-  view.cells_per_row = 0;
-  view.row_height = painter.row_height();
-  view.surface_height = static_cast<int>(surface.Height());
+  cells_.clear();
   painter.Background();
-  if (s.path.empty() || s.columns.empty()) return;
-  view.spans = painter.Columns(s.columns, view.columns, first_column);
-  view.cells_per_row = static_cast<int>(view.spans.size());
-  int top = 0;
-  if (show_header) {
-    painter.Header(view.spans, view.columns);
-    top = view.row_height;
-  }
-  s.CountRecords();
-  s.DrawRows(painter, std::max(first_row, 1), top + 5, look);
+  ForgetLostColumns();
+  GridSurface room{painter.row_height(), surface.Height(), surface.Width(), 0, painter.number_width(), heads};
+  if (table_->state_->path.empty() || columns_.empty()) room.right = 0;  // no column
+  grid_ = Layout(look, room, first_column);
+  if (grid_.columns().empty()) return;
+  if (heads) painter.Header(grid_, formats_);
+  table_->state_->CountRecords();
+  DrawRows(painter, std::max(first_row, 1), look);
 }
 
-void ClassQDBASE::State::DrawRows(TablePainter& painter, int first_row, int top, const TableLook& look) {
-  const std::vector<int32_t>& entries = selection.entries();
+void TableView::DrawRows(TablePainter& painter, int first_row, const TableLook& look) {
+  ClassQDBASE::State& s = *table_->state_;
+  const std::vector<int32_t>& entries = s.selection.entries();
+  const int bottom = static_cast<int>(grid_.height());
   std::string record;
-  for (size_t i = static_cast<size_t>(first_row); i <= entries.size() && top < view.surface_height; ++i) {
+  int top = grid_.RowTop(0);
+  for (size_t i = static_cast<size_t>(first_row); i <= entries.size() && top < bottom; ++i) {
     const int32_t n = entries[i - 1];
-    if (n < 1 || n > count || !ReadRecord(n, record) || record[0] != 0) continue;
-    const bool chosen = n == current && !self.HideTSelectRow;
-    painter.RowGround(top, i % 2 == 0, chosen);
+    if (n < 1 || n > s.count || !s.ReadRecord(n, record) || record[0] != 0) continue;
+    painter.RowGround(top, i % 2 == 0, n == s.current && !hide_current_row);
     int position = 0;
-    for (const ColumnSpan& span : view.spans) {
-      const TableCell cell{span.column, span.left, top, span.left + span.width - 2, top + view.row_height - 2, span.field, n, ++position};
-      view.cells.push_back(cell);
-      const std::string text = span.field == 0 ? std::to_string(i) : CellTextOf(span.field, record.data(), look);
-      painter.Cell(cell, text, view.columns[static_cast<size_t>(span.field)].alignment);
+    for (const ColumnSpan& span : grid_.columns()) {
+      TableCell& cell = cells_.emplace_back(grid_.Cell(span, top));
+      cell.record = n;
+      cell.position = ++position;
+      painter.Cell(cell, span.field == 0 ? std::to_string(i) : TextOf(span.field, record.data(), look),
+                   formats_[static_cast<size_t>(span.field)].alignment);
     }
-    top += view.row_height;
+    top += grid_.row_height();
   }
-  painter.Grid(view.spans, top);
-  if (view.current >= static_cast<int>(view.cells.size())) view.current = static_cast<int>(view.cells.size()) - 1;
+  painter.Lines(grid_, top);
+  current_ = std::min(current_, static_cast<int>(cells_.size()) - 1);
 }
 
-int ClassQDBASE::TABLE_ROWS() const {
-  const TableViewState& view = state_->view;
-  return view.row_height > 0 ? std::max(view.surface_height / view.row_height - 1, 0) : 0;
-}
-
-bool ClassQDBASE::TABLE_REFRESH() {
-  State& s = *state_;
-  if (!s.file.IsOpen() || !s.ReadyToWrite() || !s.ReadHeaderAgain()) return false;
-  bool refresh = false;
-  if (s.login_slot >= 1 && s.login_slot <= s.header.user_count()) {
-    UserSlot user = s.header.User(s.login_slot);
-    if (user.changed != 0) {
-      user.changed = 0;
-      s.header.SetUser(s.login_slot, user);
-      refresh = true;
-    }
-  }
-  if (s.header.change_stamp() > 0 && s.header.change_stamp() != s.instance) {
-    s.header.SetChangeStamp(0);
-    refresh = true;
-  }
-  s.WriteHeader();
-  return refresh;
-}
-
-bool ClassQDBASE::TABLE_CLICK(int mode, int x, int y, int& left, int& top, int& width, int& height) {
-  State& s = *state_;
-  TableViewState& view = s.view;
-  if (mode != 0) {
-    const auto cell =
-        std::find_if(view.cells.rbegin(), view.cells.rend(), [&](const TableCell& c) { return c.column == view.clicked_column; });
-    if (cell == view.cells.rend()) return false;
-    GiveRectangle(*cell, left, top, width, height);
-    return true;
-  }
-  for (size_t i = 0; i < view.cells.size(); ++i) {
-    const TableCell& cell = view.cells[i];
-    if (x < cell.left || x > cell.right + 1 || y < cell.top || y > cell.bottom + 1) continue;
-    view.current = static_cast<int>(i);
-    view.clicked_field = cell.field;
-    view.clicked_column = cell.column;
-    GiveRectangle(cell, left, top, width, height);
-    RECORD_POSITION(cell.record);
-    return true;
-  }
-  return false;
-}
-
-int ClassQDBASE::TABLE_COLUMN(int x, int y) const {
-  if (y < 0 || y > state_->view.surface_height) return -1;
-  for (const ColumnSpan& span : state_->view.spans) {
-    if (x >= span.left && x < span.left + span.width) return span.column;
+int TableView::RowsAbove(int32_t record, int first_row, int most) {
+  const std::vector<int32_t>& entries = table_->selection();
+  int above = 0;
+  for (size_t i = static_cast<size_t>(std::max(first_row, 1) - 1); i < entries.size() && above < most; ++i) {
+    if (entries[i] == record) return above;
+    if (table_->RECORD_EXIST(entries[i])) ++above;
   }
   return -1;
 }
 
-int ClassQDBASE::CELL_GOTO(int direction, int& left, int& top, int& width, int& height) {
-  State& s = *state_;
-  const std::vector<TableCell>& cells = s.view.cells;
-  const int count = static_cast<int>(cells.size()), row = s.view.cells_per_row;
-  if (count == 0) return kMoved;
-  const int from = std::clamp(s.view.current, 0, count - 1);
-  const TableCell& cell = cells[static_cast<size_t>(from)];
-  int to = from, status = kMoved;
+int TableView::Rows() const {
+  // Kept: one row less than the surface holds, with heads or without.
+  return grid_.row_height() > 0 ? std::max(static_cast<int>(grid_.height()) / grid_.row_height() - 1, 0) : 0;
+}
+
+const TableCell* TableView::CellAt(double x, double y) const {
+  const auto found = std::find_if(cells_.begin(), cells_.end(), [&](const TableCell& cell) { return cell.Holds(x, y); });
+  return found == cells_.end() ? nullptr : &*found;
+}
+
+const TableCell* TableView::RowAt(double y) const {
+  const auto found = std::find_if(cells_.begin(), cells_.end(), [&](const TableCell& cell) { return cell.HoldsHeight(y); });
+  return found == cells_.end() ? nullptr : &*found;
+}
+
+const TableCell* TableView::Click(int x, int y) {
+  const TableCell* cell = CellAt(x, y);
+  if (!cell) return nullptr;
+  current_ = static_cast<int>(cell - cells_.data());
+  clicked_field_ = cell->field;
+  clicked_column_ = cell->column;
+  table_->RECORD_POSITION(cell->record);
+  return cell;
+}
+
+const TableCell* TableView::LastOfClickedColumn() const {
+  const auto found = std::find_if(cells_.rbegin(), cells_.rend(), [&](const TableCell& cell) { return cell.column == clicked_column_; });
+  return found == cells_.rend() ? nullptr : &*found;
+}
+
+int TableView::ColumnAt(int x, int y) const {
+  const ColumnSpan* span = y < 0 || y > static_cast<int>(grid_.height()) ? nullptr : grid_.ColumnAt(x);
+  return span ? span->column : -1;
+}
+
+const TableCell* TableView::Go(int direction, int& status) {
+  const int count = static_cast<int>(cells_.size()), row = static_cast<int>(grid_.columns().size());
+  status = kMoved;
+  if (count == 0) return nullptr;
+  const int from = std::clamp(current_, 0, count - 1);
+  const TableCell& cell = cells_[static_cast<size_t>(from)];
+  int to = from;
   switch (direction) {
     case kUp:
       to = from - row;
@@ -206,7 +202,7 @@ int ClassQDBASE::CELL_GOTO(int direction, int& left, int& top, int& width, int& 
       if (cell.position < row) {
         to = from + 1;
       } else {
-        status = static_cast<size_t>(cell.column) < s.columns.size() ? kMoreColumns : kRowEnd;
+        status = static_cast<size_t>(cell.column) < columns_.size() ? kMoreColumns : kRowEnd;
       }
       break;
     case kLast:
@@ -220,24 +216,10 @@ int ClassQDBASE::CELL_GOTO(int direction, int& left, int& top, int& width, int& 
   }
   if (to < 0) to = from, status = kTopReached;
   if (to >= count) to = from, status = kBottomReached;
-  s.view.current = to;
-  const TableCell& reached = cells[static_cast<size_t>(to)];
-  GiveRectangle(reached, left, top, width, height);
-  RECORD_POSITION(reached.record);
-  return status;
-}
-
-int ClassQDBASE::MAX_ROWS() const {
-  return static_cast<int>(state_->selection.size());
-}
-int ClassQDBASE::MAX_COLUMNS() const {
-  return static_cast<int>(state_->columns.size());
-}
-const std::vector<TableCell>& ClassQDBASE::cells() const {
-  return state_->view.cells;
-}
-int ClassQDBASE::clicked_field() const {
-  return state_->view.clicked_field;
+  current_ = to;
+  const TableCell& reached = cells_[static_cast<size_t>(to)];
+  table_->RECORD_POSITION(reached.record);
+  return &reached;
 }
 
 }  // namespace ostrinka

@@ -70,7 +70,7 @@ bool ClassQDBASE::USER_ADD(std::string_view name, std::string_view password, int
 
 bool ClassQDBASE::USER_DELETE(int n) {
   State& s = *state_;
-  if (!s.IsOwner()) return s.Fail(35, kDenied);
+  if (!s.IsOwner()) return s.Fail(35, kDenied);  // kept: the code of adding one, which callers know as "no right"
   if (!s.ReadyToWrite() || !s.ReadHeaderAgain()) return s.Fail(37);
   if (n < 1 || n > USER_COUNT() || USER_COUNT() == 1 || n == s.login_slot) return s.Fail(37);
   s.header.RemoveUser(n);

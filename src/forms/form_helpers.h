@@ -48,6 +48,4 @@ std::vector<Control*> ControlsOf(std::array<ControlType, N>& controls) {
   return list;
 }
 
-inline constexpr int kEnterKey = 13;
-
 }  // namespace ostrinka

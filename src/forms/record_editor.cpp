@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "company/tables.h"
+#include "forms/bound_control.h"
 
 namespace ostrinka {
 
@@ -66,7 +67,7 @@ void RecordEditor::Ready() {
 }
 
 bool RecordEditor::UserKey(int code, bool ctrl) {
-  if (code != kEnterKey || !ctrl) return false;
+  if (code != kKeyEnter || !ctrl) return false;
   if (focus()) focus()->UserLeave();
   btnSave.UserPress();
   return true;
@@ -132,7 +133,7 @@ void RecordEditor::Bind() {
   ClassQDBASE& records = table();
   records.RECORD_POSITION(RecordNo);
   records.FORM_CONNECT(*this);
-  records.FORM_OBJECT_ADD(memoCONTROL_, "MEMO_");
+  records.FORM_OBJECT_ADD(Bound(memoCONTROL_), "MEMO_");
   records.FORM_REFRESH();
   bound_ = true;
 }

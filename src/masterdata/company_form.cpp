@@ -78,7 +78,7 @@ void frm_Admin_usr_::save_() {
 }
 
 bool frm_Admin_usr_::UserKey(int code, bool ctrl) {
-  if (code != kEnterKey || !ctrl) return false;
+  if (code != kKeyEnter || !ctrl) return false;
   if (focus()) focus()->UserLeave();
   btnSave.UserPress();
   return true;

@@ -10,7 +10,6 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kUpKey = 38, kDownKey = 40;
 constexpr char kShownFields[] = "KONTO_INDYW_OK, KONTO_INDYW_RACH, NAZWA, NIP, ULICA, NR_DOMU, NR_LOKALU, MIEJSCOWOSC";
 constexpr char kFlag[] = "KONTO_INDYW_OK", kAccount[] = "KONTO_INDYW_RACH";
 
@@ -114,11 +113,11 @@ void frm_Admin_usr_konta_::MoveRow(int step) {
 bool frm_Admin_usr_konta_::UserKey(int code, bool ctrl) {
   if (ctrl || focus() == &btnClose) return false;
   const bool in_account = focus() == &txtKontoIndywidualne;
-  if (!in_account && (code == kUpKey || code == kDownKey)) {
-    MoveRow(code == kUpKey ? -1 : 1);
+  if (!in_account && (code == kKeyUp || code == kKeyDown)) {
+    MoveRow(code == kKeyUp ? -1 : 1);
     return true;
   }
-  if (code != kEnterKey) return false;
+  if (code != kKeyEnter) return false;
   const bool last = rows_.CurrentRow() >= rows_.Rows();
   if (in_account) MoveRow(1);
   SetFocus(shown_ == 0 || (in_account && last) ? txtZnajdź : txtKontoIndywidualne);

@@ -5,7 +5,7 @@
 
 #include "controls/form.h"
 #include "documents/private_table.h"
-#include "engine/table_source.h"
+#include "forms/table_source.h"
 
 namespace ostrinka {
 

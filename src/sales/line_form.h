@@ -8,7 +8,7 @@
 
 #include "documents/lines.h"
 #include "documents/private_table.h"
-#include "engine/table_source.h"
+#include "forms/table_source.h"
 
 namespace ostrinka {
 

@@ -11,8 +11,6 @@ namespace ostrinka {
 
 namespace {
 
-constexpr int kEnter = 13, kUp = 38, kDown = 40;
-
 struct PriceFields {
   const char* key;
   const char* net;
@@ -262,11 +260,11 @@ bool frm_Dok_add_TU::ArticleChanged() const {
 bool frm_Dok_add_TU::UserKey(int code, bool ctrl) {
   const bool catalogue = page() == "STD" && tuType.Value() == kCatalogue;
   const bool in_list = focus() == &txtTU || focus() == &picTU;
-  if (!ctrl && catalogue && in_list && (code == kUp || code == kDown)) {
-    MoveRow(code == kUp ? -1 : 1);
+  if (!ctrl && catalogue && in_list && (code == kKeyUp || code == kKeyDown)) {
+    MoveRow(code == kKeyUp ? -1 : 1);
     return true;
   }
-  if (code != kEnter) return false;
+  if (code != kKeyEnter) return false;
   if (!ctrl && catalogue && in_list) {
     if (Article >= 1) SetFocus(txtIlość);
     return true;

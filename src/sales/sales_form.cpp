@@ -13,7 +13,6 @@ namespace ostrinka {
 
 namespace {
 
-constexpr int kEnter = 13, kInsert = 45, kDelete = 46, kF2 = 113;
 constexpr int32_t kPaid = 1, kFreeAddress = 2;
 
 }  // namespace
@@ -345,11 +344,11 @@ void frm_Dok_sprzed::AddCustomer(ComboControl& list) {
 bool frm_Dok_sprzed::UserKey(int code, bool ctrl) {
   const bool typing = focus() && focus()->kind() == ControlKind::kTextBox;
   ButtonControl* button = nullptr;
-  if (code == kEnter && ctrl) button = &btnSave;
-  if (code == kEnter && !ctrl && focus() == &SQL_Pic) button = &btnEdit;
-  if (code == kInsert && !ctrl) button = &btnAdd;
-  if (code == kF2 && !ctrl) button = &btnEdit;
-  if (code == kDelete && !ctrl && !typing) button = &btnRemove;
+  if (code == kKeyEnter && ctrl) button = &btnSave;
+  if (code == kKeyEnter && !ctrl && focus() == &SQL_Pic) button = &btnEdit;
+  if (code == kKeyInsert && !ctrl) button = &btnAdd;
+  if (code == kKeyF2 && !ctrl) button = &btnEdit;
+  if (code == kKeyDelete && !ctrl && !typing) button = &btnRemove;
   if (!button) return false;
   if (focus()) focus()->UserLeave();
   button->UserPress();

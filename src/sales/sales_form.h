@@ -10,7 +10,7 @@
 
 #include "documents/arithmetic.h"
 #include "documents/lines.h"
-#include "engine/table_source.h"
+#include "forms/table_source.h"
 
 namespace ostrinka {
 

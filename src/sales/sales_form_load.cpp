@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "company/tables.h"
 #include "documents/numbering.h"
+#include "forms/bound_control.h"
 #include "forms/form_helpers.h"
 #include "forms/list_choice.h"
 #include "sales/sales_form.h"
@@ -235,7 +236,7 @@ void frm_Dok_sprzed::Bind() {
   if (!documents.IsOpen()) return;
   documents.RECORD_POSITION(record_);
   documents.FORM_CONNECT(*this);
-  documents.FORM_OBJECT_ADD(memoCONTROL, "MEMO_");
+  documents.FORM_OBJECT_ADD(Bound(memoCONTROL), "MEMO_");
   documents.FORM_REFRESH();
   bound_ = true;
 }

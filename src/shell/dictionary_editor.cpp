@@ -147,7 +147,7 @@ bool DictionaryEditor::OpenList(int32_t record, int column) {
   table.RECORD_POSITION(record);
   if (!table.RECORD_LOAD(record)) return false;
   table.FORM_CONNECT(*this);
-  table.FORM_OBJECT_ADD(txtLink, FieldOf(column));
+  table.FORM_OBJECT_ADD(Bound(txtLink), FieldOf(column));
   table.FORM_REFRESH();
   cell_ = Cell::kList;
   record_ = record;
@@ -240,29 +240,28 @@ void DictionaryEditor::OtherRow(int rows) {
 }
 
 bool DictionaryEditor::UserKey(int code, bool) {
-  enum { kTab = 9, kEnter = 13, kEscape = 27, kEnd = 35, kHome, kLeft, kUp, kRight, kDown, kDelete = 46 };
   if (cell_ == Cell::kNone) return false;
   switch (code) {
-    case kTab:
-    case kEnter:
+    case kKeyTab:
+    case kKeyEnter:
       NextCell(true);
       return true;
-    case kEscape:
+    case kKeyEscape:
       Cancel();
       return true;
-    case kUp:
+    case kKeyUp:
       OtherRow(-1);
       return true;
-    case kDown:
+    case kKeyDown:
       OtherRow(1);
       return true;
-    case kDelete:
+    case kKeyDelete:
       if (chosen_ && cell_ == Cell::kText) txtEdit.UserSet("");
       return true;
-    case kEnd:
-    case kHome:
-    case kLeft:
-    case kRight:
+    case kKeyEnd:
+    case kKeyHome:
+    case kKeyLeft:
+    case kKeyRight:
       chosen_ = false;
       return true;
     default:

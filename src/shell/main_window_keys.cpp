@@ -1,15 +1,13 @@
 // The keys of the main window.
 #include <algorithm>
 
+#include "controls/key_codes.h"
 #include "shell/commands.h"
 #include "shell/main_window.h"
 #include "shell/tabs.h"
 
 namespace ostrinka {
 namespace {
-
-constexpr int kEnter = 13, kAlt = 18, kBlank = 32, kPageUp = 33, kPageDown = 34, kEnd = 35, kDown = 40, kInsert = 45, kDelete = 46,
-              kF1 = 112, kF5 = 116;
 
 // What a letter does after Alt: the tab that comes to the front, and the command that runs there.
 struct AltKey {
@@ -23,7 +21,7 @@ constexpr AltKey kLetters[] = {
 }  // namespace
 
 bool MainWindow::UserKey(int code) {
-  if (code == kAlt) {
+  if (code == kKeyAlt) {
     ribbon.AltState(!ribbon.AltState());
     return true;
   }
@@ -31,13 +29,13 @@ bool MainWindow::UserKey(int code) {
   if (dictionary.UserKey(code, false)) return true;
   dictionary.VSC_GOTO_END_();
   const bool dictionaries = list.CurrentTable == kDictionariesTab;
-  if (code == kBlank) return dictionaries && dictionary.ChangeMark(list.DictionaryTable, list.CurrentRecord(list.DictionaryTable));
-  if (code == kEnter) return RunRecordCommand(".EDYTUJ");
-  if (code == kInsert) return RunRecordCommand(".DODAJ");
-  if (code == kDelete) return RunRecordCommand(".USUŃ");
-  if (code == kF1) return Run("HELP", -1);
-  if (code >= kF5 && code < kF5 + static_cast<int>(Tabs().size())) return UserTab(Tabs()[static_cast<size_t>(code - kF5)].key);
-  return code >= kPageUp && code <= kDown && MoveKey(code);
+  if (code == kKeyBlank) return dictionaries && dictionary.ChangeMark(list.DictionaryTable, list.CurrentRecord(list.DictionaryTable));
+  if (code == kKeyEnter) return RunRecordCommand(".EDYTUJ");
+  if (code == kKeyInsert) return RunRecordCommand(".DODAJ");
+  if (code == kKeyDelete) return RunRecordCommand(".USUŃ");
+  if (code == kKeyF1) return Run("HELP", -1);
+  if (code >= kKeyF5 && code < kKeyF5 + static_cast<int>(Tabs().size())) return UserTab(Tabs()[static_cast<size_t>(code - kKeyF5)].key);
+  return code >= kKeyPageUp && code <= kKeyDown && MoveKey(code);
 }
 
 // A report has no records to work on.
@@ -61,16 +59,16 @@ bool MainWindow::AltLetter(int code) {
 bool MainWindow::MoveKey(int code) {
   ClassQDBASE* table = list.Table();
   if (!table) return false;
-  if (code == kPageUp || code == kPageDown) {
+  if (code == kKeyPageUp || code == kKeyPageDown) {
     // A page is what the last drawing had room for.
     const auto& rows = table->selection();
     const auto here = std::find(rows.begin(), rows.end(), table->RECORD_POSITION());
     const int row = here == rows.end() ? 1 : static_cast<int>(here - rows.begin()) + 1;
     const int page = std::max(table->TABLE_ROWS(), 1);
-    return UserRow(std::clamp(code == kPageUp ? row - page : row + page, 1, std::max(table->MAX_ROWS(), 1)));
+    return UserRow(std::clamp(code == kKeyPageUp ? row - page : row + page, 1, std::max(table->MAX_ROWS(), 1)));
   }
   constexpr int kArrows[] = {3, 0, 1, 1, 2, 2};  // of End, Home, left, up, right, down
-  list.Move(list.TableNumber(), kArrows[code - kEnd]);
+  list.Move(list.TableNumber(), kArrows[code - kKeyEnd]);
   ref_();
   return true;
 }

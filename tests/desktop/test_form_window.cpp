@@ -18,8 +18,6 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kEnter = 13, kInsert = 45, kDelete = 46;
-
 class ThreeRows : public TableSource {
  public:
   int current = 1;
@@ -28,7 +26,9 @@ class ThreeRows : public TableSource {
   std::string CellText(int row, int) override { return "row " + std::to_string(row); }
   int CurrentRow() override { return current; }
   void SelectRow(int row) override { current = row; }
-  void Draw(Canvas& canvas, int, int, double) override { canvas.FillRect({0, 0, canvas.Width(), canvas.Height()}, 0xFFFFFF); }
+  void Draw(Canvas& canvas, int, int, double, const std::vector<int>&) override {
+    canvas.FillRect({0, 0, canvas.Width(), canvas.Height()}, 0xFFFFFF);
+  }
   // A head of 20 and rows of 20.
   bool HitTest(double, double y, int& row, int& column) override {
     row = static_cast<int>(y / 20);
@@ -198,17 +198,17 @@ TEST_F(FormWindowTest, EnterPressesTheDefaultButtonOnceTheFieldIsLeft) {
 
 TEST_F(FormWindowTest, TheFormTakesKeysThatItsFieldsDoNotNeed) {
   Open(sampler);
-  sampler.takes_key = kEnter;
+  sampler.takes_key = kKeyEnter;
   Enter(sampler.name);
   Press(Qt::Key_Return, Qt::ControlModifier);
   Press(Qt::Key_Insert);
   Press(Qt::Key_Delete);
   Press(Qt::Key_Home);
-  EXPECT_EQ(sampler.keys, (std::vector<int>{-kEnter, kInsert})) << "Delete and Home belong to the text";
+  EXPECT_EQ(sampler.keys, (std::vector<int>{-kKeyEnter, kKeyInsert})) << "Delete and Home belong to the text";
   EXPECT_EQ(Focus(), "name") << "a key that the form took moves nothing";
   Enter(sampler.table);
   Press(Qt::Key_Delete);
-  EXPECT_EQ(sampler.keys.back(), kDelete);
+  EXPECT_EQ(sampler.keys.back(), kKeyDelete);
   EXPECT_EQ(sampler.keys.size(), 3U) << "each key is asked once";
 }
 
@@ -354,6 +354,33 @@ TEST_F(FormWindowTest, RunReturnsWhenTheFormClosesAndFormsStandInsideEachOther) 
   outer.Run();
   EXPECT_FALSE(inner.IsOpen());
   EXPECT_FALSE(sampler.IsOpen());
+}
+
+TEST_F(FormWindowTest, AWindowThatIsGoneListensNoMore) {
+  Sampler again;
+  for (int time = 0; time < 3; ++time) {
+    Open(again);
+    EXPECT_TRUE(again.Repaint.IsHeard() && again.Closed.IsHeard() && again.name.Repaint.IsHeard());
+    window.reset();
+    EXPECT_FALSE(again.Repaint.IsHeard() || again.Closed.IsHeard() || again.FocusAsked.IsHeard());
+    for (Control* control : again.controls()) EXPECT_FALSE(control->Repaint.IsHeard()) << control->name();
+    again.name.SetText("nobody looks");
+  }
+}
+
+TEST_F(FormWindowTest, ATableIsFittedForTheEyeAndKeptByTheHand) {
+  Open(sampler);
+  QApplication::processEvents();
+  EXPECT_EQ(sampler.rows.width, 100) << "drawn over the whole width, kept as it was";
+  QWidget& surface = *static_cast<QAbstractScrollArea&>(At(sampler.table)).viewport();
+  const QPoint border(surface.width() - 1, 5);
+  SendMouse(surface, QEvent::MouseButtonPress, border);
+  SendMouse(surface, QEvent::MouseMove, border - QPoint(90, 0));
+  SendMouse(surface, QEvent::MouseButtonRelease, border - QPoint(90, 0));
+  EXPECT_NEAR(sampler.rows.width, (surface.width() - 90) / 1.125, 8);
+  window->resize(window->width() + 100, window->height());
+  QApplication::processEvents();
+  EXPECT_NEAR(sampler.rows.width, (surface.width() - 190) / 1.125, 8) << "from then on the person's";
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "support/failing_files.h"
 #include "engine/table_fixture.h"
+#include "support/failing_files.h"
 
 namespace ostrinka {
 namespace {
@@ -255,6 +255,21 @@ TEST_F(AttachmentTest, WhatWasOpenedLiesInAFolderOfTheUsersOwnAndIsGoneAtTheEnd)
     EXPECT_EQ(Bytes(file), "aaaa");
   }
   EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(file).parent_path()));
+}
+
+TEST_F(AttachmentTest, AHoleTakesOnlyWhatFitsIntoIt) {
+  Attach(1, "a", std::string(10, 'a'));
+  Attach(2, "b", "bbbb");
+  ASSERT_TRUE(table->RECORD_POSITION(1) && table->MEMO_DEL("PLIKI", 1));
+  const size_t size = Bytes(memo).size();
+  ASSERT_TRUE(Attach(1, "c", std::string(11, 'c')));
+  EXPECT_EQ(Bytes(memo).size(), size + 286 + 11) << "behind the others";
+  EXPECT_EQ(Opened(2, 2), "b: bbbb") << "not written over";
+  EXPECT_EQ(Opened(1, 3), "c: " + std::string(11, 'c'));
+  ASSERT_TRUE(Attach(1, "d", std::string(10, 'd')));
+  EXPECT_EQ(Bytes(memo).size(), size + 286 + 11) << "just as large as the hole";
+  EXPECT_EQ(Opened(1, 1), "d: " + std::string(10, 'd'));
+  EXPECT_EQ(Opened(2, 2), "b: bbbb");
 }
 
 }  // namespace

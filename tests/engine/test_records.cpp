@@ -91,6 +91,29 @@ TEST_F(TableTest, NullsInATextAreDroppedAndEmptyEntriesBecomeZero) {
   EXPECT_EQ(Bytes(path).substr(33807, 44), std::string(44, '\0'));
 }
 
+TEST_F(TableTest, NullsWithinATextEndItOnlyWhereNothingElseFollows) {
+  auto table = Create(path);
+  table->FIELD_ADD("A", kText, 4, "", "");
+  table->FIELD_ADD("B", kText, 4, "", "");
+  const struct {
+    std::string stored, shown;
+  } rows[] = {
+      {std::string("ab\0\0", 4), "ab"}, {std::string("a\0\0b", 4), "ab"}, {std::string("\0\0\0b", 4), "b"},
+      {std::string("abc\0", 4), "abc"}, {std::string("\0a\0\0", 4), "a"}, {std::string("abcd", 4), "abcd"},
+      {std::string("\0\0\0\0", 4), ""},
+  };
+  for (size_t i = 0; i < std::size(rows); ++i) table->RECORD_ADD({std::string(), std::string("zz")});
+  std::string bytes = Bytes(path);
+  for (size_t i = 0; i < std::size(rows); ++i) bytes.replace(33807 + i * 10 + 2, 4, rows[i].stored);
+  SetBytes(path, bytes);
+  for (int32_t n = 1; n <= static_cast<int32_t>(std::size(rows)); ++n) {
+    const std::string& shown = rows[static_cast<size_t>(n) - 1].shown;
+    ASSERT_TRUE(table->RECORD_LOAD(n));
+    EXPECT_EQ(table->Text("A") + "|" + table->Text("B"), shown + "|zz") << n;
+    EXPECT_EQ(table->SELECTION("~", "A = \"" + shown + "\"", "", ordAsc, n, n), 1) << n;
+  }
+}
+
 TEST_F(TableTest, AFailedLoadForgetsTheBufferSoThatASaveChangesNothing) {
   auto table = FilledGoods();
   const std::string before = Bytes(path);
@@ -183,6 +206,38 @@ TEST_F(TableTest, ARecordAddedIsKnownByItsNumberWhateverOthersAdd) {
   EXPECT_EQ(mine->RECORD_COUNT(), before + 2);
   EXPECT_EQ(mine->RECORD_ADDED(), before + 1);
   EXPECT_EQ(other->RECORD_ADDED(), before + 2);
+}
+
+TEST_F(TableTest, RecordsThatAnotherAddedCountAtOnce) {
+  auto mine = FilledGoods(), other = Open(path);
+  AddGoods(*other, "Hak", "1", 1, "2008-01-01");
+  ASSERT_TRUE(mine->RECORD_LOAD(6)) << "beyond what was counted last";
+  EXPECT_EQ(mine->Text("NAZWA"), "Hak");
+  EXPECT_TRUE(mine->RECORD_EXIST(6));
+  AddGoods(*other, "Gwóźdź", "1", 1, "2008-01-01");
+  ASSERT_TRUE(mine->RECORD_LOAD(1));
+  EXPECT_TRUE(mine->RECORD_POSITION(7)) << "what was read since may have brought it";
+  AddGoods(*other, "Wkręt", "1", 1, "2008-01-01");
+  ASSERT_TRUE(mine->RECORD_SHOW(8) && mine->RECORD_POSITION(5));
+  EXPECT_TRUE(mine->MOVE_NEXT());
+  EXPECT_EQ(mine->RECORD_POSITION(), 8);
+  EXPECT_FALSE(mine->RECORD_EXIST(9));
+  EXPECT_FALSE(mine->RECORD_LOAD(9));
+}
+
+TEST_F(TableTest, FromADeletedRecordTheNearestOneFollows) {
+  auto table = FilledGoods();
+  table->SELECTION("~", "ILOSC <> 10", "ILOSC", ordAsc);  // without the second
+  EXPECT_THAT(table->selection(), ElementsAre(4, 5, 1, 3));
+  ASSERT_TRUE(table->RECORD_POSITION(2) && table->RECORD_DELETE(2));
+  EXPECT_EQ(table->RECORD_POSITION(), 2) << "it was not among them";
+  EXPECT_TRUE(table->MOVE_NEXT());
+  EXPECT_EQ(table->RECORD_POSITION(), 3) << "the least entry above 2, not the first";
+  table->SELECTION("~", "ILOSC = 3 OR ILOSC = 1", "ILOSC", ordAsc);
+  EXPECT_THAT(table->selection(), ElementsAre(4, 1));
+  ASSERT_TRUE(table->RECORD_POSITION(5));
+  EXPECT_TRUE(table->MOVE_PREV());
+  EXPECT_EQ(table->RECORD_POSITION(), 4) << "the largest below 5";
 }
 
 TEST_F(TableTest, ANewRecordIsOutsideTheSelectionUntilShown) {

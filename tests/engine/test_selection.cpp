@@ -41,7 +41,8 @@ TEST_F(TableTest, ConditionsChooseRecords) {
       {"USLUGA = tak AND DATA = 2008-03-05 OR ILOSC = 3", {1, 5}},
       {"ILOSC=1 OR   ILOSC   =   2", {4, 5}},
       {"ILOSC == 1", {4}},
-      {"ILOSC >< 1", {}},  // no operator: the result stays false
+      {"ILOSC = = 1", {4}},  // the signs meet once the blank between them is gone
+      {"ILOSC >< 1", {}},    // no operator: the result stays false
       {"ILOSC = 1 OR ILOSC >< 7", {4}},
       {"ILOSC # 0", {2, 3}},  // 10 and 500
       {".ILOSC = 10", {2}},
@@ -236,6 +237,21 @@ TEST_F(TableTest, LaterPassesSeeWhatOthersWrite) {
   EXPECT_LT(found, kRecords);
   table->progress = nullptr;
   EXPECT_LT(table->SELECTION("*", "*", "", ordDesc), kRecords / 2);
+}
+
+TEST_F(TableTest, NumbersStandBeforeTextsInTheOrder) {
+  auto sizes = Create(surroundings.folder / "rozmiary.ovd");
+  sizes->FIELD_ADD("MM", kLong, 0, "", "");
+  for (const int size : {10, -3, 200}) sizes->RECORD_ADD({size});
+  auto table = Create(path);
+  table->FIELD_ADD("ROZMIAR", kLink, 0, "rozmiary.ovd", "MM");
+  for (const int target : {99, 3, 1, 98, 2}) table->RECORD_ADD({target});  // of no target a text is shown, the empty one
+  table->SELECTION("*", "*", "@ROZMIAR", ordAsc);
+  const std::vector<int32_t> rising = table->selection();
+  EXPECT_EQ(std::vector<int32_t>(rising.begin(), rising.begin() + 3), (std::vector<int32_t>{5, 3, 2}));
+  table->SELECTION("*", "*", "@ROZMIAR", ordDesc);
+  const std::vector<int32_t> falling = table->selection();
+  EXPECT_EQ(std::vector<int32_t>(falling.end() - 3, falling.end()), (std::vector<int32_t>{2, 3, 5}));
 }
 
 }  // namespace

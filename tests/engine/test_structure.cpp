@@ -142,51 +142,6 @@ TEST_F(TableTest, ALinkFieldIsOpenAsSoonAsItIsAddedAndMovesWithItsNumber) {
   EXPECT_EQ(table->Text("NAZWA"), "Łopata");
 }
 
-class FullDiskTest : public TableTest {
- protected:
-  FailingFileSystem files;
-  Platform platform = surroundings.With(files);
-  ClassQDBASE table{platform};
-  void SetUp() override {
-    FilledGoods();
-    ASSERT_TRUE(table.DATABASE_OPEN(path, "kreda", "kreda", false, true, false));
-  }
-};
-
-TEST_F(FullDiskTest, AnAddedRecordIsTakenBackWhole) {
-  const std::string before = Bytes(path);
-  for (const int64_t room : {0, 1, 20, 43}) {
-    files.room = room;
-    EXPECT_FALSE(table.RECORD_ADD({std::string("Hak")})) << room;
-    EXPECT_EQ(table.last_error(), "No space left on device < #No space left on device >");
-    EXPECT_TRUE(Bytes(path) == before);
-    EXPECT_EQ(table.RECORD_COUNT(), 5);
-  }
-  files.room = -1;
-  EXPECT_TRUE(table.RECORD_ADD({std::string("Hak")}));
-}
-
-TEST_F(FullDiskTest, AStructureChangeThatBreaksOffAnywhereLeavesTheTable) {
-  const std::string before = Bytes(path);
-  const int64_t old_size = static_cast<int64_t>(before.size()), new_size = old_size + 5 * 8;
-  for (const int64_t room : {int64_t{0}, old_size - 1, old_size + 100, old_size + new_size - 1}) {
-    files.room = room;
-    EXPECT_FALSE(table.FIELD_ADD("NOWE", kDouble, 0, "", "")) << room;
-    EXPECT_EQ(table.last_error(), "No space left on device < #No space left on device >");
-    EXPECT_TRUE(Bytes(path) == before) << room;
-    EXPECT_TRUE(table.IsOpen());
-    EXPECT_EQ(table.FIELD_COUNT(), 5);
-    EXPECT_TRUE(files.FileExists(path + ".temp"));
-  }
-  // Both companions and not a byte more; what the failed ones left goes first.
-  files.room = old_size + new_size;
-  files.steps.clear();
-  EXPECT_TRUE(table.FIELD_ADD("NOWE", kDouble, 0, "", ""));
-  EXPECT_EQ(Bytes(path).size(), static_cast<size_t>(new_size));
-  EXPECT_THAT(files.steps, ElementsAre("rename " + path, "rename " + path + ".try", "remove " + path + ".temp", "remove " + path + ".new",
-                                       "flush " + path + ".new", "remove " + path + ".temp", "rename " + path + ".new"));
-}
-
 TEST_F(TableTest, AWholeNewTableBesideOneThatIsGoneOrHeadlessTakesItsPlace) {
   FilledGoods();
   const std::string whole = Bytes(path);
@@ -229,16 +184,6 @@ TEST_F(TableTest, ALinkUnderTheNameOfACompanionIsNotFollowed) {
   std::filesystem::create_symlink(victim, path + ".memo.temp");
   EXPECT_TRUE(table->MEMO_FILE_COMPRESS_());
   EXPECT_EQ(Bytes(victim), "mine");
-}
-
-TEST_F(FullDiskTest, AReadOnlyFolderRefusesOpeningAndCreating) {
-  files.read_only = true;
-  ClassQDBASE other(platform);
-  EXPECT_FALSE(other.DATABASE_OPEN(path, "kreda", "kreda", false, false, false));
-  EXPECT_EQ(other.last_error_code(), 15);
-  EXPECT_FALSE(other.DATABASE_OPEN(surroundings.folder / "nowa.ovd", "kreda", "kreda", true, false, false));
-  EXPECT_EQ(other.last_error_code(), 0);
-  EXPECT_FALSE(other.IsOpen());
 }
 
 TEST_F(TableTest, ATableLeftUnderAnotherNameIsNeitherOverwrittenNorLost) {
@@ -336,6 +281,23 @@ TEST_F(TableTest, LeftOverCompanionsDoNotGetIntoTheNextChange) {
   ASSERT_TRUE(table->FIELD_ADD("NOWE", kDouble, 0, "", ""));
   EXPECT_EQ(table->RECORD_COUNT(), 5);
   EXPECT_EQ(Bytes(path).size(), 33807u + 5 * 52);
+}
+
+TEST_F(TableTest, AFieldIsDeletedByItsNameWhereAnotherPutIt) {
+  Goods();
+  auto first = Open(path), second = Open(path);
+  ASSERT_TRUE(second->FIELD_DELETE("NAZWA") && second->FIELD_ADD("UWAGI", kText, 10, "", ""));
+  ASSERT_TRUE(first->FIELD_DELETE("ILOSC"));
+  const auto names = [](ClassQDBASE& table) {
+    std::string all;
+    for (int n = 1; n <= table.FIELD_COUNT(); ++n) all += table.FIELD_NAME(n) + " ";
+    return all;
+  };
+  EXPECT_EQ(names(*first), "CENA DATA USLUGA UWAGI ");
+  EXPECT_EQ(names(*Open(path)), "CENA DATA USLUGA UWAGI ");
+  EXPECT_FALSE(first->FIELD_DELETE("NAZWA")) << "the other did that";
+  EXPECT_EQ(first->last_error(), "Can't read record < Invalid field name >");
+  EXPECT_EQ(names(*first), "CENA DATA USLUGA UWAGI ");
 }
 
 }  // namespace

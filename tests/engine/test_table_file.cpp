@@ -228,6 +228,23 @@ TEST_F(TableTest, RefreshClearsTheFlagAndTheStampOnce) {
   EXPECT_FALSE(table->TABLE_REFRESH());
 }
 
+TEST_F(TableTest, AChangeOfItsOwnIsNoneOfAnothers) {
+  TestRandom same;  // gives the first object of these surroundings its number too
+  const auto own = static_cast<int32_t>(same.Fraction() * 256 * 256 * 256);
+  auto table = Goods();
+  const auto stamped = [&](int32_t stamp) {
+    std::string bytes = Bytes(path);
+    StoreLe<int32_t>(&bytes[33799], stamp);
+    SetBytes(path, bytes);
+    return table->TABLE_REFRESH();
+  };
+  ASSERT_GT(own, 1);
+  EXPECT_FALSE(stamped(own));
+  EXPECT_EQ(LoadLe<int32_t>(Bytes(path).data() + 33799), own) << "left for the others to see";
+  EXPECT_TRUE(stamped(own - 1));
+  EXPECT_EQ(LoadLe<int32_t>(Bytes(path).data() + 33799), 0);
+}
+
 // Runs `body` in a second process and gives its answer.
 template <typename Body>
 int InAnotherProcess(Body body) {

@@ -1,5 +1,5 @@
-#include "controls/form.h"
 #include "engine/table_fixture.h"
+#include "engine/table_view.h"
 #include "platform/recording_canvas.h"
 
 namespace ostrinka {
@@ -145,78 +145,79 @@ TEST_F(TableViewTest, MovingFromCellToCell) {
   EXPECT_EQ(table->CELL_GOTO(5, l, t, w, h), 4) << "more columns than are on show";
 }
 
-class BoundForm : public Form {
- public:
-  TextBoxControl txtNazwa, txtObca;
-  ComboControl cmbGrupa;
-  CheckBoxControl chkUsluga;
-  CalendarControl calData;
-  MemoControl lstPliki;
-  BoundForm() : Form("frm_Test", "test.title") {
-    Register("txtNazwa", txtNazwa);
-    Register("cmbGrupa", cmbGrupa);
-    Register("chkUsluga", chkUsluga);
-    Register("calData", calData);
-    Register("lstPliki", lstPliki);
+TEST_F(TableViewTest, TwoViewsOfOneTableDoNotDisturbEachOther) {
+  Drawn();
+  const size_t cells = table->cells().size();
+  TableView other(*table);
+  other.ShowColumns("cena,brak,NAZWA");
+  other.Format("CENA", {50, "Price", "0.0", false, 1});
+  other.hide_current_row = true;
+  RecordingCanvas second(300, 60);
+  TableLook large = look;
+  large.zoom = 2;
+  other.Draw(second, 3, 1, true, large);
+  EXPECT_THAT(other.columns(), ElementsAre(2, 1));
+  ASSERT_EQ(other.cells().size(), 2u);
+  EXPECT_EQ(other.cells()[0].right, 98);
+  EXPECT_EQ(other.CellText(3, 2, look) + "|" + table->CellText(3, 2, look), "0,1|0,05");
+  EXPECT_THAT(table->columns(), ElementsAre(1, 2, 4, 5));
+  EXPECT_EQ(table->ColumnWidth(2), 70);
+  EXPECT_EQ(table->ColumnTitle(2), "Cena");
+  EXPECT_EQ(table->cells().size(), cells);
+  EXPECT_FALSE(table->HideTSelectRow());
+  // A click in one view makes the record that of the table, and leaves the cell of the other where it was.
+  int l, t, w, h, status = 0;
+  table->TABLE_CLICK(0, 130, table->cells()[0].top, l, t, w, h);
+  const TableCell* hit = other.Click(other.cells()[1].left, other.cells()[1].top);
+  ASSERT_TRUE(hit);
+  EXPECT_EQ(table->RECORD_POSITION(), 3);
+  EXPECT_EQ(other.clicked_field(), 1);
+  EXPECT_EQ(table->clicked_field(), 2);
+  EXPECT_EQ(table->CELL_GOTO(2, l, t, w, h), 0);
+  EXPECT_EQ(table->RECORD_POSITION(), 2) << "below the cell that was clicked in this view";
+  EXPECT_EQ(other.Go(4, status)->field, 2);
+  // A copy starts as its model; a field that goes leaves every view.
+  TableView copy(table->view());
+  EXPECT_EQ(copy.FormatOf(1).title, "Nazwa");
+  copy.Width(1, 33);
+  EXPECT_EQ(table->ColumnWidth(1), 120);
+  ASSERT_TRUE(table->FIELD_DELETE("USLUGA"));
+  copy.Draw(second, 1, 1, true, look);
+  EXPECT_THAT(copy.columns(), ElementsAre(1, 2, 4));
+}
+
+TEST_F(TableViewTest, WhereCellsAreDrawnIsWhereTheGeometrySaysThatTheyLie) {
+  for (const double zoom : {1.0, 1.125, 0.63}) {
+    look.zoom = zoom;
+    look.widen = 1.3;
+    look.widths = {101, 55};  // of the first two columns; the others as they are kept
+    Drawn(2, 1, zoom != 1.125);
+    const GridGeometry& grid = table->view().grid();
+    GridSurface room;
+    room.row_height = grid.row_height();
+    room.heads = zoom != 1.125;
+    room.left = 6;
+    const GridGeometry shifted = table->view().Layout(look, room, 1);
+    ASSERT_EQ(shifted.columns().size(), 4u);
+    for (const TableCell& cell : table->cells()) {
+      const ColumnSpan* span = shifted.Numbered(cell.column);
+      ASSERT_TRUE(span);
+      EXPECT_EQ(span->left - 6, cell.left);
+      EXPECT_EQ(span->width, cell.right + 2 - cell.left);
+      const int row = table->view().RowsAbove(cell.record, 2, 10);
+      EXPECT_EQ(shifted.RowTop(row), cell.top) << cell.record;
+      EXPECT_EQ(table->view().CellAt(cell.left, cell.bottom + 1), &cell);
+    }
+    EXPECT_EQ(shifted.columns()[0].width, static_cast<int>(zoom * static_cast<int>(101 * 1.3)));
+    EXPECT_EQ(shifted.columns()[2].width, static_cast<int>(zoom * static_cast<int>(90 * 1.3)));
+    EXPECT_EQ(shifted.BorderAt(shifted.columns()[1].left, 3)->column, 1) << "the border left of it";
+    EXPECT_FALSE(shifted.ColumnAt(5));
+    EXPECT_EQ(table->ColumnWidth(1), 120) << "what is kept stays";
   }
-};
-
-TEST_F(TableTest, ABoundFormShowsTheRecordAndGivesItBack) {
-  auto groups = Create(surroundings.folder / "grupy.ovd");
-  groups->FIELD_ADD("OPIS", kText, 10, "", "");
-  for (const char* name : {"stal", "drewno", "szkło"}) groups->RECORD_ADD({std::string(name)});
-  FilledGoods()->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS");
-  auto table = Open(path, true);
-  table->FIELD_ADD("PLIKI", kMemo, 0, "", "");
-  table->RECORD_LOAD(2);
-  table->FIELD("GRUPA", Value(2));
-  table->RECORD_SAVE(2);
-  groups->RECORD_DELETE(2);
-  SetBytes(surroundings.folder / "a.txt", "x");
-  table->RECORD_POSITION(5);
-  ASSERT_TRUE(table->MEMO_ADD("PLIKI", surroundings.folder / "a.txt"));
-
-  BoundForm form;
-  table->FORM_OBJECT_ADD(form.txtNazwa, "NAZWA");  // not connected yet
-  table->FORM_CONNECT(form);
-  table->FORM_OBJECT_ADD(form.txtNazwa, "NAZWA");
-  table->FORM_OBJECT_ADD(form.txtObca, "NAZWA");  // of no form
-  table->FORM_OBJECT_ADD(form.cmbGrupa, "@GRUPA");
-  table->FORM_OBJECT_ADD(form.chkUsluga, "USLUGA");
-  table->FORM_OBJECT_ADD(form.calData, "DATA");
-  table->FORM_OBJECT_ADD(form.lstPliki, "PLIKI");
-  EXPECT_EQ(form.cmbGrupa.ListCount(), 3) << "an empty item and the live records";
-  table->MOVE_LAST();
-  EXPECT_EQ(form.txtNazwa.Text(), "Montaż");
-  EXPECT_EQ(form.txtObca.Text(), "");
-  EXPECT_TRUE(form.chkUsluga.Checked());
-  EXPECT_EQ(form.calData.CurrentDate(), *Date::FromYmd(2008, 3, 5));
-  EXPECT_EQ(form.cmbGrupa.Text(), "");
-  ASSERT_EQ(form.lstPliki.items().size(), 1u);
-  EXPECT_EQ(form.lstPliki.items()[0].name, "a.txt");
-
-  form.txtNazwa.SetText("Serwis");
-  form.chkUsluga.SetChecked(false);
-  form.calData.SetCurrentDate(*Date::FromYmd(2008, 4, 1));
-  form.cmbGrupa.SelectText("szkło");
-  table->FORM_SAVE();
-  ASSERT_TRUE(table->RECORD_SAVE(5));
-  table->RECORD_LOAD(5);
-  EXPECT_EQ(table->Text("NAZWA"), "Serwis");
-  EXPECT_EQ(table->Text("DATA"), "2008-04-01");
-  EXPECT_EQ(table->Int("GRUPA"), 3);
-  EXPECT_FALSE(table->Flag("USLUGA"));
-
-  // A link to a deleted record is neither lost on saving nor shown empty.
-  table->MOVE_FIRST();
-  EXPECT_TRUE(table->MOVE_NEXT());
-  EXPECT_EQ(form.cmbGrupa.Text(), "drewno");
-  table->FORM_SAVE();
-  EXPECT_EQ(table->Int("GRUPA"), 2);
-  table->FORM_DISCONNECT();
-  EXPECT_EQ(form.txtNazwa.Text(), "");
-  table->MOVE_FIRST();
-  EXPECT_EQ(form.txtNazwa.Text(), "");
+  EXPECT_EQ(table->view().RowsAbove(1, 2, 10), -1) << "above the first row on show";
+  EXPECT_EQ(table->view().RowsAbove(5, 2, 3), -1) << "below the last";
+  ASSERT_TRUE(Open(path)->RECORD_DELETE(3));
+  EXPECT_EQ(table->view().RowsAbove(5, 2, 3), 2) << "a record that is gone takes no row";
 }
 
 }  // namespace

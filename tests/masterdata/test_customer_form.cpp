@@ -193,9 +193,9 @@ TEST_F(CustomerFormTest, CloneIsANewRecordFilledFromTheOld) {
 TEST_F(CustomerFormTest, CtrlEnterSavesAndEnterDoesNot) {
   Open(1);
   ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
-  EXPECT_FALSE(form.UserKey(13, false));
+  EXPECT_FALSE(form.UserKey(kKeyEnter, false));
   EXPECT_EQ(form.saved_record(), 0);
-  EXPECT_TRUE(form.UserKey(13, true));
+  EXPECT_TRUE(form.UserKey(kKeyEnter, true));
   EXPECT_EQ(form.saved_record(), 1);
 }
 

@@ -96,17 +96,16 @@ TEST_F(IndividualAccountsTest, ManyAccountsAreTypedInARowByTheKeyboard) {
   frm_Admin_usr_konta_ form(program);
   Open(form);
   EXPECT_EQ(form.focus(), &form.txtZnajdź);
-  constexpr int kEnter = 13, kUp = 38, kDown = 40;
-  EXPECT_TRUE(form.UserKey(kDown, false));
-  EXPECT_TRUE(form.UserKey(kUp, false));
-  EXPECT_TRUE(form.UserKey(kUp, false));
+  EXPECT_TRUE(form.UserKey(kKeyDown, false));
+  EXPECT_TRUE(form.UserKey(kKeyUp, false));
+  EXPECT_TRUE(form.UserKey(kKeyUp, false));
   EXPECT_EQ(form.SQL_Pic.source->CurrentRow(), 1);
-  EXPECT_TRUE(form.UserKey(kEnter, false));
+  EXPECT_TRUE(form.UserKey(kKeyEnter, false));
   for (const char* account : {"1", "2", "3"}) {
     ASSERT_EQ(form.focus(), &form.txtKontoIndywidualne);
     EXPECT_EQ(form.txtKontoIndywidualne.Text(), "");
     ASSERT_TRUE(form.txtKontoIndywidualne.UserSet(account));
-    EXPECT_TRUE(form.UserKey(kEnter, false));
+    EXPECT_TRUE(form.UserKey(kKeyEnter, false));
   }
   EXPECT_EQ(form.focus(), &form.txtZnajdź) << "after the last customer";
   EXPECT_EQ(Stored(1).second + Stored(2).second + Stored(4).second, "123");

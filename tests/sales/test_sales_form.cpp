@@ -386,21 +386,21 @@ TEST_F(SalesFormTest, SearchingPicksTheFirstRowAndArrowsMoveIt) {
     EXPECT_EQ(dialog.focus(), &dialog.txtTU);
     EXPECT_EQ(dialog.picTU.source->CurrentRow(), 0);  // nothing is picked, and no row looks so
     EXPECT_FALSE(dialog.btnOK.Enabled());
-    EXPECT_TRUE(dialog.UserKey(40, false));
+    EXPECT_TRUE(dialog.UserKey(kKeyDown, false));
     EXPECT_EQ(dialog.txtComboTU.Text(), "Młotek");
     Set(dialog.txtTU, "desk");
     EXPECT_EQ(dialog.picTU.source->Rows(), 2);
     EXPECT_EQ(dialog.txtCenaNetto.Text(), "5,00");
-    EXPECT_TRUE(dialog.UserKey(40, false));
+    EXPECT_TRUE(dialog.UserKey(kKeyDown, false));
     EXPECT_EQ(dialog.txtComboTU.Text(), "Deska bukowa");
     Set(dialog.txtTU, "nic takiego");
     EXPECT_FALSE(dialog.btnOK.Enabled());
     Set(dialog.txtTU, "s1");
     EXPECT_EQ(dialog.txtComboTU.Text(), "Młotek");
-    EXPECT_TRUE(dialog.UserKey(13, false));
+    EXPECT_TRUE(dialog.UserKey(kKeyEnter, false));
     EXPECT_EQ(dialog.focus(), &dialog.txtIlość);
     dialog.txtIlość.UserSet("4szt");
-    EXPECT_TRUE(dialog.UserKey(13, false));
+    EXPECT_TRUE(dialog.UserKey(kKeyEnter, false));
     EXPECT_FALSE(dialog.IsOpen());
   });
   EXPECT_DOUBLE_EQ(form->totals().net, 40);
@@ -482,16 +482,16 @@ TEST_F(SalesFormTest, KeysActOnTheLinesAndSave) {
     dialog.txtComboTU.UserSet("#" + std::to_string(article));
     dialog.btnOK.UserPress();
   });
-  EXPECT_TRUE(form->UserKey(45, false));
+  EXPECT_TRUE(form->UserKey(kKeyInsert, false));
   EXPECT_EQ(form->SQL_Pic.source->Rows(), 1);
   form->txtDokNumer.UserEnter();
   form->txtKurs.UserEnter();
-  EXPECT_FALSE(form->UserKey(46, false));  // Delete belongs to the text
+  EXPECT_FALSE(form->UserKey(kKeyDelete, false));  // Delete belongs to the text
   form->SQL_Pic.UserEnter();
   platform.ui.answers = {Answer::kYes};
-  EXPECT_TRUE(form->UserKey(46, false));
+  EXPECT_TRUE(form->UserKey(kKeyDelete, false));
   EXPECT_EQ(form->SQL_Pic.source->Rows(), 0);
-  EXPECT_TRUE(form->UserKey(13, true));
+  EXPECT_TRUE(form->UserKey(kKeyEnter, true));
   EXPECT_FALSE(form->IsOpen());
 }
 

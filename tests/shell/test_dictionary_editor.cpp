@@ -94,7 +94,7 @@ TEST_F(DictionaryTest, EditingBelongsToItsTab) {
   EXPECT_EQ(ui.beeps, beeps + 1);
   EXPECT_EQ(editor().Front(), nullptr);
   window->UserTab("SŁOWNIKI");
-  window->UserKey(13);
+  window->UserKey(kKeyEnter);
   EXPECT_EQ(editor().Front(), &editor().txtEdit);
   window->UserTab("KONTRAHENCI");
   EXPECT_EQ(editor().Front(), nullptr);
@@ -108,7 +108,7 @@ TEST_F(DictionaryTest, ARateThatDocumentsReferToIsDeletedAndStaysReadable) {
   ASSERT_TRUE(articles.RECORD_SAVE(1));
   window->UserRow(1);
   ui.answers = {Answer::kYes};
-  window->UserKey(46);
+  window->UserKey(kKeyDelete);
   EXPECT_FALSE(Table(program, kStawkiVat).RECORD_EXIST(1));
   EXPECT_EQ(window->ViewTable()->RECORD_POSITION(), 2);
   EXPECT_TRUE(articles.RECORD_LOAD(1));

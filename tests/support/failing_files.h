@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,10 +31,24 @@ class FailingFileSystem : public PosixFileSystem {
     };
   }
 
+  enum class Call { kOpen, kWrite, kResize, kFlush, kLock, kRename, kRemove };
+  // The `n`-th call of the kind from now fails, and so do those behind it up to the `times`-th. A write that fails puts half its bytes.
+  void Fail(Call call, int n = 1, int times = 1) { planned_[call] = {n, times}; }
+  // How many failures that were planned have not come about.
+  int Due() const {
+    int due = 0;
+    for (const auto& [call, plan] : planned_) due += plan.times;
+    return due;
+  }
+
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode, std::string* error = nullptr) override {
     const FileCall call = mode == OpenMode::kCreate && !FileExists(path) ? FileCall::kMake : FileCall::kOpen;
     if ((read_only && mode != OpenMode::kRead) || Refused(call, path)) {
       if (error) *error = "Permission denied";
+      return nullptr;
+    }
+    if (Fails(Call::kOpen)) {
+      if (error) *error = kFailure;
       return nullptr;
     }
     auto file = PosixFileSystem::Open(path, mode, error);
@@ -42,15 +57,31 @@ class FailingFileSystem : public PosixFileSystem {
   bool Remove(const std::string& path) override {
     removed.push_back(path);
     steps.push_back("remove " + path);
-    return !read_only && !Refused(FileCall::kRemove, path) && PosixFileSystem::Remove(path);
+    return !read_only && !Refused(FileCall::kRemove, path) && !Fails(Call::kRemove) && PosixFileSystem::Remove(path);
   }
   bool Rename(const std::string& from, const std::string& to) override {
     steps.push_back("rename " + from);
-    return !Refused(FileCall::kRename, from) && PosixFileSystem::Rename(from, to);
+    return !Refused(FileCall::kRename, from) && !Fails(Call::kRename) && PosixFileSystem::Rename(from, to);
   }
 
  private:
+  static constexpr char kFailure[] = "Input/output error";
+  struct Plan {
+    int ahead = 0, times = 0;  // calls up to the first that fails; failures that are due
+  };
+
   bool Refused(FileCall call, const std::string& path) { return refuses && refuses(call, path); }
+  bool Fails(Call call) {
+    const auto found = planned_.find(call);
+    if (found == planned_.end() || found->second.times == 0) return false;
+    Plan& plan = found->second;
+    if (plan.ahead > 1) {
+      --plan.ahead;
+      return false;
+    }
+    --plan.times;
+    return true;
+  }
 
   class Failing : public File {
    public:
@@ -62,23 +93,27 @@ class FailingFileSystem : public PosixFileSystem {
     }
     std::shared_ptr<const char> View(int64_t position, size_t length) override { return file_->View(position, length); }
     bool WriteAt(int64_t position, const void* from, size_t length) override {
+      if (Fails(Call::kWrite)) {
+        file_->WriteAt(position, from, length / 2);
+        return false;
+      }
       const int64_t growth = std::max<int64_t>(position + static_cast<int64_t>(length) - file_->Size(), 0);
       if (Refused(growth > 0 ? FileCall::kGrow : FileCall::kOverwrite)) return false;
       if (files_.room < 0) return file_->WriteAt(position, from, length);
       const int64_t possible = std::min(growth, files_.room);
       files_.room -= possible;
       const bool written = file_->WriteAt(position, from, length - static_cast<size_t>(growth - possible));
-      full_ = possible < growth;
-      return written && !full_;
+      if (possible < growth) error_ = "No space left on device";
+      return written && possible == growth;
     }
-    bool Resize(int64_t length) override { return !Refused(FileCall::kResize) && file_->Resize(length); }
+    bool Resize(int64_t length) override { return !Refused(FileCall::kResize) && !Fails(Call::kResize) && file_->Resize(length); }
     void WillFlush() override { file_->WillFlush(); }
     bool Flush() override {
       files_.steps.push_back("flush " + path_);
-      return !Refused(FileCall::kFlush) && (!files_.waits || file_->Flush());
+      return !Refused(FileCall::kFlush) && !Fails(Call::kFlush) && (!files_.waits || file_->Flush());
     }
     bool Lock(int64_t position, int64_t length, bool exclusive) override {
-      return !Refused(FileCall::kLock) && file_->Lock(position, length, exclusive);
+      return !Refused(FileCall::kLock) && !Fails(Call::kLock) && file_->Lock(position, length, exclusive);
     }
     bool Unlock(int64_t position, int64_t length) override { return file_->Unlock(position, length); }
     bool StillNamed() override { return file_->StillNamed(); }
@@ -86,16 +121,21 @@ class FailingFileSystem : public PosixFileSystem {
       path_ = path;
       file_->Renamed(path);
     }
-    std::string LastError() const override { return full_ ? "No space left on device" : file_->LastError(); }
+    std::string LastError() const override { return error_.empty() ? file_->LastError() : error_; }
 
    private:
     bool Refused(FileCall call) const { return files_.Refused(call, path_); }
+    bool Fails(Call call) {
+      error_ = files_.Fails(call) ? kFailure : "";
+      return !error_.empty();
+    }
 
     FailingFileSystem& files_;
-    std::string path_;
+    std::string path_, error_;
     std::unique_ptr<File> file_;
-    bool full_ = false;
   };
+
+  std::map<Call, Plan> planned_;
 };
 
 }  // namespace ostrinka

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "controls/form.h"
-#include "engine/qdbase.h"
+#include "engine/table_view.h"
 
 namespace ostrinka {
 
@@ -18,7 +18,7 @@ class QdbTableSource : public TableSource {
   std::string CellText(int row, int column) override;
   int CurrentRow() override { return RowOf(table_.RECORD_POSITION()); }
   void SelectRow(int row) override;
-  void Draw(Canvas& canvas, int first_row, int first_column, double zoom) override;
+  void Draw(Canvas& canvas, int first_row, int first_column, double zoom, const std::vector<int>& widths) override;
   bool HitTest(double x, double y, int& row, int& column) override;
   int ColumnWidthOf(int column) override { return table_.ColumnWidth(FieldOf(column)); }
   void SetColumnWidthOf(int column, int width) override { table_.ColumnWidth(FieldOf(column), width); }

@@ -1,4 +1,4 @@
-#include "engine/table_source.h"
+#include "forms/table_source.h"
 
 #include <algorithm>
 
@@ -31,22 +31,19 @@ void QdbTableSource::SelectRow(int row) {
   if (record >= 1) table_.RECORD_POSITION(record);
 }
 
-void QdbTableSource::Draw(Canvas& canvas, int first_row, int first_column, double zoom) {
+void QdbTableSource::Draw(Canvas& canvas, int first_row, int first_column, double zoom, const std::vector<int>& widths) {
   TableLook drawn = look;
   drawn.zoom = zoom;
+  drawn.widths = widths;
   table_.TABLE_DRAW(canvas, std::max(first_row, 1), std::max(first_column, 1), true, drawn);
 }
 
 bool QdbTableSource::HitTest(double x, double y, int& row, int& column) {
-  for (const TableCell& cell : table_.cells()) {
-    if (x < cell.left || x > cell.right + 1 || y < cell.top || y > cell.bottom + 1) continue;
-    const std::vector<int>& columns = table_.columns();
-    const auto found = std::find(columns.begin(), columns.end(), cell.field);
-    row = RowOf(cell.record);
-    column = found == columns.end() ? 0 : static_cast<int>(found - columns.begin()) + 1;
-    return row >= 1 && column >= 1;
-  }
-  return false;
+  const TableCell* cell = table_.view().CellAt(x, y);
+  if (!cell) return false;
+  row = RowOf(cell->record);
+  column = cell->column;
+  return row >= 1 && column >= 1;
 }
 
 }  // namespace ostrinka
