@@ -12,10 +12,10 @@ int main(int count, char** words) {
   int32_t customers = 0;
   std::vector<std::string> field_delete;
   ostrinka::CommandLine line("ostrinka-bench", "Measures the program beside SQLite and libharu.");
-  CLI::Option* places[] = {line.Text("FOLDER", folder, "The data, made when it is not there"),
+  CLI::Option* places[] = {line.Word("FOLDER", folder, "The data, made when it is not there"),
                            line.Whole("N", customers, 100, 1000000, "Customers, 100 to 1000000"),
-                           line.Text("CATALOGUES", catalogues, "Folder of the catalogues"),
-                           line.Text("WORD", word, "Only the rows whose name holds it")};
+                           line.Word("CATALOGUES", catalogues, "Folder of the catalogues"),
+                           line.Word("WORD", word, "Only the rows whose name holds it")};
   CLI::Option* child = line.options()
                            .add_option("--field-delete", field_delete, "The process of the row FIELD_DELETE, memory: folder and path")
                            ->expected(2)

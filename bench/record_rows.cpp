@@ -113,7 +113,7 @@ void AddRow(Data& data, Report& report) {
     ClassQDBASE table(data.full.platform());
     OpenTable(table, EmptyTable(data, "add", kDokSprzed), true);
     const double seconds = Seconds([&] {
-      for (const std::vector<Value>& row : rows) table.RECORD_ADD(row);
+      for (const std::vector<Value>& row : rows) Require(table.RECORD_ADD(row), "no record was added");
     });
     Require(table.RECORD_COUNT() == kAdds, "not every record was added");
     return seconds;

@@ -12,7 +12,7 @@ int main(int count, char** words) {
   int32_t customers = 0;
   std::string place;
   ostrinka::CommandLine line("ostrinka-generate-company", "Makes a company for measurements, the same for the same N.");
-  line.Text("FOLDER", place, "Where company/ is made")->required()->type_name("");
+  line.Word("FOLDER", place, "Where company/ is made")->required()->type_name("");
   line.Whole("N", customers, 1, 1000000, "Customers, 1 to 1000000; five documents and twenty lines for each")->required()->type_name("");
   if (const auto status = line.Read(count, words)) return *status;
   const std::string folder = std::filesystem::absolute(place).string() + "/";

@@ -13,13 +13,4 @@ struct CompanyRecord {
   int chosen_account_text = 0;  // 1 to 4: which further account's description is the chosen one; 0 none
 };
 
-// One text of the record, the key of its setting and its field of the table firma.
-struct CompanyField {
-  const char* setting;
-  const char* table_field;
-  std::string& (*member)(CompanyRecord&);
-};
-inline constexpr int kCompanyFieldCount = 27;
-const std::array<CompanyField, kCompanyFieldCount>& CompanyFields();  // in the order of saving
-
 }  // namespace ostrinka

@@ -1,5 +1,7 @@
 #include "company/firma_record.h"
 
+#include "company/company_fields.h"
+
 namespace ostrinka {
 namespace {
 
@@ -20,10 +22,12 @@ std::string FormatOf(Program& program, const FormatField& format) {
 
 }  // namespace
 
-void FillFormats(Program& program, ClassQDBASE& firma, const char* screen_date) {
+bool FillFormats(Program& program, ClassQDBASE& firma, const char* screen_date) {
+  bool filled = true;
   for (const FormatField& format : kFormatFields) {
-    firma.FIELD(format.field ? format.field : screen_date, FormatOf(program, format));
+    filled = firma.FIELD(format.field ? format.field : screen_date, FormatOf(program, format)) && filled;
   }
+  return filled;
 }
 
 bool EnsureCompanyRecord(Program& program, ClassQDBASE& firma) {

@@ -70,21 +70,6 @@ bool OpenPrivate(Program& program, int number, ClassQDBASE& table, bool links) {
   return true;
 }
 
-KeepPositions::KeepPositions(Program& program, std::initializer_list<int> numbers) : program_(program) {
-  for (int number : numbers) {
-    if (TableIsOpen(program, number)) positions_.emplace_back(number, Table(program, number).RECORD_POSITION());
-  }
-}
-
-KeepPositions::~KeepPositions() {
-  for (const auto& [number, record] : positions_) {
-    if (record < 1 || !TableIsOpen(program_, number)) continue;
-    ClassQDBASE& table = Table(program_, number);
-    table.RECORD_POSITION(record);
-    table.RECORD_LOAD(record);
-  }
-}
-
 std::string PricePattern(Program& program, int32_t currency, bool with_sign) {
   return CurrencyPattern(program, currency, with_sign, "FORMAT", "Currency", "0.00##");
 }

@@ -52,19 +52,6 @@ bool AnyTableOpen(const Program& program);
 // table is not open or its file cannot be opened again.
 bool OpenPrivate(Program& program, int number, ClassQDBASE& table, bool links);
 
-// Saves the position of tables and brings them back, with the record loaded again, when it goes.
-class KeepPositions {
- public:
-  KeepPositions(Program& program, std::initializer_list<int> numbers);
-  ~KeepPositions();
-  KeepPositions(const KeepPositions&) = delete;
-  KeepPositions& operator=(const KeepPositions&) = delete;
-
- private:
-  Program& program_;
-  std::vector<std::pair<int, int32_t>> positions_;
-};
-
 // Pattern of a price in currency record `currency` (FORMAT) and of an amount without its symbol, which also decides rounding (FORMATNCH).
 // A record out of range gives the settings Currency and CurrencyP. `with_sign` false strips letters and surrounding blanks, so that what
 // the pattern prints can be read back. The position and the buffer of the currencies stay as they were.

@@ -138,11 +138,15 @@ void Rebuild(Upgrade& upgrade, ClassQDBASE& table, const Shapes& shapes) {
   for (const NewShape& shape : shapes) {
     if (Has(table, shape.name) && Has(table, shape.interim)) left.push_back(shape);
   }
+  bool set = true;
   const bool copied = left.empty() || ChangeRecords(upgrade, table, [&](int32_t) {
-                        for (const NewShape& shape : left) table.FIELD(shape.interim, Converted(table.FieldRaw(shape.name), shape.type));
+                        for (const NewShape& shape : left) {
+                          set = table.FIELD(shape.interim, Converted(table.FieldRaw(shape.name), shape.type)) && set;
+                        }
                         return true;
                       });
-  if (!copied) return;  // the old fields stay: nothing is lost
+  if (!set) upgrade.Refused();
+  if (!copied || !set) return;  // the old fields stay: nothing is lost
   for (const NewShape& shape : left) {
     if (!DeleteField(upgrade, table, shape.name)) return;
   }
@@ -178,8 +182,7 @@ void UpgradeCompanyRecord(Upgrade& upgrade) {
   if (upgrade.Stopped() || !upgrade.refused.empty()) return;
   if (!EnsureCompanyRecord(upgrade.program, table)) upgrade.Refused();
   if (had_formats || !table.RECORD_LOAD(1)) return;
-  FillFormats(upgrade.program, table, "FORMAT_EKR_2");
-  if (!table.RECORD_SAVE(1)) {
+  if (!FillFormats(upgrade.program, table, "FORMAT_EKR_2") || !table.RECORD_SAVE(1)) {
     upgrade.Refused();
     return;
   }
@@ -198,8 +201,8 @@ void UpgradeSalesDocuments(Upgrade& upgrade) {
               "ABN_KONIEC_DATA", "ABN_KONIEC_DNI"});
   ChangeRecords(upgrade, table, [&](int32_t) {
     const bool no_currency = table.Int(".WALUTA") <= 0, no_rate = !(table.Real("KURS") > 0);
-    if (no_currency) table.FIELD("WALUTA", int32_t{1});
-    if (no_rate) table.FIELD("KURS", 1.0F);
+    if (no_currency && !table.FIELD("WALUTA", int32_t{1})) upgrade.Refused();
+    if (no_rate && !table.FIELD("KURS", 1.0F)) upgrade.Refused();
     return no_currency || no_rate;
   });
   Widen(upgrade, table, "UWAGI", "UWAGI_2", 500);
@@ -309,14 +312,16 @@ void UpgradeSinglePrice(Upgrade& upgrade) {
   if (!upgrade.Open(kTowaryUslugi, articles) || !upgrade.Open(kStawkiVat, rates)) return;
   upgrade.current = kSprzedane;
   if (!table.FIELD_EXISTS("CENA_NETTO") || !table.FIELD_EXISTS("CENA_BRUTTO")) return;
+  bool set = true;
   const bool copied = ChangeRecords(upgrade, table, [&](int32_t) {
     const Value price = table.FieldRaw("CENA");
     const double rate = RateOfArticle(articles, rates, table.Int(".NAZWA_T_U"));
-    table.FIELD("CENA_NETTO", CurrencyOr0(price));
-    table.FIELD("CENA_BRUTTO", Currency::FromDouble(DoubleOr0(price) * (1 + rate / 100)).value_or(Currency()));
+    const Currency gross = Currency::FromDouble(DoubleOr0(price) * (1 + rate / 100)).value_or(Currency());
+    set = table.FIELD("CENA_NETTO", CurrencyOr0(price)) && table.FIELD("CENA_BRUTTO", gross) && set;
     return true;
   });
-  if (copied) DeleteField(upgrade, table, "CENA");
+  if (!set) upgrade.Refused();
+  if (copied && set) DeleteField(upgrade, table, "CENA");
 }
 
 void UpgradeRegions(Upgrade& upgrade) {

@@ -206,10 +206,10 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   std::string company, sample, start;
   ostrinka::CommandLine line("ostrinka-measure", "Measures the window on a large company and on a sample; both are copied first.");
-  CLI::Option* large = line.Text("COMPANY", company, "Folder of the large company")->type_name("");
-  CLI::Option* small = line.Text("SAMPLE", sample, "Folder of the small one")->type_name("")->needs(large);
+  CLI::Option* large = line.Word("COMPANY", company, "Folder of the large company")->type_name("");
+  CLI::Option* small = line.Word("SAMPLE", sample, "Folder of the small one")->type_name("")->needs(large);
   large->needs(small);
-  line.Text("--start", start, "Only starts on the company there, and ends once the window is usable")->type_name("FOLDER")->excludes(large);
+  line.Word("--start", start, "Only starts on the company there, and ends once the window is usable")->type_name("FOLDER")->excludes(large);
   line.options().require_option(1, 2);
   if (const auto status = line.Read(argc, argv)) return *status;
   if (!start.empty()) {

@@ -115,8 +115,8 @@ int main(int argc, char** argv) {
   ostrinka::Options options;
   ostrinka::CommandLine line("ostrinka-pages", "Turns page files into pictures, or into one PDF with embedded fonts.");
   line.Whole("--dpi", options.dpi, 10, ostrinka::kMostDpi, "Dots per inch of the pictures, 10 to 1200; 150 when not given")->type_name("N");
-  line.Text("--pdf", options.pdf, "Writes this file instead of pictures; a bare name goes to OUTDIR")->type_name("FILE");
-  line.Text("OUTDIR", options.folder, "Folder of the pictures, made when it is missing")->required()->type_name("");
+  line.Word("--pdf", options.pdf, "Writes this file instead of pictures; a bare name goes to OUTDIR")->type_name("FILE");
+  line.Word("OUTDIR", options.folder, "Folder of the pictures, made when it is missing")->required()->type_name("");
   line.options().add_option("PAGE", options.pages, "Page files (.ovp)")->required()->type_name("");
   if (const auto status = line.Read(argc, argv)) return *status;
   if (options.folder.back() != '/') options.folder += '/';

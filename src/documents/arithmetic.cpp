@@ -1,12 +1,12 @@
 #include "documents/arithmetic.h"
 
 #include <algorithm>
-#include <map>
 
 #include "base/format.h"
 #include "base/text.h"
-#include "company/tables.h"
-#include "documents/private_table.h"
+#include "books/books.h"
+#include "books/dictionary_rows.h"
+#include "documents/rate_sums.h"
 
 namespace ostrinka {
 
@@ -16,17 +16,16 @@ double VatMultiplier(float rate_percent) {
 }
 
 double VatMultiplierOf(Program& program, int32_t rate_record) {
-  ClassQDBASE& rates = Table(program, kStawkiVat);
-  if (rate_record < 1 || !rates.RECORD_LOAD(rate_record)) return 1;
-  return VatMultiplier(FloatOr0(rates.FIELD("WARTOSC")));
+  return VatMultiplier(ReadColumn(program, vat_rate_columns::kPercent, rate_record));
 }
 
-int32_t VatRateBySymbol(Program& program, std::string_view symbol) {
-  ClassQDBASE& rates = Table(program, kStawkiVat);
+int32_t VatRateBySymbol(Program& program, std::string_view symbol, RateRows rows) {
   const std::string wanted = Trim(symbol);
-  const int32_t count = rates.RECORD_COUNT();
+  const int32_t count = Table(program, kStawkiVat).RECORD_COUNT();
   for (int32_t record = 1; record <= count; ++record) {
-    if (rates.RECORD_EXIST(record) && rates.RECORD_LOAD(record) && Trim(rates.Text("SYMBOL")) == wanted) return record;
+    if (rows == RateRows::kLive && !IsLive(program, kStawkiVat, record)) continue;
+    const auto rate = Read<VatRate>(program, record);
+    if (rate && Trim(rate->symbol) == wanted) return record;
   }
   return 0;
 }
@@ -51,7 +50,8 @@ std::string ShownPrice(Program& program, std::string_view text) {
 
 namespace {
 
-// A price as the dialogs compute it: text and multiplier read at 32 bits.
+// A price as the dialogs compute it: text and multiplier read at 32 bits. kept: a price of many digits loses some, as in the lines that
+// companies have already.
 float SinglePrice(std::string_view text) {
   return static_cast<float>(NumberOr0(text));
 }
@@ -69,9 +69,7 @@ std::string NetOfGross(Program& program, std::string_view gross, double multipli
 }
 
 float CurrencyRate(Program& program, int32_t currency_record) {
-  ClassQDBASE& currencies = Table(program, kWaluty);
-  if (currency_record < 1 || !currencies.RECORD_LOAD(currency_record)) return 0;
-  return FloatOr0(currencies.FIELD("KURS"));
+  return ReadColumn(program, currency_columns::kRate, currency_record);
 }
 
 float RateRatio(float from, float to) {
@@ -81,60 +79,41 @@ float RateRatio(float from, float to) {
 }
 
 Date PaymentDueDate(Program& program, Date issued, int32_t payment_form) {
-  ClassQDBASE& forms = Table(program, kFormyPlatn);
-  if (payment_form < 1 || !forms.RECORD_LOAD(payment_form)) return issued;
-  return issued.PlusDays(forms.Int("TERMIN"));
+  return issued.PlusDays(ReadColumn(program, payment_form_columns::kDays, payment_form));
 }
 
 float PaidAtOnceShare(Program& program, int32_t payment_form) {
-  ClassQDBASE& forms = Table(program, kFormyPlatn);
-  if (payment_form < 1 || !forms.RECORD_LOAD(payment_form)) return 0;
-  return static_cast<float>(forms.Int("PROCENT") * 0.01);
+  return ShareOfPercent(ReadColumn(program, payment_form_columns::kPercent, payment_form));
+}
+
+float ShareOfPercent(int32_t percent) {
+  return static_cast<float>(percent * 0.01);
 }
 
 std::vector<int32_t> LinesOf(Program& program, int32_t document_id) {
-  if (document_id < 1) return {};
-  PrivateTable lines(program, kSprzedane);
-  if (!lines.IsOpen()) return {};
-  lines.table().SELECTION("!", "ID_DOK=" + std::to_string(document_id), "", ordAsc);
-  return lines.table().selection();
+  std::vector<int32_t> records;
+  for (const StoredLine& line : LinesOfDocument(program, document_id)) records.push_back(line.record);
+  return records;
 }
 
 DocumentTotals SumLines(Program& program, int32_t document_id, int32_t currency_record) {
   DocumentTotals totals;
   const std::string pattern = AmountPattern(program, currency_record, false);
-  KeepPositions keep(program, {kSprzedane});
-  ClassQDBASE& lines = Table(program, kSprzedane);
-  for (const int32_t line : LinesOf(program, document_id)) {
-    if (!lines.RECORD_LOAD(line)) continue;
-    totals.net += RoundByPattern(lines.Money("WARTOSC_NETTO"), pattern);
-    totals.gross += RoundByPattern(lines.Money("WARTOSC_BRUTTO"), pattern);
+  for (const StoredLine& line : LinesOfDocument(program, document_id)) {
+    totals.net += RoundByPattern(line.row.net, pattern);
+    totals.gross += RoundByPattern(line.row.gross, pattern);
   }
   return totals;
 }
 
 std::vector<VatTotal> TotalsByVatRate(Program& program, int32_t document_id) {
-  struct Sum {
-    Currency net, gross;
+  const auto amounts_of = [&](const StoredLine& line) {
+    return RateAmounts<Currency>{ReadColumn(program, article_columns::kRate, line.row.article), line.row.net, line.row.gross};
   };
-  std::map<int32_t, Sum> sums;
-  KeepPositions keep(program, {kSprzedane, kTowaryUslugi, kStawkiVat});
-  ClassQDBASE& lines = Table(program, kSprzedane);
-  ClassQDBASE& articles = Table(program, kTowaryUslugi);
-  for (const int32_t line : LinesOf(program, document_id)) {
-    if (!lines.RECORD_LOAD(line)) continue;
-    const int32_t article = lines.Int(".NAZWA_T_U");
-    const int32_t rate = article >= 1 && articles.RECORD_LOAD(article) ? articles.Int(".STAWKA_VAT") : 0;
-    Sum& sum = sums[rate];
-    sum.net = Add(sum.net, lines.Money("WARTOSC_NETTO")).value_or(sum.net);
-    sum.gross = Add(sum.gross, lines.Money("WARTOSC_BRUTTO")).value_or(sum.gross);
-  }
   std::vector<VatTotal> totals;
-  ClassQDBASE& rates = Table(program, kStawkiVat);
-  for (const auto& [rate, sum] : sums) {
-    VatTotal total{rate, {}, sum.net.ToDouble(), sum.gross.ToDouble(), 0};
-    if (const auto vat = Subtract(sum.gross, sum.net)) total.vat = vat->ToDouble();
-    if (rate >= 1 && rates.RECORD_LOAD(rate)) total.symbol = Trim(rates.Text("SYMBOL"));
+  for (const auto& [rate, net, gross] : SumByRate<Currency>(LinesOfDocument(program, document_id), amounts_of)) {
+    VatTotal total{rate, Trim(ReadColumn(program, vat_rate_columns::kSymbol, rate)), net.ToDouble(), gross.ToDouble(), 0};
+    if (const auto vat = Subtract(gross, net)) total.vat = vat->ToDouble();
     totals.push_back(std::move(total));
   }
   return totals;

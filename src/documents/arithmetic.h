@@ -11,6 +11,7 @@
 #include "app/program.h"
 #include "base/currency.h"
 #include "base/date.h"
+#include "books/sale_lines.h"
 
 namespace ostrinka {
 
@@ -18,8 +19,10 @@ namespace ostrinka {
 double VatMultiplier(float rate_percent);
 // The multiplier of a record of stawki_vat; 1 when there is none such.
 double VatMultiplierOf(Program& program, int32_t rate_record);
-// The first record of stawki_vat with this symbol, both trimmed; 0 when none.
-int32_t VatRateBySymbol(Program& program, std::string_view symbol);
+// The first record of stawki_vat with this symbol, both trimmed; 0 when none. `kAlsoDeleted` counts the deleted ones too: articles still
+// have them.
+enum class RateRows { kLive, kAlsoDeleted };
+int32_t VatRateBySymbol(Program& program, std::string_view symbol, RateRows rows = RateRows::kLive);
 
 // The discount held within 0 and 99: one of 100% cannot exist.
 double HeldDiscount(double percent);
@@ -43,6 +46,8 @@ float RateRatio(float from, float to);
 Date PaymentDueDate(Program& program, Date issued, int32_t payment_form);
 // Share of the gross value that is paid at once: PROCENT of the payment form x 0.01; 0 when there is no such form.
 float PaidAtOnceShare(Program& program, int32_t payment_form);
+// The share of that many percent, as it is paid at once.
+float ShareOfPercent(int32_t percent);
 
 // The existing lines of a document in the order of their records; empty for an identity below 1.
 std::vector<int32_t> LinesOf(Program& program, int32_t document_id);

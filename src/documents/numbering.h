@@ -18,7 +18,9 @@ bool has_option(std::string_view options, std::string_view word);
 
 // Options of a row of dokument_kat, trimmed and upper-cased; "" when it cannot be loaded.
 std::string type_options(Program& program, int32_t type_record);
-// The same of the type of a record of dok_sprzed. The positions of both tables are kept, here and below.
+// The first living type with the option; 0 when there is none.
+int32_t first_type_with(Program& program, std::string_view word);
+// The same as type_options of the type of a record of dok_sprzed.
 std::string doc_options(Program& program, int32_t record);
 std::string doc_print_title(Program& program, int32_t record);
 bool is_pro_forma(Program& program, int32_t record);

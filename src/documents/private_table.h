@@ -1,9 +1,5 @@
-// A second look at a table of the open company, for walks that must leave its position, buffer and selection alone.
+// A second look at a table of the open company, for lists of their own: its position, buffer and selection are not those of the table.
 #pragma once
-
-#include <functional>
-#include <initializer_list>
-#include <vector>
 
 #include "company/tables.h"
 
@@ -19,10 +15,6 @@ class PrivateTable {
 
   bool IsOpen() const { return table_.IsOpen(); }
   ClassQDBASE& table() { return table_; }
-
-  // Calls `visit` for every existing record in the order of the numbers, with the stored values of the named fields (a link gives its
-  // record number), until it returns false.
-  void Walk(const std::vector<const char*>& fields, const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit);
 
  private:
   ClassQDBASE table_;

@@ -1,22 +1,23 @@
 #include "documents/subscriptions.h"
 
-#include "company/tables.h"
+#include "books/books.h"
+#include "books/rows.h"
 #include "documents/lines.h"
 #include "documents/numbering.h"
-#include "documents/private_table.h"
 
 namespace ostrinka {
+
+using namespace document_columns;
 
 std::vector<int32_t> due_tasks(Program& program) {
   std::vector<int32_t> due;
   if (!program.database_open) return due;
   const double today = program.platform.clock.Now().WithoutTime().days();
-  PrivateTable documents(program, kDokSprzed);
-  documents.Walk({"ABN_KONIEC", "ABN_HIDE", "ABN_KONIEC_DATA", "ABN_KONIEC_DNI"}, [&](int32_t record, const std::vector<Value>& values) {
-    if (BooleanOrFalse(values[0]) && !BooleanOrFalse(values[1]) && DateOr0(values[2]).days() - Int32Or0(values[3]) <= today)
-      due.push_back(record);
+  const auto visit = [&](int32_t record, bool ends, bool hidden, Date end, int32_t days) {
+    if (ends && !hidden && end.days() - days <= today) due.push_back(record);
     return true;
-  });
+  };
+  EachOf(program, kDokSprzed, visit, kSubscriptionEnds, kTaskHidden, kSubscriptionEnd, kReminderDays);
   return due;
 }
 
@@ -26,34 +27,27 @@ int32_t due_task_count(Program& program) {
 
 int32_t make_follow_up(Program& program, int32_t source, int32_t type, bool& paid) {
   const Date today = program.platform.clock.Now().WithoutTime();
-  ClassQDBASE& documents = Table(program, kDokSprzed);
-  const auto refuse = [&program] {
-    program.platform.ui.Beep();
-    return 0;
-  };
-  if (!documents.RECORD_LOAD(source)) return refuse();
-  if (type < 1) type = documents.Int(".TYP");
+  const auto document = Read<SalesDocument>(program, source);
+  if (!document) return 0;
+  if (type < 1) type = document->type;
   const int32_t number = next_number(program, kDokSprzed, today, type, 0);
   const int32_t id = new_document_id(program);
-  if (!documents.RECORD_ADD()) return refuse();
-  const int32_t record = documents.RECORD_ADDED();
-  if (!documents.RECORD_LOAD(source)) return refuse();
-  const double period = documents.Day("ABN_KONIEC_DATA").days() - documents.Day("DATA_SPRZEDAZY").days();
-  const int32_t source_id = documents.Int("ID_DOK");
-  documents.FIELD("TYP", type);
-  documents.FIELD("ZDFISK", false);
-  documents.FIELD("ID_DOK", id);
-  documents.FIELD("NR_DOK", number);
+  const double period = document->subscription_end.days() - document->sold.days();
+  ColumnValues changes;
+  changes.Set(kType, type).Set(kFiscalised, false).Set(kIdentity, id).Set(kNumber, number);
   // The link between a document and its correction is one to one: a copy has neither.
-  documents.FIELD("KOREKTA", int32_t{0});
-  documents.FIELD("DOTYCZY", int32_t{0});
-  documents.FIELD("DATA_WYSTAWIENIA", today);
-  documents.FIELD("DATA_SPRZEDAZY", today);
-  documents.FIELD("ABN_KONIEC_DATA", Date(today.days() + period));
-  documents.FIELD("TERMIN_ZAPLATY", PaymentDueDate(program, today, documents.Int(".FORMA_PLATNOSCI")));
-  if (paid) documents.FIELD("ZAPLACONO", false);
-  if (!documents.RECORD_SAVE(record)) return refuse();
-  CopyLines(program, source_id, id);
+  changes.Set(kCorrection, 0).Set(kCorrects, 0);
+  changes.Set(kIssued, today).Set(kSold, today).Set(kSubscriptionEnd, Date(today.days() + period));
+  changes.Set(kDue, PaymentDueDate(program, today, document->payment_form));
+  if (paid) changes.Set(kPaid, false);
+  const int32_t record = AddCopy(program, kDokSprzed, source, changes);
+  if (record < 1) return 0;
+  ClassQDBASE& documents = Table(program, kDokSprzed);
+  if (!CopyLines(program, document->identity, id)) {
+    // A document without some of its lines would look like a whole one.
+    static_cast<void>(documents.RECORD_DELETE(record));
+    return 0;
+  }
   documents.RECORD_SHOW(record);
   return record;
 }

@@ -87,13 +87,15 @@ void ClassQDBASE::State::FillFiles(const BoundPlace& place) {
   place.shown->ShowEntries(std::move(entries));
 }
 
-void ClassQDBASE::FORM_SAVE() {
+bool ClassQDBASE::FORM_SAVE() {
   State& s = *state_;
+  bool saved = true;
   for (const BoundPlace& place : s.binding.places) {
     if (!s.layout.Has(place.field)) continue;
     const std::optional<Value> content = place.shown->Content(s.layout.field(place.field).type == kLink);
-    if (content) FIELD(place.field, *content);
+    if (content) saved = FIELD(place.field, *content) && saved;
   }
+  return saved;
 }
 
 }  // namespace ostrinka

@@ -19,6 +19,7 @@ namespace ostrinka {
 
 class BoundField;
 class TableView;
+struct FieldDef;
 
 // Type codes of fields, as they stand in the file.
 enum FieldType : int32_t {
@@ -53,6 +54,25 @@ class FieldId {
   std::string name_;
   int number_ = -1;
   bool by_number_ = false;
+};
+
+// The stored values of some fields of one record, each decoded when it is asked for. Good for as long as the call lasts that hands it out.
+class RecordCells {
+ public:
+  RecordCells(const char* bytes, const std::vector<const FieldDef*>& fields) : bytes_(bytes), fields_(fields) {}
+  // Of the field named at `i`, from 0; a link gives its record number, an unknown field the empty value.
+  Value operator[](size_t i) const;
+  size_t size() const { return fields_.size(); }
+
+ private:
+  const char* bytes_;
+  const std::vector<const FieldDef*>& fields_;
+};
+
+// A field and the value that it is to get.
+struct FieldValue {
+  FieldId field;
+  Value value;
 };
 
 class ClassQDBASE {
@@ -93,30 +113,31 @@ class ClassQDBASE {
   int32_t LOGIN_TYPE() const;
   void ForReadingOnly();  // as if the login had no right to write, until the table is closed
   bool LOGIN_EXIST();
-  bool USER_ADD(std::string_view name, std::string_view password, int32_t type);
-  bool USER_DELETE(int n);
-  bool USER_SET(int n, std::string_view name, std::string_view password, int32_t type);
+  [[nodiscard]] bool USER_ADD(std::string_view name, std::string_view password, int32_t type);
+  [[nodiscard]] bool USER_DELETE(int n);
+  [[nodiscard]] bool USER_SET(int n, std::string_view name, std::string_view password, int32_t type);
 
   // --- fields
-  bool FIELD_ADD(std::string_view name, int32_t type, int32_t length, std::string_view link_file, std::string_view link_field);
-  bool FIELD_DELETE(const FieldId& id);
+  [[nodiscard]] bool FIELD_ADD(std::string_view name, int32_t type, int32_t length, std::string_view link_file,
+                               std::string_view link_field);
+  [[nodiscard]] bool FIELD_DELETE(const FieldId& id);
   bool FIELD_EXISTS(const FieldId& id);
   std::string FIELD_NAME(int n);
   std::string FIELD_LFILE(int n);
   std::string FIELD_LFIELD(int n);
   int32_t FIELD_TYPE(const FieldId& id);  // 0 on failure
   int32_t FIELD_LEN(const FieldId& id);   // 0 on failure
-  bool FIELD_RENAME(const FieldId& id, std::string_view new_name, bool force);
-  bool FIELD_SET(int n, std::string_view name, int32_t type, int32_t length);
+  [[nodiscard]] bool FIELD_RENAME(const FieldId& id, std::string_view new_name, bool force);
+  [[nodiscard]] bool FIELD_SET(int n, std::string_view name, int32_t type, int32_t length);
   int FIELD_COUNT() const;
 
   // --- records
-  bool RECORD_ADD(const std::vector<Value>& values = {});
+  [[nodiscard]] bool RECORD_ADD(const std::vector<Value>& values = {});
   // Number of the record that RECORD_ADD of this object wrote last, 0 before; another workstation may have added more since.
   int32_t RECORD_ADDED() const;
   bool RECORD_LOAD(int32_t n);
-  bool RECORD_SAVE(int32_t n, bool revive = false);
-  bool RECORD_DELETE(int32_t n);
+  [[nodiscard]] bool RECORD_SAVE(int32_t n, bool revive = false);
+  [[nodiscard]] bool RECORD_DELETE(int32_t n);
   bool RECORD_EXIST(int32_t n);
   bool RECORD_LOCK(int32_t n);
   bool RECORD_UNLOCK(int32_t n);
@@ -133,7 +154,7 @@ class ClassQDBASE {
   bool MOVE_LAST();
   // A field of the buffer: numbers as they are, anything else as text without nulls, trimmed; a date as text. Empty on failure.
   Value FIELD(const FieldId& id);
-  bool FIELD(const FieldId& id, const Value& value);
+  [[nodiscard]] bool FIELD(const FieldId& id, const Value& value);
   // The same without the last step: a date stays a date.
   Value FieldRaw(const FieldId& id);
   // Readers of a known type; 0, false or "" where the value does not convert.
@@ -145,6 +166,12 @@ class ClassQDBASE {
   Date Day(const FieldId& id);
   // The shown text of a field of any record, read past the buffer, which stays as it is; "" where there is no such record.
   std::string TextOf(int32_t record, const FieldId& id);
+  // The stored values of fields of any record, deleted ones too, read past the buffer: a link gives its record number, an unknown field
+  // the empty value. False, with `values` empty, where there is no such record.
+  bool READ(int32_t record, const std::vector<FieldId>& fields, std::vector<Value>& values);
+  // Loads record `from`, sets these fields and saves all as record `n`, past position and buffer. False when one of them is unknown, and
+  // where RECORD_LOAD, FIELD or RECORD_SAVE fail.
+  [[nodiscard]] bool WRITE(int32_t n, int32_t from, const std::vector<FieldValue>& values);
 
   // --- selection
   // Called now and then during a long scan with 0 to 100; may be empty.
@@ -155,6 +182,8 @@ class ClassQDBASE {
   // Calls `visit` for every live record in the order of the numbers, with the stored values of the fields (a link gives its record number,
   // an unknown field the empty value), until it returns false. Position, buffer and selection stay. False when closed.
   bool SCAN(const std::vector<FieldId>& fields, const std::function<bool(int32_t record, const std::vector<Value>& values)>& visit);
+  // The same with the fields decoded only when they are asked for.
+  bool WALK(const std::vector<FieldId>& fields, const std::function<bool(int32_t record, const RecordCells& cells)>& visit);
   const std::vector<int>& columns() const;  // field numbers on show
 
   // --- table view: the table's own (engine/table_view.h); others may stand beside it
@@ -188,12 +217,12 @@ class ClassQDBASE {
   void FORM_DISCONNECT();
   // Takes no field of another form, and attachments for a field of that type alone. A list bound to a link is filled with its records.
   void FORM_OBJECT_ADD(std::unique_ptr<BoundField> shown, const FieldId& field);
-  void FORM_REFRESH();  // fills the bound fields from the current record
-  void FORM_SAVE();     // copies their content into the buffer
+  void FORM_REFRESH();             // fills the bound fields from the current record
+  [[nodiscard]] bool FORM_SAVE();  // copies their content into the buffer
 
   // --- attachments
-  bool MEMO_ADD(const FieldId& field, const std::string& file);
-  bool MEMO_DEL(const FieldId& field, int index);
+  [[nodiscard]] bool MEMO_ADD(const FieldId& field, const std::string& file);
+  [[nodiscard]] bool MEMO_DEL(const FieldId& field, int index);
   bool MEMO_EXEC(const FieldId& field, int index);
   void MEMO_REFRESH(const FieldId& field);
   // Of `memo_file`, or of this table's companion when empty.

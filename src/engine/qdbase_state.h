@@ -107,6 +107,8 @@ struct ClassQDBASE::State {
   bool MayRead(int32_t n);
   bool ReadRecord(int32_t n, std::string& bytes);
   bool WriteRecord(int32_t n, const std::string& bytes);
+  // RECORD_SAVE of any buffer.
+  bool SaveRecord(int32_t n, RecordBuffer& values, bool revive);
   bool IsLive(int32_t n);
 
   // --- walking (moves.cpp)

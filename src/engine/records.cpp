@@ -79,23 +79,53 @@ bool ClassQDBASE::RECORD_LOAD(int32_t n) {
 }
 
 bool ClassQDBASE::RECORD_SAVE(int32_t n, bool revive) {
-  State& s = *state_;
-  s.Debug("RECORD_SAVE");
-  if (!s.MayWrite()) return s.Fail(27, kDenied);
+  return state_->SaveRecord(n, state_->buffer, revive);
+}
+
+bool ClassQDBASE::State::SaveRecord(int32_t n, RecordBuffer& values, bool revive) {
+  Debug("RECORD_SAVE");
+  if (!MayWrite()) return Fail(27, kDenied);
   std::string bytes;
-  if (!s.file.IsOpen() || !s.ReadyToChange() || !s.InRange(n) || !s.ReadRecord(n, bytes)) return s.Fail(25);
+  if (!file.IsOpen() || !ReadyToChange() || !InRange(n) || !ReadRecord(n, bytes)) return Fail(25);
   const std::string before = bytes;
-  for (int field = 1; field <= s.layout.count(); ++field) {
-    if (!s.buffer.Has(field)) continue;
-    if (!EncodeField(s.layout.field(field), s.Stored(field), EncodeFor::kSave, bytes)) return s.FailPlatform(kMismatch);
+  for (int field = 1; field <= layout.count(); ++field) {
+    if (!values.Has(field)) continue;
+    if (!EncodeField(layout.field(field), values.Get(field, layout), EncodeFor::kSave, bytes)) return FailPlatform(kMismatch);
   }
   if (revive) bytes[0] = bytes[1] = 0;
-  if (!s.WriteRecord(n, bytes)) {
-    const std::string error = s.file.LastError();
-    s.WriteRecord(n, before);
-    return s.FailPlatform(error);
+  if (!WriteRecord(n, bytes)) {
+    const std::string error = file.LastError();
+    WriteRecord(n, before);
+    return FailPlatform(error);
   }
-  return s.Ok();
+  return Ok();
+}
+
+bool ClassQDBASE::READ(int32_t record, const std::vector<FieldId>& fields, std::vector<Value>& values) {
+  State& s = *state_;
+  values.clear();
+  if (!s.MayRead(record) || !s.ReadRecord(record, s.scratch)) return s.Fail(25);
+  for (const FieldId& id : fields) {
+    const int n = s.layout.Resolve(id);
+    values.push_back(n == 0 ? Value() : DecodeField(s.layout.field(n), s.scratch.data()));
+  }
+  return true;
+}
+
+bool ClassQDBASE::WRITE(int32_t n, int32_t from, const std::vector<FieldValue>& values) {
+  State& s = *state_;
+  if (!s.MayWrite()) return s.Fail(28, kDenied);
+  // The fields of a table without records may have changed since: before a place in the layout is used.
+  if (s.file.IsOpen() && !s.ReadyToChange()) return s.Fail(25);
+  RecordBuffer buffer;
+  if (!s.MayRead(from) || !s.ReadRecord(from, buffer.Room(s.layout.record_length()))) return s.Fail(25);
+  buffer.Loaded(s.layout.count());
+  for (const FieldValue& entry : values) {
+    const int field = s.FieldNumber(entry.field);
+    if (field == 0) return false;
+    buffer.Set(field, entry.value);
+  }
+  return s.SaveRecord(n, buffer, false);
 }
 
 bool ClassQDBASE::RECORD_DELETE(int32_t n) {

@@ -4,7 +4,7 @@
 
 #include "base/check_digits.h"
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/rows.h"
 #include "documents/goods_prices.h"
 #include "exchange/table_import.h"
 
@@ -26,23 +26,26 @@ std::string NipKey(const Value& value) {
 
 class CustomerImport : public TableImport {
  public:
-  explicit CustomerImport(Program& program) : TableImport(program, kKontrahenci, CustomerAliases()) {}
+  explicit CustomerImport(Program& program) : TableImport(program, customer_columns::kName, CustomerAliases()) {}
 
  private:
   std::string Complete() override {
-    if (!HasColumn("KONTO_INDYW_OK") && !ToText(At("KONTO_INDYW_RACH")).empty()) Put("KONTO_INDYW_OK", true);
+    if (!HasColumn(customer_columns::kHasOwnAccount) && !ToText(At(customer_columns::kOwnAccount)).empty())
+      Put(customer_columns::kHasOwnAccount, true);
     return "";
   }
 
   void Doubts() override {
-    const std::string nip = ToText(At("NIP")), regon = ToText(At("REGON")), account = ToText(At("BANK_RACHUNEK"));
-    if (!nip.empty() && !CheckNIP(nip)) Doubt("NIP", "imp.doubt.number");
-    if (!regon.empty() && !CheckREGON(regon)) Doubt("REGON", "imp.doubt.number");
-    if (!account.empty() && !CheckIBAN(account, kCountry)) Doubt("BANK_RACHUNEK", "imp.doubt.number");
+    const std::string nip = ToText(At(customer_columns::kTaxNumber)), regon = ToText(At(customer_columns::kStatistical)),
+                      account = ToText(At(customer_columns::kAccount));
+    if (!nip.empty() && !CheckNIP(nip)) Doubt(customer_columns::kTaxNumber, "imp.doubt.number");
+    if (!regon.empty() && !CheckREGON(regon)) Doubt(customer_columns::kStatistical, "imp.doubt.number");
+    if (!account.empty() && !CheckIBAN(account, kCountry)) Doubt(customer_columns::kAccount, "imp.doubt.number");
   }
 
   std::vector<FieldId> IdentityFields() const override {
-    return {"NIP", "SYMBOL", "NAZWA", "ULICA", "NR_DOMU", "NR_LOKALU", "MIEJSCOWOSC"};
+    using namespace customer_columns;
+    return {kTaxNumber.name, kSymbol.name, kName.name, kStreet.name, kHouse.name, kFlat.name, kTown.name};
   }
 
   // By the tax number and the symbol; where neither stands, by name and address.
@@ -60,12 +63,14 @@ class CustomerImport : public TableImport {
 class ArticleImport : public TableImport {
  public:
   explicit ArticleImport(Program& program)
-      : TableImport(program, kTowaryUslugi, ArticleAliases()), pattern_(PricePattern(program, 0, false)) {}
+      : TableImport(program, article_columns::kName, ArticleAliases()), pattern_(PricePattern(program, 0, false)) {}
 
  private:
+  using PriceSet = article_columns::PriceSet;
+
   std::string Complete() override {
-    if (IsEmpty(At("WALUTA"))) Put("WALUTA", dictionaries_.First(kWaluty));
-    for (const std::string set : {"DETAL", "HURT", "SPEC"}) {
+    if (IsEmpty(At(article_columns::kCurrencyLink))) Put(article_columns::kCurrencyLink, dictionaries_.First(kWaluty));
+    for (const PriceSet& set : article_columns::kPriceSets) {
       if (!CompletePrices(set)) return program_.Text("imp.row.norate");
       CompleteProfit(set);
     }
@@ -73,30 +78,32 @@ class ArticleImport : public TableImport {
   }
 
   // Net from gross or gross from net, where one of them is missing. False when that takes a VAT rate and there is none.
-  bool CompletePrices(const std::string& set) {
-    const Value net = At(set + "_NETTO"), gross = At(set + "_BRUTTO");
+  bool CompletePrices(const PriceSet& set) {
+    const Value net = At(set.net), gross = At(set.gross);
     if (IsEmpty(net) == IsEmpty(gross)) return true;
-    const int32_t rate_record = Int32Or0(At("STAWKA_VAT"));
+    const int32_t rate_record = Int32Or0(At(article_columns::kRate));
     if (rate_record == 0) return false;
     const double rate = dictionaries_.Rate(rate_record);
-    if (IsEmpty(gross)) PutRounded(set + "_BRUTTO", GrossFromNet(DoubleOr0(net), rate));
-    if (IsEmpty(net)) PutRounded(set + "_NETTO", NetFromGross(DoubleOr0(gross), rate));
+    if (IsEmpty(gross)) PutRounded(set.gross, GrossFromNet(DoubleOr0(net), rate));
+    if (IsEmpty(net)) PutRounded(set.net, NetFromGross(DoubleOr0(gross), rate));
     return true;
   }
 
-  void CompleteProfit(const std::string& set) {
-    const double net = DoubleOr0(At(set + "_NETTO")), purchase = DoubleOr0(At("CENA_ZAKUPU"));
+  void CompleteProfit(const PriceSet& set) {
+    const double net = DoubleOr0(At(set.net)), purchase = DoubleOr0(At(article_columns::kPurchasePrice));
     if (net == 0) return;
-    if (IsEmpty(At(set + "_ZYSK"))) PutRounded(set + "_ZYSK", ProfitOf(net, purchase));
-    const double profit = DoubleOr0(At(set + "_ZYSK"));
-    if (IsEmpty(At(set + "_MARZA"))) PutRounded(set + "_MARZA", MarginOf(profit, net));
-    if (IsEmpty(At(set + "_NARZUT"))) PutRounded(set + "_NARZUT", MarkupOf(profit, purchase));
+    if (IsEmpty(At(set.profit))) PutRounded(set.profit, ProfitOf(net, purchase));
+    const double profit = DoubleOr0(At(set.profit));
+    if (IsEmpty(At(set.margin))) PutRounded(set.margin, MarginOf(profit, net));
+    if (IsEmpty(At(set.markup))) PutRounded(set.markup, MarkupOf(profit, purchase));
   }
 
   // As the editor of articles rounds what it writes.
-  void PutRounded(const std::string& field, double amount) { Put(field, RoundByPattern(Value(amount), pattern_)); }
+  void PutRounded(const Column<double>& column, double amount) { Put(column, RoundByPattern(Value(amount), pattern_)); }
 
-  std::vector<FieldId> IdentityFields() const override { return {"SYMBOL", "NAZWA", "DETAL_NETTO"}; }
+  std::vector<FieldId> IdentityFields() const override {
+    return {article_columns::kSymbol.name, article_columns::kName.name, article_columns::kPriceSets[Article::kRetail].net.name};
+  }
 
   // By the symbol; where there is none, by name and price.
   std::vector<RecordIdentity> Identities(const std::vector<Value>& values) const override {

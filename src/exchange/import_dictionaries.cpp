@@ -4,27 +4,29 @@
 #include <optional>
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/books.h"
+#include "books/columns.h"
+#include "books/dictionary_rows.h"
 
 namespace ostrinka {
 namespace {
 
 struct DictionaryRule {
   int table;
-  const char* names[3];  // fields that name an entry, the foremost first; null for none
+  Column<std::string> names[3];  // that name an entry, the foremost first; a null name for none
   bool grows;
 };
 
 constexpr DictionaryRule kRules[] = {
-    {kGrupy, {"NAZWA"}, true},
-    {kGrupaTU, {"NAZWA"}, true},
-    {kJednMiary, {"SYMBOL", "NAZWA"}, true},
-    {kPanstwa, {"NAZWA", "SKROT"}, true},
-    {kRegiony, {"NAZWA"}, true},
-    {kFormyPlatn, {"NAZWA"}, false},
-    {kStawkiVat, {"SYMBOL", "NAZWA"}, false},
-    {kWaluty, {"SYMBOL", "KODWAL", "NAZWA"}, false},
-    {kKasyFisk, {"SYMBOL", "NAZWA"}, false},
+    {kGrupy, {group_columns::kName}, true},
+    {kGrupaTU, {article_group_columns::kName}, true},
+    {kJednMiary, {unit_columns::kSymbol, unit_columns::kName}, true},
+    {kPanstwa, {country_columns::kName, country_columns::kShort}, true},
+    {kRegiony, {region_columns::kName}, true},
+    {kFormyPlatn, {payment_form_columns::kName}, false},
+    {kStawkiVat, {vat_rate_columns::kSymbol, vat_rate_columns::kName}, false},
+    {kWaluty, {currency_columns::kSymbol, currency_columns::kCode, currency_columns::kName}, false},
+    {kKasyFisk, {cash_register_columns::kSymbol, cash_register_columns::kName}, false},
 };
 
 constexpr char kNewUnitFormat[] = "#2";  // a quantity of a new unit may have a fraction
@@ -66,19 +68,19 @@ ImportDictionaries::Entries& ImportDictionaries::Of(int table) {
   Entries& entries = found->second;
   const DictionaryRule* rule = FindRule(table);
   if (!is_new || rule == nullptr) return entries;
-  for (const char* name : rule->names) {
-    if (name == nullptr) break;
-    Table(program_, table).SCAN({FieldId(name)}, [&](int32_t record, const std::vector<Value>& values) {
+  for (const Column<std::string>& name : rule->names) {
+    if (name.name == nullptr) break;
+    const auto note = [&](int32_t record, const std::string& text) {
       if (entries.first == 0) entries.first = record;
-      Remember(entries, record, Trim(ToText(values[0])));
+      Remember(entries, record, Trim(text));
       return true;
-    });
+    };
+    EachOf(program_, table, note, name);
   }
   if (table != kStawkiVat) return entries;
-  Table(program_, table).SCAN({FieldId("SYMBOL"), FieldId("WARTOSC")}, [&](int32_t record, const std::vector<Value>& values) {
-    const double rate = DoubleOr0(values[1]);
-    entries.rates[record] = rate;
-    if (Percent(ToText(values[0]), true)) entries.percents.emplace_back(rate, record);
+  EachRow<VatRate>(program_, [&](int32_t record, const VatRate& rate) {
+    entries.rates[record] = rate.percent;
+    if (Percent(rate.symbol, true)) entries.percents.emplace_back(rate.percent, record);
     return true;
   });
   return entries;
@@ -103,23 +105,18 @@ bool ImportDictionaries::Grows(int table) const {
 
 int32_t ImportDictionaries::NameLength(int table) {
   const DictionaryRule* rule = FindRule(table);
-  return rule == nullptr ? 0 : Table(program_, table).FIELD_LEN(rule->names[0]);
+  return rule == nullptr ? 0 : Table(program_, table).FIELD_LEN(rule->names[0].name);
 }
 
 int32_t ImportDictionaries::Add(int table, const std::string& text) {
   const DictionaryRule* rule = FindRule(table);
   if (rule == nullptr || !rule->grows) return 0;
-  ClassQDBASE& dictionary = Table(program_, table);
-  std::vector<Value> values(static_cast<size_t>(dictionary.FIELD_COUNT()));
-  for (int n = 1; n <= dictionary.FIELD_COUNT(); ++n) {
-    const std::string field = dictionary.FIELD_NAME(n);
-    const bool unit = table == kJednMiary;
-    if (field == rule->names[0] || (unit && field == "NAZWA")) values[static_cast<size_t>(n) - 1] = text;
-    if (unit && field == "FORMAT") values[static_cast<size_t>(n) - 1] = std::string(kNewUnitFormat);
-  }
-  if (!dictionary.RECORD_ADD(values)) return 0;
-  const int32_t added = dictionary.RECORD_ADDED();
-  dictionary.RECORD_SHOW(added);
+  ColumnValues values;
+  values.Set(rule->names[0], text);
+  if (table == kJednMiary) values.Set(unit_columns::kName, text).Set(unit_columns::kFormat, kNewUnitFormat);
+  const int32_t added = ostrinka::Add(program_, table, values);
+  if (added < 1) return 0;
+  Table(program_, table).RECORD_SHOW(added);
   Remember(Of(table), added, text);
   return added;
 }

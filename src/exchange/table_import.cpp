@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/text.h"
+#include "books/columns.h"
 #include "company/table_definitions.h"
 #include "company/tables.h"
 #include "exchange/import_check.h"
@@ -12,12 +13,14 @@
 namespace ostrinka {
 namespace {
 
-constexpr char kName[] = "NAZWA";
 constexpr size_t kShownName = 40;        // characters
 constexpr size_t kMostNewEntries = 300;  // a wrong column must not fill a dictionary
 
 // Fields whose boxes take line ends.
-constexpr std::string_view kLongTexts[] = {"NAZWA", "OPIS", "UWAGI", "KONTO_INDYW_RACH", "KONTO_INDYW_OPIS"};
+constexpr std::string_view kLongTexts[] = {
+    customer_columns::kName.name,  customer_columns::kOwnAccount.name, customer_columns::kOwnAccountText.name,
+    customer_columns::kNotes.name, article_columns::kName.name,        article_columns::kDescription.name,
+    article_columns::kNotes.name};
 
 struct FlagWord {
   std::string_view word;  // folded
@@ -72,8 +75,13 @@ std::string WithoutGrouping(std::string text) {
 
 }  // namespace
 
-TableImport::TableImport(Program& program, int table, std::span<const ColumnAlias> aliases)
-    : program_(program), dictionaries_(program), number_(table), table_(Table(program, table)), aliases_(aliases) {}
+TableImport::TableImport(Program& program, const Column<std::string>& name, std::span<const ColumnAlias> aliases)
+    : program_(program),
+      dictionaries_(program),
+      number_(name.table),
+      name_(name.name),
+      table_(Table(program, name.table)),
+      aliases_(aliases) {}
 
 ImportResult TableImport::Run(const std::string& path) {
   if (!TableIsOpen(program_, number_)) {
@@ -98,7 +106,7 @@ bool TableImport::ReadHeadings(SeparatedFile& file) {
   headings_ = row.fields.size();
   columns_ = MatchColumns(table_, aliases_, row.fields, result_.ignored_columns);
   for (int n = 1; n <= table_.FIELD_COUNT(); ++n) index_.emplace(table_.FIELD_NAME(n), static_cast<size_t>(n) - 1);
-  if (HasColumn(kName)) return true;
+  if (HasColumn(name_)) return true;
   result_.ignored_columns.clear();
   result_.error = program_.Text("imp.err.noname");
   return false;
@@ -106,7 +114,7 @@ bool TableImport::ReadHeadings(SeparatedFile& file) {
 
 void TableImport::NoteExisting() {
   std::vector<FieldId> fields = IdentityFields();
-  fields.emplace_back(kName);
+  fields.emplace_back(name_);
   table_.SCAN(fields, [&](int32_t, const std::vector<Value>& values) {
     for (const RecordIdentity& identity : Identities(values)) known_.emplace(identity.key, Trim(ToText(values.back())));
     return true;
@@ -122,7 +130,7 @@ void TableImport::Take(const SeparatedRow& row) {
     if (row.fault == sentence.fault) reason = program_.Text(sentence.key);
   }
   if (reason.empty()) reason = ReadCells(row);
-  if (reason.empty() && TrimWhite(ToText(At(kName))).empty()) reason = program_.Text("imp.row.noname");
+  if (reason.empty() && TrimWhite(ToText(At(name_))).empty()) reason = program_.Text("imp.row.noname");
   if (reason.empty()) reason = Complete();
   if (reason.empty()) reason = Duplicate();
   if (!reason.empty()) return LeaveOut(row, reason);
@@ -145,7 +153,7 @@ std::string TableImport::ReadCells(const SeparatedRow& row) {
   std::string reason;
   for (const bool names : {true, false}) {
     for (const ImportColumn& column : columns_) {
-      if ((static_cast<size_t>(column.field) - 1 == IndexOf(kName)) != names || column.cell >= row.fields.size()) continue;
+      if ((static_cast<size_t>(column.field) - 1 == IndexOf(name_)) != names || column.cell >= row.fields.size()) continue;
       reason = ReadCell(column, row.fields[column.cell]);
       if (!reason.empty()) return reason;
     }
@@ -257,7 +265,7 @@ bool TableImport::Write() {
   if (!table_.RECORD_ADD(values_)) return false;
   table_.RECORD_SHOW(table_.RECORD_ADDED());
   ++result_.added;
-  for (const RecordIdentity& identity : RowIdentities()) known_.emplace(identity.key, Trim(ToText(At(kName))));
+  for (const RecordIdentity& identity : RowIdentities()) known_.emplace(identity.key, Trim(ToText(At(name_))));
   return true;
 }
 
@@ -267,7 +275,7 @@ void TableImport::LeaveOut(const SeparatedRow& row, const std::string& reason) {
 }
 
 std::string TableImport::Sentence(int row, const std::string& reason) const {
-  const std::string name = LeftCharacters(CleanText(ToText(At(kName)), true), kShownName);
+  const std::string name = LeftCharacters(CleanText(ToText(At(name_)), true), kShownName);
   const std::string number = std::to_string(row);
   return name.empty() ? program_.Text("imp.row.plain", {number, reason}) : program_.Text("imp.row.named", {number, name, reason});
 }

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "engine/qdbase.h"
+#include "books/column.h"
 #include "exchange/import_columns.h"
 #include "exchange/import_dictionaries.h"
 #include "exchange/import_result.h"
@@ -27,7 +27,8 @@ class TableImport {
   ImportResult Run(const std::string& path);
 
  protected:
-  TableImport(Program& program, int table, std::span<const ColumnAlias> aliases);
+  // `name` is the column that every row must fill; its table is the one that the rows go into.
+  TableImport(Program& program, const Column<std::string>& name, std::span<const ColumnAlias> aliases);
 
   // Fills what follows from the row's other values. A sentence when the row cannot come in, "" otherwise.
   virtual std::string Complete() = 0;
@@ -37,19 +38,37 @@ class TableImport {
   virtual std::vector<FieldId> IdentityFields() const = 0;
   virtual std::vector<RecordIdentity> Identities(const std::vector<Value>& values) const = 0;
 
-  // Values of the row, by field name; the empty value where the row has none.
-  const Value& At(std::string_view field) const;
-  void Put(std::string_view field, Value value);
-  // Whether the file has a column for the field.
-  bool HasColumn(std::string_view field) const;
-  // The heading of the field's column, its name where there is none.
-  std::string Heading(std::string_view field) const;
-  void Doubt(std::string_view field, std::string_view sentence_key);
+  // The row's value of a column; the empty value where the row has none.
+  template <typename T>
+  const Value& At(const Column<T>& column) const {
+    return At(column.name);
+  }
+  template <typename T>
+  void Put(const Column<T>& column, Value value) {
+    Put(column.name, std::move(value));
+  }
+  // Whether the file has a column for it.
+  template <typename T>
+  bool HasColumn(const Column<T>& column) const {
+    return HasColumn(column.name);
+  }
+  template <typename T>
+  void Doubt(const Column<T>& column, std::string_view sentence_key) {
+    Doubt(column.name, sentence_key);
+  }
 
   Program& program_;
   ImportDictionaries dictionaries_;
 
  private:
+  // By field name.
+  const Value& At(std::string_view field) const;
+  void Put(std::string_view field, Value value);
+  bool HasColumn(std::string_view field) const;
+  void Doubt(std::string_view field, std::string_view sentence_key);
+  // The heading of the field's column, its name where there is none.
+  std::string Heading(std::string_view field) const;
+
   bool ReadHeadings(SeparatedFile& file);
   void NoteExisting();
   void Take(const SeparatedRow& row);
@@ -69,6 +88,7 @@ class TableImport {
   int LinkedTable(int field);
 
   const int number_;
+  const std::string name_;  // of the field that names a record
   ClassQDBASE& table_;
   const std::span<const ColumnAlias> aliases_;
   size_t headings_ = 0;  // of the file, also empty ones

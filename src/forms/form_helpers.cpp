@@ -2,7 +2,6 @@
 
 #include "base/check_digits.h"
 #include "base/text.h"
-#include "company/tables.h"
 
 namespace ostrinka {
 namespace {
@@ -13,27 +12,19 @@ constexpr int kFlashes = 5, kFlashPause = 25;
 
 }  // namespace
 
-void FillFromTable(Program& program, int number, ComboControl& list, const std::function<std::string(ClassQDBASE&)>& text_of,
-                   bool blank_first) {
+void StartList(ComboControl& list, bool blank_first) {
   list.Clear();
   if (blank_first) list.AddItem("", 0);
-  ClassQDBASE& table = Table(program, number);
-  const int32_t count = table.RECORD_COUNT();
-  for (int32_t record = 1; record <= count; ++record) {
-    if (!table.RECORD_EXIST(record) || !table.RECORD_LOAD(record)) continue;
-    std::string text = text_of(table);
-    if (!text.empty()) list.AddItem(std::move(text), record);
-  }
 }
 
-void FillFromTable(Program& program, int number, ComboControl& list, std::string_view field, bool blank_first) {
-  list.Clear();
-  if (blank_first) list.AddItem("", 0);
-  Table(program, number).SCAN({FieldId(field)}, [&](int32_t record, const std::vector<Value>& values) {
-    std::string text = Trim(ToText(values[0]));
+void FillFromTable(Program& program, const Column<std::string>& column, ComboControl& list, bool blank_first) {
+  StartList(list, blank_first);
+  const auto add = [&](int32_t record, const std::string& shown) {
+    std::string text = Trim(shown);
     if (!text.empty()) list.AddItem(std::move(text), record);
     return true;
-  });
+  };
+  EachOf(program, column.table, add, column);
 }
 
 void SelectOrAdd(ComboControl& list, int32_t record, std::string text) {
@@ -42,23 +33,24 @@ void SelectOrAdd(ComboControl& list, int32_t record, std::string text) {
   list.SelectValue(record);
 }
 
-void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list) {
-  const std::string text = Trim(table.Text("@" + field));
-  const int32_t record = table.Int("." + field);
-  const int index = list.FindIdByValue(record);
+void ShowLink(Program& program, const Column<Link>& column, int32_t record, ComboControl& list) {
+  const std::string text = Trim(LinkText(program, column, record));
+  const int32_t target = ReadColumn(program, column, record);
+  const int index = list.FindIdByValue(target);
   if (index >= 0 && list.List(index) == text) {
     list.SetListIndex(index);
   } else if (text.empty() || !list.SelectText(text)) {
-    SelectOrAdd(list, record, text);
+    SelectOrAdd(list, target, text);
   }
 }
 
-void SaveLink(ClassQDBASE& table, const std::string& field, const ComboControl& list) {
-  if (list.ListIndex() >= 0) table.FIELD(field, Value(list.Value()));
+void SaveLink(ColumnValues& values, const Column<Link>& column, const ComboControl& list) {
+  if (list.ListIndex() >= 0) values.Set(column, list.Value());
 }
 
-void LimitToField(ClassQDBASE& table, std::string_view field, TextBoxControl& box, size_t limit) {
-  const int32_t length = table.IsOpen() ? table.FIELD_LEN(field) : 0;
+void LimitToField(Program& program, const Column<std::string>& column, TextBoxControl& box, size_t limit) {
+  ClassQDBASE& table = Table(program, column.table);
+  const int32_t length = table.IsOpen() ? table.FIELD_LEN(column.name) : 0;
   box.Limit = length > 0 ? static_cast<size_t>(length) : limit;
 }
 

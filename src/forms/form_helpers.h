@@ -3,34 +3,43 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "app/program.h"
+#include "books/books.h"
+#include "books/columns.h"
 #include "controls/form.h"
-#include "engine/qdbase.h"
 
 namespace ostrinka {
 
-// Fills `list` with the existing records of table `number` in their order, the record number as the value; a record whose trimmed `field`
+// Empties `list` and, with `blank_first`, puts an empty entry of value 0 into it.
+void StartList(ComboControl& list, bool blank_first);
+// Fills `list` with the existing records of the column's table in their order, the record number as the value; a record whose trimmed text
 // is empty is passed over. `blank_first` puts an empty entry of value 0 before them. Nothing is selected.
-void FillFromTable(Program& program, int number, ComboControl& list, std::string_view field, bool blank_first);
-// The same with a text made by `text_of` from the record that is loaded; an empty text passes it over.
-void FillFromTable(Program& program, int number, ComboControl& list, const std::function<std::string(ClassQDBASE&)>& text_of,
-                   bool blank_first);
+void FillFromTable(Program& program, const Column<std::string>& column, ComboControl& list, bool blank_first);
+// The same with a text that `text_of` makes from the row; an empty text passes it over.
+template <typename Row, typename TextOf>
+void FillFromRows(Program& program, ComboControl& list, TextOf text_of, bool blank_first) {
+  StartList(list, blank_first);
+  EachRow<Row>(program, [&](int32_t record, const Row& row) {
+    std::string text = text_of(row);
+    if (!text.empty()) list.AddItem(std::move(text), record);
+    return true;
+  });
+}
 
 // Selects the entry of `record`. A record that the list lacks, because it was deleted, is added at the end with `text` first.
 void SelectOrAdd(ComboControl& list, int32_t record, std::string text);
-// Shows the link field of the loaded record by its text; among entries of equal text the one that is linked. The text of a deleted record
-// stands in the list too, so that it is shown, counts in the rules and is saved again.
-void ShowLink(ClassQDBASE& table, const std::string& field, ComboControl& list);
-// Writes the chosen record to the buffer. With none selected the field keeps what it holds.
-void SaveLink(ClassQDBASE& table, const std::string& field, const ComboControl& list);
+// Shows a link of `record` by its text; among entries of equal text the one that is linked. The text of a deleted record stands in the list
+// too, so that it is shown, counts in the rules and is saved again.
+void ShowLink(Program& program, const Column<Link>& column, int32_t record, ComboControl& list);
+// Sets the column to the chosen record. With none selected it keeps what it holds.
+void SaveLink(ColumnValues& values, const Column<Link>& column, const ComboControl& list);
 
 // A text box takes as many letters as its field holds; `limit` where the table is not open.
-void LimitToField(ClassQDBASE& table, std::string_view field, TextBoxControl& box, size_t limit = 0);
+void LimitToField(Program& program, const Column<std::string>& column, TextBoxControl& box, size_t limit = 0);
 
 // Beeps, then flashes the ground of a field five times and gives it the focus.
 void FlashField(Program& program, Form& form, TextBoxControl& box);

@@ -1,13 +1,12 @@
 #include "forms/record_editor.h"
 
 #include "base/text.h"
-#include "company/tables.h"
 #include "forms/bound_control.h"
 
 namespace ostrinka {
 
-RecordEditor::RecordEditor(Program& program, int table, std::string name, const std::string& keys)
-    : Form(std::move(name), keys + ".title"), program_(program), table_(table) {
+RecordEditor::RecordEditor(Program& program, const Column<Attachments>& files, std::string name, const std::string& keys)
+    : Form(std::move(name), keys + ".title"), program_(program), files_(files) {
   txtNazwa.MultiLine = true;
   memoAdd_.caption_key = keys + ".btn.ach.add";
   memoDel_.caption_key = keys + ".btn.ach.del";
@@ -45,23 +44,21 @@ RecordEditor::RecordEditor(Program& program, int table, std::string name, const 
 }
 
 ClassQDBASE& RecordEditor::table() {
-  return Table(program_, table_);
+  return Table(program_, files_.table);
 }
 
-bool RecordEditor::Begin(int mode, int32_t record) {
+void RecordEditor::Begin(EditMode mode, int32_t record) {
   Unbind();
   Mode = mode;
-  RecordNo = mode == 2 ? record : 0;
+  RecordNo = mode == EditMode::kEdit ? record : 0;
   saved_record_ = 0;
   memoCONTROL_.Clear();
   ShowPage("STD");
-  if (record < 1) return false;
-  if (mode == 2) table().RECORD_POSITION(record);
-  return table().RECORD_LOAD(record);
+  if (RecordNo >= 1) table().RECORD_POSITION(RecordNo);
 }
 
 void RecordEditor::Ready() {
-  if (Mode == 2) Bind();
+  if (Mode == EditMode::kEdit) Bind();
   SetFocus(txtNazwa);
   SetDirty(false);
 }
@@ -84,7 +81,7 @@ bool RecordEditor::NameGiven() {
 
 void RecordEditor::Save() {
   if (flashing_ || !NameGiven()) return;
-  if (TableIsOpen(program_, table_)) {
+  if (TableIsOpen(program_, files_.table)) {
     if (!Store()) return;
     if (program_.main_view) program_.main_view->ref_();
   }
@@ -95,45 +92,31 @@ void RecordEditor::Save() {
 // A record that cannot be written leaves the form open, so that what was typed is not lost.
 bool RecordEditor::Store() {
   ClassQDBASE& records = table();
-  bool stored = false;
-  if (Mode == 1) {
-    stored = StoreNew();
-  } else if (records.RECORD_LOAD(RecordNo)) {
-    save_();
-    stored = records.RECORD_SAVE(RecordNo);
+  int32_t stored = 0;
+  if (Mode == EditMode::kNew) {
+    stored = Add(program_, files_.table, save_());
+  } else if (ostrinka::Store(program_, files_.table, RecordNo, save_())) {
+    stored = RecordNo;
   }
-  if (!stored) {
+  if (stored < 1) {
     program_.platform.ui.Beep();
     program_.Status(program_.Text("msg.info.error"));
     return false;
   }
+  Mode = EditMode::kEdit;
+  RecordNo = stored;
   records.RECORD_SHOW(RecordNo);
   records.RECORD_POSITION(RecordNo);
   saved_record_ = RecordNo;
   return true;
 }
 
-bool RecordEditor::StoreNew() {
-  ClassQDBASE& records = table();
-  if (!records.RECORD_ADD()) return false;
-  const int32_t added = records.RECORD_ADDED();
-  if (!records.RECORD_LOAD(added)) return false;
-  save_();
-  if (!records.RECORD_SAVE(added)) {
-    records.RECORD_DELETE(added);
-    return false;
-  }
-  Mode = 2;
-  RecordNo = added;
-  return true;
-}
-
 void RecordEditor::Bind() {
-  if (!TableIsOpen(program_, table_)) return;
+  if (!TableIsOpen(program_, files_.table)) return;
   ClassQDBASE& records = table();
   records.RECORD_POSITION(RecordNo);
   records.FORM_CONNECT(*this);
-  records.FORM_OBJECT_ADD(Bound(memoCONTROL_), "MEMO_");
+  records.FORM_OBJECT_ADD(Bound(memoCONTROL_), files_.name);
   records.FORM_REFRESH();
   bound_ = true;
 }
@@ -145,8 +128,8 @@ void RecordEditor::Unbind() {
 }
 
 void RecordEditor::AddAttachment() {
-  if (!TableIsOpen(program_, table_)) return;
-  if (Mode != 2) {
+  if (!TableIsOpen(program_, files_.table)) return;
+  if (Mode != EditMode::kEdit) {
     if (program_.Message("msg.question.saverecordandaddatachment", MessageKind::kQuestion) != Answer::kYes) return;
     if (flashing_ || !NameGiven() || !Store()) return;
     SetDirty(false);
@@ -156,19 +139,21 @@ void RecordEditor::AddAttachment() {
   const std::optional<std::string> file = program_.platform.ui.AskOpenFile({{program_.Text("common.filter.allfiles"), {"*"}}});
   if (!file || file->empty()) return;
   table().RECORD_POSITION(RecordNo);
-  if (!table().MEMO_ADD("MEMO_", *file)) program_.Message("msg.info.cantaddattachment", MessageKind::kWarning);
+  if (!table().MEMO_ADD(files_.name, *file)) program_.Message("msg.info.cantaddattachment", MessageKind::kWarning);
   table().FORM_REFRESH();
 }
 
 void RecordEditor::DeleteAttachment() {
   table().RECORD_POSITION(RecordNo);
-  if (!table().MEMO_DEL("MEMO_", memoCONTROL_.GetCurrentFileID_())) program_.Message("msg.info.cantdelattachment", MessageKind::kWarning);
+  if (!table().MEMO_DEL(files_.name, memoCONTROL_.GetCurrentFileID_()))
+    program_.Message("msg.info.cantdelattachment", MessageKind::kWarning);
   if (bound_) table().FORM_REFRESH();
 }
 
 void RecordEditor::OpenAttachment() {
   table().RECORD_POSITION(RecordNo);
-  if (!table().MEMO_EXEC("MEMO_", memoCONTROL_.GetCurrentFileID_())) program_.Message("msg.info.cantopenattachment", MessageKind::kWarning);
+  if (!table().MEMO_EXEC(files_.name, memoCONTROL_.GetCurrentFileID_()))
+    program_.Message("msg.info.cantopenattachment", MessageKind::kWarning);
 }
 
 }  // namespace ostrinka

@@ -3,21 +3,22 @@
 
 #include <string>
 
+#include "forms/edit_mode.h"
 #include "forms/form_helpers.h"
 
 namespace ostrinka {
 
 class RecordEditor : public Form {
  public:
-  int Mode = 0;          // 0 none, 1 new record, 2 existing record
+  EditMode Mode = EditMode::kNew;
   int32_t RecordNo = 0;  // of the table; 0 in a new record
 
   TextBoxControl txtNazwa, txtWWW;
   MemoControl memoCONTROL_;
   ButtonControl btnSave, btnCancel, btnWWWgo, memoAdd_, memoDel_, memoExec_;
 
-  // Copies the fields into the loaded record of the table; the caller saves.
-  virtual void save_() = 0;
+  // The values of the fields, as saving writes them to the record of the table.
+  virtual ColumnValues save_() = 0;
 
   // The record that the last saving wrote; 0 when nothing was saved since the form was filled.
   int32_t saved_record() const { return saved_record_; }
@@ -27,12 +28,12 @@ class RecordEditor : public Form {
   bool AsksBeforeClosing() const override { return true; }
 
  protected:
-  // `table` is the number of the table, `keys` the first word of the form's catalogue keys.
-  RecordEditor(Program& program, int table, std::string name, const std::string& keys);
+  // `files` is the column of the attachments and says which table is edited, `keys` the first word of the form's catalogue keys.
+  RecordEditor(Program& program, const Column<Attachments>& files, std::string name, const std::string& keys);
 
   ClassQDBASE& table();
-  // Sets the state for a new record, or loads record `record` and makes it current. False when there is nothing to load.
-  bool Begin(int mode, int32_t record);
+  // Sets the state for a new record, or makes record `record` current.
+  void Begin(EditMode mode, int32_t record);
   // Called by reload_ when the fields stand.
   void Ready();
   // Takes the form off the table; a derived class calls it when it goes.
@@ -44,13 +45,12 @@ class RecordEditor : public Form {
   void Save();
   bool NameGiven();
   bool Store();
-  bool StoreNew();
   void Bind();
   void AddAttachment();
   void DeleteAttachment();
   void OpenAttachment();
 
-  int table_;
+  Column<Attachments> files_;
   int32_t saved_record_ = 0;
   bool bound_ = false, flashing_ = false;
 };

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/company_record.h"
+#include "books/columns.h"
 #include "controls/form.h"
 
 namespace ostrinka {
@@ -22,7 +23,7 @@ struct CompanyBox {
   TextBoxControl CompanyBoxes::*box;
   const char* name;
   std::string CompanyRecord::*member;
-  const char* field;
+  Column<std::string> column;
   size_t length;  // of the field, for as long as no company is open
 };
 inline constexpr size_t kCompanyBoxCount = 19;

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/books.h"
+#include "company/company_fields.h"
 
 namespace ostrinka {
 namespace {
@@ -18,16 +19,17 @@ std::string FirstLine(const std::string& text) {
 bool WriteCompanyTable(Program& program, CompanyRecord& record) {
   if (!TableIsOpen(program, kFirma)) return true;
   ClassQDBASE& table = Table(program, kFirma);
-  if (table.RECORD_COUNT() < 1 && !table.RECORD_ADD()) return false;
-  if (!table.RECORD_LOAD(1)) return false;
+  if (table.RECORD_COUNT() < 1 && Add(program, kFirma, {}) < 1) return false;
+  ColumnValues values;
   for (const CompanyField& field : CompanyFields()) {
     // The settings hold one line of a text: the record keeps the others as long as that one stays.
     if (FirstLine(table.Text(field.table_field)) == field.member(record)) continue;
     // A text may come from settings that know no length: what does not fit would run into the next field.
     const int32_t length = table.FIELD_LEN(field.table_field);
-    if (length > 0) table.FIELD(field.table_field, Value(LeftCharacters(field.member(record), static_cast<size_t>(length))));
+    const Column<std::string> column{kFirma, field.table_field};
+    if (length > 0) values.Set(column, LeftCharacters(field.member(record), static_cast<size_t>(length)));
   }
-  return table.RECORD_SAVE(1);
+  return Store(program, kFirma, 1, values);
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ void frm_Admin_usr_::reload_() {
   CompanyLoad(program_);
   edited_ = program_.company;
   for (const CompanyBox& entry : CompanyBoxList()) {
-    LimitToField(Table(program_, kFirma), entry.field, this->*entry.box, entry.length);
+    LimitToField(program_, entry.column, this->*entry.box, entry.length);
     (this->*entry.box).SetText(edited_.*entry.member);
   }
   CheckNumbers();

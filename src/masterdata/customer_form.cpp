@@ -1,7 +1,8 @@
 #include "masterdata/customer_form.h"
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/dictionary_rows.h"
+#include "books/rows.h"
 #include "masterdata/postal.h"
 
 namespace ostrinka {
@@ -10,51 +11,51 @@ namespace {
 struct BoxField {
   TextBoxControl frm_Kontrahenci_::*box;
   const char* name;
-  const char* field;
+  Column<std::string> column;
 };
 
 constexpr BoxField kBoxes[] = {
-    {&frm_Kontrahenci_::txtSymbol, "txtSymbol", "SYMBOL"},
-    {&frm_Kontrahenci_::txtUlica, "txtUlica", "ULICA"},
-    {&frm_Kontrahenci_::txtNrDomu, "txtNrDomu", "NR_DOMU"},
-    {&frm_Kontrahenci_::txtNrLokalu, "txtNrLokalu", "NR_LOKALU"},
-    {&frm_Kontrahenci_::txtKodPocztowy, "txtKodPocztowy", "KOD_POCZTOWY"},
-    {&frm_Kontrahenci_::txtMiejscowość, "txtMiejscowość", "MIEJSCOWOSC"},
-    {&frm_Kontrahenci_::txtBank, "txtBank", "BANK_NAZWA"},
-    {&frm_Kontrahenci_::txtSWIFT, "txtSWIFT", "BANK_SWIFT"},
-    {&frm_Kontrahenci_::txtNrKonta, "txtNrKonta", "BANK_RACHUNEK"},
-    {&frm_Kontrahenci_::txtTelefon, "txtTelefon", "TELEFON"},
-    {&frm_Kontrahenci_::txtTelKom, "txtTelKom", "TEL_KOM"},
-    {&frm_Kontrahenci_::txtFaks, "txtFaks", "FAKS"},
-    {&frm_Kontrahenci_::TxtNIP, "TxtNIP", "NIP"},
-    {&frm_Kontrahenci_::txtNIPEU, "txtNIPEU", "NIP_EU"},
-    {&frm_Kontrahenci_::txtKRS, "txtKRS", "KRS"},
-    {&frm_Kontrahenci_::txtRegon, "txtRegon", "REGON"},
-    {&frm_Kontrahenci_::txtEMail, "txtEMail", "ADRES_EMAIL"},
-    {&frm_Kontrahenci_::txtUwagi, "txtUwagi", "UWAGI"},
+    {&frm_Kontrahenci_::txtSymbol, "txtSymbol", customer_columns::kSymbol},
+    {&frm_Kontrahenci_::txtUlica, "txtUlica", customer_columns::kStreet},
+    {&frm_Kontrahenci_::txtNrDomu, "txtNrDomu", customer_columns::kHouse},
+    {&frm_Kontrahenci_::txtNrLokalu, "txtNrLokalu", customer_columns::kFlat},
+    {&frm_Kontrahenci_::txtKodPocztowy, "txtKodPocztowy", customer_columns::kPostalCode},
+    {&frm_Kontrahenci_::txtMiejscowość, "txtMiejscowość", customer_columns::kTown},
+    {&frm_Kontrahenci_::txtBank, "txtBank", customer_columns::kBank},
+    {&frm_Kontrahenci_::txtSWIFT, "txtSWIFT", customer_columns::kSwift},
+    {&frm_Kontrahenci_::txtNrKonta, "txtNrKonta", customer_columns::kAccount},
+    {&frm_Kontrahenci_::txtTelefon, "txtTelefon", customer_columns::kPhone},
+    {&frm_Kontrahenci_::txtTelKom, "txtTelKom", customer_columns::kMobile},
+    {&frm_Kontrahenci_::txtFaks, "txtFaks", customer_columns::kFax},
+    {&frm_Kontrahenci_::TxtNIP, "TxtNIP", customer_columns::kTaxNumber},
+    {&frm_Kontrahenci_::txtNIPEU, "txtNIPEU", customer_columns::kEuTaxNumber},
+    {&frm_Kontrahenci_::txtKRS, "txtKRS", customer_columns::kRegister},
+    {&frm_Kontrahenci_::txtRegon, "txtRegon", customer_columns::kStatistical},
+    {&frm_Kontrahenci_::txtEMail, "txtEMail", customer_columns::kEmail},
+    {&frm_Kontrahenci_::txtUwagi, "txtUwagi", customer_columns::kNotes},
 };
 
 struct ListField {
   ComboControl frm_Kontrahenci_::*list;
   const char* name;
-  const char* field;
-  int table;
+  Column<Link> column;
+  Column<std::string> shown;  // of the table that it leads to
   bool blank_first;
   bool sorted;
 };
 
 constexpr ListField kLists[] = {
-    {&frm_Kontrahenci_::txtGrupa, "txtGrupa", "GRUPA", kGrupy, true, false},
-    {&frm_Kontrahenci_::txtPaństwo, "txtPaństwo", "PANSTWO", kPanstwa, true, true},
-    {&frm_Kontrahenci_::txtWojewództwo, "txtWojewództwo", "WOJEWODZTWO", kRegiony, true, true},
-    {&frm_Kontrahenci_::txtFormaPłat, "txtFormaPłat", "D_FORMA_PLAT", kFormyPlatn, false, false},
+    {&frm_Kontrahenci_::txtGrupa, "txtGrupa", customer_columns::kGroup, group_columns::kName, true, false},
+    {&frm_Kontrahenci_::txtPaństwo, "txtPaństwo", customer_columns::kCountry, country_columns::kName, true, true},
+    {&frm_Kontrahenci_::txtWojewództwo, "txtWojewództwo", customer_columns::kRegion, region_columns::kName, true, true},
+    {&frm_Kontrahenci_::txtFormaPłat, "txtFormaPłat", customer_columns::kPaymentForm, payment_form_columns::kName, false, false},
 };
 
 constexpr int32_t kFirstRegionCode = 2;
 
 }  // namespace
 
-frm_Kontrahenci_::frm_Kontrahenci_(Program& program) : RecordEditor(program, kKontrahenci, "frm_Kontrahenci_", "customer") {
+frm_Kontrahenci_::frm_Kontrahenci_(Program& program) : RecordEditor(program, customer_columns::kFiles, "frm_Kontrahenci_", "customer") {
   RegisterControls();
   LayOut();
   Connect();
@@ -105,36 +106,37 @@ void frm_Kontrahenci_::Connect() {
   btnMAILgo.Clicked += [this] { program_.platform.ui.OpenAddress(MailAddress(Trim(txtEMail.Text()))); };
 }
 
-void frm_Kontrahenci_::reload_(int mode, int32_t record) {
-  FillLists();
-  ClearFields();
-  StartLists();
-  if (Begin(mode, mode == 2 ? record : 0)) ShowRecord();
-  Ready();
+void frm_Kontrahenci_::reload_(EditMode mode, int32_t record) {
+  Fill(mode, mode == EditMode::kEdit ? record : 0);
 }
 
 void frm_Kontrahenci_::clone_(int32_t record) {
+  Fill(EditMode::kNew, record);
+}
+
+void frm_Kontrahenci_::Fill(EditMode mode, int32_t record) {
   FillLists();
   ClearFields();
   StartLists();
-  if (Begin(1, record)) ShowRecord();
+  Begin(mode, record);
+  ShowRecord(record);
   Ready();
 }
 
 void frm_Kontrahenci_::FillLists() {
   for (const ListField& entry : kLists) {
-    FillFromTable(program_, entry.table, this->*entry.list, "NAZWA", entry.blank_first);
+    FillFromTable(program_, entry.shown, this->*entry.list, entry.blank_first);
     if (entry.sorted) (this->*entry.list).Sort();
   }
 }
 
 void frm_Kontrahenci_::ClearFields() {
-  LimitToField(table(), "NAZWA", txtNazwa);
-  LimitToField(table(), "ADRES_WWW", txtWWW);
+  LimitToField(program_, customer_columns::kName, txtNazwa);
+  LimitToField(program_, customer_columns::kWeb, txtWWW);
   for (TextBoxControl* box : {&txtNazwa, &txtWWW}) box->SetText("");
   for (const BoxField& entry : kBoxes) {
     TextBoxControl& box = this->*entry.box;
-    LimitToField(table(), entry.field, box);
+    LimitToField(program_, entry.column, box);
     box.SetText("");
     box.SetWarning(false);
   }
@@ -150,21 +152,23 @@ void frm_Kontrahenci_::StartLists() {
   if (!txtWojewództwo.SelectText(region)) txtWojewództwo.SelectValue(0);
 }
 
-void frm_Kontrahenci_::ShowRecord() {
-  ClassQDBASE& customers = table();
-  txtNazwa.SetText(Trim(customers.Text("NAZWA")));
-  txtWWW.SetText(Trim(customers.Text("ADRES_WWW")));
-  for (const BoxField& entry : kBoxes) (this->*entry.box).SetText(Trim(customers.Text(entry.field)));
-  for (const ListField& entry : kLists) ShowLink(customers, entry.field, this->*entry.list);
+void frm_Kontrahenci_::ShowRecord(int32_t record) {
+  const auto customer = Read<Customer>(program_, record);
+  if (!customer) return;
+  txtNazwa.SetText(Trim(customer->name));
+  txtWWW.SetText(Trim(customer->web));
+  for (const BoxField& entry : kBoxes) (this->*entry.box).SetText(Trim(ReadColumn(program_, entry.column, record)));
+  for (const ListField& entry : kLists) ShowLink(program_, entry.column, record, this->*entry.list);
   CheckNumbers();
 }
 
-void frm_Kontrahenci_::save_() {
-  ClassQDBASE& customers = table();
-  customers.FIELD("NAZWA", Value(Trim(txtNazwa.Text())));
-  customers.FIELD("ADRES_WWW", Value(Trim(txtWWW.Text())));
-  for (const BoxField& entry : kBoxes) customers.FIELD(entry.field, Value(Trim((this->*entry.box).Text())));
-  for (const ListField& entry : kLists) SaveLink(customers, entry.field, this->*entry.list);
+ColumnValues frm_Kontrahenci_::save_() {
+  ColumnValues values;
+  values.Set(customer_columns::kName, Trim(txtNazwa.Text()));
+  values.Set(customer_columns::kWeb, Trim(txtWWW.Text()));
+  for (const BoxField& entry : kBoxes) values.Set(entry.column, Trim((this->*entry.box).Text()));
+  for (const ListField& entry : kLists) SaveLink(values, entry.column, this->*entry.list);
+  return values;
 }
 
 void frm_Kontrahenci_::CheckNumbers() {
@@ -187,18 +191,17 @@ void frm_Kontrahenci_::FindCity() {
 void frm_Kontrahenci_::ShowRegionOf(const std::string& postal_code) {
   const int32_t code = PostalTable::RegionOfCode(postal_code);
   if (code < kFirstRegionCode) return;
-  ClassQDBASE& regions = Table(program_, kRegiony);
-  const int32_t count = regions.RECORD_COUNT();
-  for (int32_t record = 1; record <= count; ++record) {
-    if (!regions.RECORD_EXIST(record) || !regions.RECORD_LOAD(record) || regions.Int("KOD") != code) continue;
+  EachRow<Region>(program_, [&](int32_t record, const Region& row) {
+    if (row.code != code) return true;
     const int region = txtWojewództwo.FindIdByValue(record);
     if (region >= 0) txtWojewództwo.SetListIndex(region);
-    const int country = txtPaństwo.FindIdByValue(regions.Int(".PANSTWO"));
+    const int country = txtPaństwo.FindIdByValue(row.country);
     if (country >= 0) txtPaństwo.SetListIndex(country);
-    return;
-  }
+    return false;
+  });
 }
 
+// kept: without a region the place goes too, since it lay in the region that was taken away
 void frm_Kontrahenci_::RegionChosen() {
   if (txtWojewództwo.Value() != 0) return;
   txtKodPocztowy.SetText("");

@@ -16,20 +16,21 @@ class frm_Kontrahenci_ : public RecordEditor {
   explicit frm_Kontrahenci_(Program& program);
   ~frm_Kontrahenci_() override { Unbind(); }
 
-  // Mode 1 fills the form for a new record, mode 2 from record `record`.
-  void reload_(int mode, int32_t record = 0);
+  // Fills the form for a new record, or from record `record`.
+  void reload_(EditMode mode, int32_t record = 0);
   // A new record filled from `record`.
   void clone_(int32_t record);
-  void save_() override;
+  ColumnValues save_() override;
 
  private:
   void RegisterControls();
   void LayOut();
   void Connect();
+  void Fill(EditMode mode, int32_t record);
   void FillLists();
   void ClearFields();
   void StartLists();
-  void ShowRecord();
+  void ShowRecord(int32_t record);
   void CheckNumbers();
   void FindCity();
   void ShowRegionOf(const std::string& postal_code);

@@ -46,14 +46,13 @@ frm_Admin_usr_kdod_::frm_Admin_usr_kdod_(Program& program)
 void frm_Admin_usr_kdod_::reload_(const CompanyRecord& record) {
   record_ = record;
   accepted_ = false;
-  ClassQDBASE& company = Table(program_, kFirma);
-  LimitToField(company, "B_KONTO", txtKonto, kAccountLength);
+  LimitToField(program_, company_columns::kAccount, txtKonto, kAccountLength);
   txtKonto.SetText(record.B_KONTO);
   txtWybKontoOp_.Clear();
   for (size_t i = 0; i < accounts_.size(); ++i) {
     const std::string number = std::to_string(i + 1);
-    LimitToField(company, "B_KONTO_D" + number, *accounts_[i], kAccountLength);
-    LimitToField(company, "B_KONTO_OPIS_" + number, *texts_[i], kTextLength);
+    LimitToField(program_, company_columns::kFurtherAccounts[i], *accounts_[i], kAccountLength);
+    LimitToField(program_, company_columns::kAccountTexts[i], *texts_[i], kTextLength);
     accounts_[i]->SetText(record.B_KONTO_D[i]);
     texts_[i]->SetText(record.B_KONTO_OPIS[i]);
     txtWybKontoOp_.AddItem(program_.Text("usr.aex.acountspec." + number), static_cast<int32_t>(i + 1));

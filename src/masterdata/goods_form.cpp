@@ -3,39 +3,42 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/dictionary_rows.h"
+#include "books/rows.h"
 #include "documents/goods_prices.h"
 
 namespace ostrinka {
 namespace {
 
-enum Kind : int32_t { kGoods = 0, kService = 1 };
+constexpr int32_t kGoodsKind = 0, kServiceKind = 1;
 
 struct BoxField {
   TextBoxControl frm_TowUslugi_::*box;
   const char* name;
-  const char* field;
+  Column<std::string> column;
 };
 
 constexpr BoxField kBoxes[] = {
-    {&frm_TowUslugi_::txtSymbol, "txtSymbol", "SYMBOL"}, {&frm_TowUslugi_::txtNazwa, nullptr, "NAZWA"},
-    {&frm_TowUslugi_::txtOpis, "txtOpis", "OPIS"},       {&frm_TowUslugi_::txtPKWiU, "txtPKWiU", "PKWIU"},
-    {&frm_TowUslugi_::txtSWW, "txtSWW", "SWW"},          {&frm_TowUslugi_::txtWWW, nullptr, "ADRES_WWW"},
-    {&frm_TowUslugi_::txtUwagi, "txtUwagi", "UWAGI"},
+    {&frm_TowUslugi_::txtSymbol, "txtSymbol", article_columns::kSymbol},  {&frm_TowUslugi_::txtNazwa, nullptr, article_columns::kName},
+    {&frm_TowUslugi_::txtOpis, "txtOpis", article_columns::kDescription}, {&frm_TowUslugi_::txtPKWiU, "txtPKWiU", article_columns::kCode},
+    {&frm_TowUslugi_::txtSWW, "txtSWW", article_columns::kSww},           {&frm_TowUslugi_::txtWWW, nullptr, article_columns::kWeb},
+    {&frm_TowUslugi_::txtUwagi, "txtUwagi", article_columns::kNotes},
 };
 
 struct PriceField {
   frm_TowUslugi_::PriceFields frm_TowUslugi_::*boxes;
   const char* name;
-  const char* suffix;
+  Column<double> article_columns::PriceSet::*column;
 };
 
-constexpr const char* kSetNames[frm_TowUslugi_::kPriceSets] = {"DETAL", "HURT", "SPEC"};
 constexpr PriceField kPrices[] = {
-    {&frm_TowUslugi_::txtNetto, "txtNetto", "_NETTO"},    {&frm_TowUslugi_::txtBrutto, "txtBrutto", "_BRUTTO"},
-    {&frm_TowUslugi_::txtNarzut, "txtNarzut", "_NARZUT"}, {&frm_TowUslugi_::txtMarża, "txtMarża", "_MARZA"},
-    {&frm_TowUslugi_::txtZysk, "txtZysk", "_ZYSK"},
+    {&frm_TowUslugi_::txtNetto, "txtNetto", &article_columns::PriceSet::net},
+    {&frm_TowUslugi_::txtBrutto, "txtBrutto", &article_columns::PriceSet::gross},
+    {&frm_TowUslugi_::txtNarzut, "txtNarzut", &article_columns::PriceSet::markup},
+    {&frm_TowUslugi_::txtMarża, "txtMarża", &article_columns::PriceSet::margin},
+    {&frm_TowUslugi_::txtZysk, "txtZysk", &article_columns::PriceSet::profit},
 };
+static_assert(frm_TowUslugi_::kPriceSets == article_columns::kPriceSets.size());
 
 struct ReminderChoice {
   int32_t days;
@@ -45,18 +48,14 @@ constexpr ReminderChoice kReminders[] = {{7, "sdoc.abn.rem.7"}, {14, "sdoc.abn.r
 
 constexpr double kLongestSubscription = 32767;  // what the field of the table holds
 
-std::string RateName(ClassQDBASE& rates) {
-  return Trim(rates.Text("NAZWA")) + " (" + Trim(rates.Text("SYMBOL")) + ")";
-}
-
-std::string CurrencyName(ClassQDBASE& currencies) {
-  const std::string code = Trim(currencies.Text("KODWAL")), name = Trim(currencies.Text("NAZWA"));
+std::string CurrencyName(const CurrencyRow& currency) {
+  const std::string code = Trim(currency.code), name = Trim(currency.name);
   return code.empty() && name.empty() ? std::string() : code + " - " + name;
 }
 
 }  // namespace
 
-frm_TowUslugi_::frm_TowUslugi_(Program& program) : RecordEditor(program, kTowaryUslugi, "frm_TowUslugi_", "product") {
+frm_TowUslugi_::frm_TowUslugi_(Program& program) : RecordEditor(program, article_columns::kFiles, "frm_TowUslugi_", "product") {
   RegisterControls();
   LayOut();
   Connect();
@@ -124,19 +123,20 @@ void frm_TowUslugi_::Connect() {
   txtSubsTDay_.Left += [this] { NormaliseDays(); };
 }
 
-void frm_TowUslugi_::reload_(int mode, int32_t record) {
-  Fill(mode, mode == 2 ? record : 0);
+void frm_TowUslugi_::reload_(EditMode mode, int32_t record) {
+  Fill(mode, mode == EditMode::kEdit ? record : 0);
 }
 
 void frm_TowUslugi_::clone_(int32_t record) {
-  Fill(1, record);
+  Fill(EditMode::kNew, record);
 }
 
-void frm_TowUslugi_::Fill(int mode, int32_t record) {
+void frm_TowUslugi_::Fill(EditMode mode, int32_t record) {
   FillLists();
   ClearFields();
   StartNew();
-  if (Begin(mode, record)) ShowRecord();
+  Begin(mode, record);
+  ShowRecord(record);
   currency_shown_ = txtWaluta.Value();
   ShowRateName();
   ShowSubscription();
@@ -145,19 +145,19 @@ void frm_TowUslugi_::Fill(int mode, int32_t record) {
 
 void frm_TowUslugi_::FillLists() {
   txtRodzaj.Clear();
-  txtRodzaj.AddItem("Towar", kGoods);
-  txtRodzaj.AddItem("Usługa", kService);
-  FillFromTable(program_, kGrupaTU, txtGrupa, "NAZWA", true);
-  FillFromTable(program_, kJednMiary, txtJednostkaMiary, "SYMBOL", true);
-  FillFromTable(program_, kStawkiVat, txtStawkaVAT, "SYMBOL", false);
-  FillFromTable(program_, kWaluty, txtWaluta, CurrencyName, false);
+  txtRodzaj.AddItem("Towar", kGoodsKind);
+  txtRodzaj.AddItem("Usługa", kServiceKind);
+  FillFromTable(program_, article_group_columns::kName, txtGrupa, true);
+  FillFromTable(program_, unit_columns::kSymbol, txtJednostkaMiary, true);
+  FillFromTable(program_, vat_rate_columns::kSymbol, txtStawkaVAT, false);
+  FillFromRows<CurrencyRow>(program_, txtWaluta, CurrencyName, false);
   txtSubsEndAlertDays.Clear();
   for (const ReminderChoice& choice : kReminders) txtSubsEndAlertDays.AddItem(program_.Text(choice.key), choice.days);
 }
 
 void frm_TowUslugi_::ClearFields() {
   for (const BoxField& entry : kBoxes) {
-    LimitToField(table(), entry.field, this->*entry.box);
+    LimitToField(program_, entry.column, this->*entry.box);
     (this->*entry.box).SetText("");
   }
   for (const PriceField& entry : kPrices) {
@@ -168,7 +168,7 @@ void frm_TowUslugi_::ClearFields() {
 }
 
 void frm_TowUslugi_::StartNew() {
-  txtRodzaj.SelectValue(kGoods);
+  txtRodzaj.SelectValue(kGoodsKind);
   txtGrupa.SelectValue(0);
   txtJednostkaMiary.SelectValue(0);
   txtStawkaVAT.SetListIndex(0);
@@ -178,59 +178,64 @@ void frm_TowUslugi_::StartNew() {
   txtSubsEndAlertDays.SetListIndex(0);
 }
 
-void frm_TowUslugi_::ShowRecord() {
-  ClassQDBASE& goods = table();
-  for (const BoxField& entry : kBoxes) (this->*entry.box).SetText(Trim(goods.Text(entry.field)));
-  txtRodzaj.SelectValue(goods.Flag("USLUGA") ? kService : kGoods);
-  ShowLink(goods, "GRUPA", txtGrupa);
-  ShowLink(goods, "JEDNOSTKA_MIARY", txtJednostkaMiary);
-  ShowLink(goods, "STAWKA_VAT", txtStawkaVAT);
-  ShowCurrency(goods.Int(".WALUTA"));
-  Write(txtCenaZakupu, goods.Real("CENA_ZAKUPU"));
+void frm_TowUslugi_::ShowRecord(int32_t record) {
+  using namespace article_columns;
+  const auto article = Read<Article>(program_, record);
+  if (!article) return;
+  for (const BoxField& entry : kBoxes) (this->*entry.box).SetText(Trim(ReadColumn(program_, entry.column, record)));
+  txtRodzaj.SelectValue(article->service ? kServiceKind : kGoodsKind);
+  ShowLink(program_, kGroup, record, txtGrupa);
+  ShowLink(program_, kUnit, record, txtJednostkaMiary);
+  ShowLink(program_, kRate, record, txtStawkaVAT);
+  ShowCurrency(article->currency);
+  Write(txtCenaZakupu, article->purchase_price);
   for (const PriceField& entry : kPrices) {
-    for (size_t i = 0; i < kPriceSets; ++i) Write((this->*entry.boxes)[i], goods.Real(std::string(kSetNames[i]) + entry.suffix));
+    for (size_t i = 0; i < article_columns::kPriceSets.size(); ++i) {
+      Write((this->*entry.boxes)[i], ReadColumn(program_, article_columns::kPriceSets[i].*entry.column, record));
+    }
   }
-  txtSubscriptionON.SetChecked(goods.Flag("ABONAMENT"));
-  txtSubsTDay_.SetText(FormatNumber(Value(goods.Int("ABILOSCDNI")), "0"));
-  const int32_t reminder = goods.Int("ABINFOKONIEC");
+  txtSubscriptionON.SetChecked(article->subscription);
+  txtSubsTDay_.SetText(FormatNumber(Value(int32_t{article->subscription_days}), "0"));
+  const int32_t reminder = article->reminder_days;
   txtSubsEndAlert.SetChecked(reminder > 0);
   if (reminder > 0) txtSubsEndAlertDays.SelectValue(reminder);
 }
 
 // A deleted currency too: the prices are in it.
 void frm_TowUslugi_::ShowCurrency(int32_t record) {
-  ClassQDBASE& currencies = Table(program_, kWaluty);
-  SelectOrAdd(txtWaluta, record, record > 0 && currencies.RECORD_LOAD(record) ? CurrencyName(currencies) : std::string());
+  const auto currency = Read<CurrencyRow>(program_, record);
+  SelectOrAdd(txtWaluta, record, currency ? CurrencyName(*currency) : std::string());
 }
 
-void frm_TowUslugi_::save_() {
-  ClassQDBASE& goods = table();
-  goods.FIELD("USLUGA", Value(txtRodzaj.Value() == kService));
-  SaveLink(goods, "GRUPA", txtGrupa);
-  for (const BoxField& entry : kBoxes) goods.FIELD(entry.field, Value(Trim((this->*entry.box).Text())));
-  SaveLink(goods, "JEDNOSTKA_MIARY", txtJednostkaMiary);
-  goods.FIELD("CENA_ZAKUPU", Value(Amount(txtCenaZakupu)));
-  SaveLink(goods, "STAWKA_VAT", txtStawkaVAT);
-  SaveLink(goods, "WALUTA", txtWaluta);
+ColumnValues frm_TowUslugi_::save_() {
+  using namespace article_columns;
+  ColumnValues values;
+  values.Set(kService, txtRodzaj.Value() == kServiceKind);
+  SaveLink(values, kGroup, txtGrupa);
+  for (const BoxField& entry : kBoxes) values.Set(entry.column, Trim((this->*entry.box).Text()));
+  SaveLink(values, kUnit, txtJednostkaMiary);
+  values.Set(kPurchasePrice, Amount(txtCenaZakupu));
+  SaveLink(values, kRate, txtStawkaVAT);
+  SaveLink(values, kCurrencyLink, txtWaluta);
   for (const PriceField& entry : kPrices) {
-    for (size_t i = 0; i < kPriceSets; ++i) {
-      goods.FIELD(std::string(kSetNames[i]) + entry.suffix, Value(Amount((this->*entry.boxes)[i])));
+    for (size_t i = 0; i < article_columns::kPriceSets.size(); ++i) {
+      values.Set(article_columns::kPriceSets[i].*entry.column, Amount((this->*entry.boxes)[i]));
     }
   }
   NormaliseDays();
-  goods.FIELD("ABONAMENT", Value(txtSubscriptionON.Checked()));
-  goods.FIELD("ABILOSCDNI", Value(Int32Or0(Value(Amount(txtSubsTDay_)))));
+  values.Set(kSubscription, txtSubscriptionON.Checked());
+  values.Set(kSubscriptionDays, static_cast<int16_t>(Amount(txtSubsTDay_)));
   if (!txtSubsEndAlert.Checked()) {
-    goods.FIELD("ABINFOKONIEC", Value(int32_t{0}));
+    values.Set(kReminderDays, 0);
   } else if (txtSubsEndAlertDays.ListIndex() >= 0) {
-    goods.FIELD("ABINFOKONIEC", Value(txtSubsEndAlertDays.Value()));
+    values.Set(kReminderDays, static_cast<int16_t>(txtSubsEndAlertDays.Value()));
   }
+  return values;
 }
 
 void frm_TowUslugi_::ShowRateName() {
-  ClassQDBASE& rates = Table(program_, kStawkiVat);
-  const int32_t record = txtStawkaVAT.Value();
-  lblStawkaVAT.SetText(record > 0 && rates.RECORD_LOAD(record) ? RateName(rates) : std::string());
+  const auto rate = Read<VatRate>(program_, txtStawkaVAT.Value());
+  lblStawkaVAT.SetText(rate ? Trim(rate->name) + " (" + Trim(rate->symbol) + ")" : std::string());
 }
 
 void frm_TowUslugi_::ShowSubscription() {

@@ -22,21 +22,21 @@ class frm_TowUslugi_ : public RecordEditor {
   explicit frm_TowUslugi_(Program& program);
   ~frm_TowUslugi_() override { Unbind(); }
 
-  // Mode 1 fills the form for a new record, mode 2 from record `record`.
-  void reload_(int mode, int32_t record = 0);
+  // Fills the form for a new record, or from record `record`.
+  void reload_(EditMode mode, int32_t record = 0);
   // A new record filled from `record`.
   void clone_(int32_t record);
-  void save_() override;
+  ColumnValues save_() override;
 
  private:
   void RegisterControls();
   void LayOut();
   void Connect();
-  void Fill(int mode, int32_t record);
+  void Fill(EditMode mode, int32_t record);
   void FillLists();
   void ClearFields();
   void StartNew();
-  void ShowRecord();
+  void ShowRecord(int32_t record);
   void ShowCurrency(int32_t record);
   void ShowRateName();
   void ShowSubscription();
@@ -63,8 +63,7 @@ class frm_TowUslugi_ : public RecordEditor {
   void Reformat(TextBoxControl& box) { Write(box, Amount(box)); }
   // Replaces an amount below the smallest price. Whether the rules of `box` have something to follow: that, or an entry of the person.
   bool TakePrice(TextBoxControl& box);
-  std::optional<double> Rate();        // percent of the chosen VAT rate
-  float CurrencyRate(int32_t record);  // złoty per unit; 0 when unknown
+  std::optional<double> Rate();  // percent of the chosen VAT rate
 
   int32_t currency_shown_ = 0;  // record of waluty that the prices are in
 };

@@ -2,7 +2,8 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/dictionary_rows.h"
+#include "documents/arithmetic.h"
 #include "documents/goods_prices.h"
 #include "masterdata/goods_form.h"
 
@@ -25,15 +26,9 @@ bool frm_TowUslugi_::TakePrice(TextBoxControl& box) {
 std::optional<double> frm_TowUslugi_::Rate() {
   const std::string symbol = Trim(txtStawkaVAT.Text());
   if (symbol.empty()) return std::nullopt;
-  ClassQDBASE& rates = Table(program_, kStawkiVat);
-  const auto fits = [&](int32_t record) { return rates.RECORD_LOAD(record) && Trim(rates.Text("SYMBOL")) == symbol; };
-  const int32_t chosen = txtStawkaVAT.Value(), count = rates.RECORD_COUNT();
-  if (chosen > 0 && fits(chosen)) return rates.Real("WARTOSC");
-  // Deleted rows count: articles still have them.
-  for (int32_t record = 1; record <= count; ++record) {
-    if (fits(record)) return rates.Real("WARTOSC");
-  }
-  return std::nullopt;
+  auto rate = Read<VatRate>(program_, txtStawkaVAT.Value());
+  if (!rate || Trim(rate->symbol) != symbol) rate = Read<VatRate>(program_, VatRateBySymbol(program_, symbol, RateRows::kAlsoDeleted));
+  return rate ? std::optional<double>(rate->percent) : std::nullopt;
 }
 
 void frm_TowUslugi_::WriteGross(size_t i) {
@@ -107,24 +102,18 @@ void frm_TowUslugi_::RateLeft() {
   for (size_t i = 0; i < kPriceSets; ++i) WriteGross(i);
 }
 
-float frm_TowUslugi_::CurrencyRate(int32_t record) {
-  ClassQDBASE& currencies = Table(program_, kWaluty);
-  if (record < 1 || !currencies.RECORD_LOAD(record)) return 0;
-  return static_cast<float>(currencies.Real("KURS"));
-}
-
 // The stored prices stay in the record's own currency.
 void frm_TowUslugi_::CurrencyChosen() {
   if (txtWaluta.Value() == 0) {
     program_.Message("msg.info.noselcurdef", MessageKind::kInformation);
     txtWaluta.SetListIndex(0);
   }
-  float now = CurrencyRate(txtWaluta.Value());
+  float now = CurrencyRate(program_, txtWaluta.Value());
   if (now == 0) {
     program_.Message("msg.info.noselcur", MessageKind::kInformation);
     now = 1;
   }
-  float before = CurrencyRate(currency_shown_);
+  float before = CurrencyRate(program_, currency_shown_);
   if (before == 0) before = 1;  // as it counted when it was chosen
   const double factor = static_cast<double>(before) / static_cast<double>(now);
   Write(txtCenaZakupu, Amount(txtCenaZakupu) * factor);

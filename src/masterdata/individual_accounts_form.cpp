@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/rows.h"
 #include "engine/find_filter.h"
 #include "forms/form_helpers.h"
 
@@ -11,17 +11,18 @@ namespace ostrinka {
 namespace {
 
 constexpr char kShownFields[] = "KONTO_INDYW_OK, KONTO_INDYW_RACH, NAZWA, NIP, ULICA, NR_DOMU, NR_LOKALU, MIEJSCOWOSC";
-constexpr char kFlag[] = "KONTO_INDYW_OK", kAccount[] = "KONTO_INDYW_RACH";
 
-struct Column {
+struct ListColumn {
   const char* field;
   int width;
   const char* heading;
 };
-constexpr Column kColumns[] = {
-    {kFlag, 78, "tdb.cust.acount"},      {kAccount, 190, "tdb.cust.peraco"},        {"NAZWA", 148, "tdb.cust.name"},
-    {"NIP", 85, "tdb.cust.nip"},         {"ULICA", 84, "tdb.cust.street"},          {"NR_DOMU", 50, "tdb.cust.house"},
-    {"NR_LOKALU", 56, "tdb.cust.local"}, {"KOD_POCZTOWY", 50, "tdb.cust.postcode"}, {"MIEJSCOWOSC", 78, "tdb.cust.city"},
+constexpr ListColumn kColumns[] = {
+    {"KONTO_INDYW_OK", 78, "tdb.cust.acount"}, {"KONTO_INDYW_RACH", 190, "tdb.cust.peraco"},
+    {"NAZWA", 148, "tdb.cust.name"},           {"NIP", 85, "tdb.cust.nip"},
+    {"ULICA", 84, "tdb.cust.street"},          {"NR_DOMU", 50, "tdb.cust.house"},
+    {"NR_LOKALU", 56, "tdb.cust.local"},       {"KOD_POCZTOWY", 50, "tdb.cust.postcode"},
+    {"MIEJSCOWOSC", 78, "tdb.cust.city"},
 };
 
 }  // namespace
@@ -55,14 +56,14 @@ void frm_Admin_usr_konta_::reload_() {
   rows_.look.true_text = program_.Text("common.yes");
   rows_.look.false_text = program_.Text("common.no");
   txtZnajdź.SetText("");
-  LimitToField(customers_.table(), kAccount, txtKontoIndywidualne);
+  LimitToField(program_, customer_columns::kOwnAccount, txtKontoIndywidualne);
   ShowColumns();
   Search();
   SetFocus(txtZnajdź);
 }
 
 void frm_Admin_usr_konta_::ShowColumns() {
-  for (const Column& column : kColumns)
+  for (const ListColumn& column : kColumns)
     customers_.table().TABLE_FIELD_FORMAT(column.field, column.width, program_.Text(column.heading), "", false, 1);
 }
 
@@ -77,26 +78,20 @@ void frm_Admin_usr_konta_::Search() {
 }
 
 void frm_Admin_usr_konta_::ShowAccount() {
-  ClassQDBASE& customers = customers_.table();
   const int32_t record = rows_.RecordOf(rows_.CurrentRow());
-  shown_ = record > 0 && customers.RECORD_LOAD(record) ? record : 0;
-  txtKontoIndywidualne.SetText(shown_ > 0 ? customers.Text(kAccount) : std::string());
+  const auto customer = Read<Customer>(program_, record);
+  shown_ = customer ? record : 0;
+  txtKontoIndywidualne.SetText(customer ? customer->own_account : std::string());
   txtKontoIndywidualne.SetEnabled(shown_ > 0);
   SQL_Pic.Repaint.Raise();
 }
 
 // What cannot be written is not left standing in the field.
 void frm_Admin_usr_konta_::StoreAccount() {
-  ClassQDBASE& customers = customers_.table();
   const std::string text = TrimWhite(txtKontoIndywidualne.Text());
-  const bool given = !text.empty();
-  bool stored = shown_ > 0 && customers.RECORD_LOAD(shown_);
-  if (stored) {
-    customers.FIELD(kFlag, Value(given));
-    customers.FIELD(kAccount, Value(text));
-    stored = customers.RECORD_SAVE(shown_);
-  }
-  if (!stored) {
+  ColumnValues account;
+  account.Set(customer_columns::kHasOwnAccount, !text.empty()).Set(customer_columns::kOwnAccount, text);
+  if (!Store(program_, kKontrahenci, shown_, account)) {
     program_.platform.ui.Beep();
     program_.Status(program_.Text("msg.info.error"));
     ShowAccount();

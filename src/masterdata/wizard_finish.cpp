@@ -2,8 +2,9 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "books/books.h"
+#include "books/columns.h"
 #include "company/ost_engine.h"
-#include "company/tables.h"
 #include "exchange/import.h"
 #include "masterdata/company_data.h"
 #include "masterdata/wizard_form.h"
@@ -15,10 +16,11 @@ constexpr size_t kDatabaseStep = 1;
 constexpr size_t kShownSentences = 8;
 
 struct FormatDefault {
-  const char* field;
+  Column<std::string> column;
   const char* pattern;
 };
-constexpr FormatDefault kFormats[] = {{"FORMAT_DATA_EKR", "dd mmmm yyyy"}, {"FORMAT_DATA_WYD", "dd-mm-yyyy"}, {"FORMAT_PROCENTY", "0\\%"}};
+constexpr FormatDefault kFormats[] = {
+    {company_columns::kScreenDate, "dd mmmm yyyy"}, {company_columns::kPrintDate, "dd-mm-yyyy"}, {company_columns::kPercentages, "0\\%"}};
 
 // As many sentences as a box has room for, each on a line of its own, and how many more there are.
 void AddSentences(Program& program, std::string& text, const char* heading_key, int rows, const std::vector<std::string>& sentences) {
@@ -81,12 +83,11 @@ void frm_Admin_bg_::StoreCompany() {
 
 // A company that was there before keeps the formats that it has.
 void frm_Admin_bg_::StoreFormats() {
-  ClassQDBASE& firma = Table(program_, kFirma);
-  if (!firma.RECORD_LOAD(1)) return;
+  ColumnValues values;
   for (const FormatDefault& format : kFormats) {
-    if (new_company_ || Trim(firma.Text(format.field)).empty()) firma.FIELD(format.field, Value(std::string(format.pattern)));
+    if (new_company_ || Trim(ReadColumn(program_, format.column, 1)).empty()) values.Set(format.column, format.pattern);
   }
-  firma.RECORD_SAVE(1);
+  if (!Store(program_, kFirma, 1, values)) program_.Message("bg.msg.companynotsaved", MessageKind::kError);
 }
 
 void frm_Admin_bg_::Import() {

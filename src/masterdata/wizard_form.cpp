@@ -1,7 +1,8 @@
 #include "masterdata/wizard_form.h"
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "company/company_fields.h"
+#include "company/table_definitions.h"
 #include "exchange/import_check.h"
 #include "masterdata/company_data.h"
 #include "masterdata/postal.h"
@@ -120,7 +121,7 @@ void frm_Admin_bg_::reload_() {
   txtImportPath.SetText("");
   ImportChosen();
   CompanyLoad(program_);
-  for (const CompanyBox& entry : CompanyBoxList()) LimitToField(Table(program_, kFirma), entry.field, this->*entry.box, entry.length);
+  for (const CompanyBox& entry : CompanyBoxList()) LimitToField(program_, entry.column, this->*entry.box, entry.length);
   ShowCompany(program_.company);
   for (const PageLayout& page : pages()) SetPageDone(page.key, false);
   Go(0);
@@ -203,7 +204,7 @@ bool frm_Admin_bg_::CheckDatabase() {
   if (!CanWrite(folder)) {
     return Refuse(kDatabaseStep, txtDbPath, program_.Text("bg.msg.unwritable", {folder}), MessageKind::kError);
   }
-  new_company_ = folder == created_ || !program_.platform.files.FileExists(folder + "firma.ovd");
+  new_company_ = folder == created_ || !program_.platform.files.FileExists(folder + TableFile(kFirma));
   if (new_company_ || MeetCompany(folder, user, password)) return true;
   return refuse(userPassword1, "bg.msg.otherlogin", MessageKind::kError);
 }
@@ -229,7 +230,7 @@ bool frm_Admin_bg_::CanWrite(const std::string& folder) {
 // when the login is not its own.
 bool frm_Admin_bg_::MeetCompany(const std::string& folder, const std::string& user, const std::string& password) {
   ClassQDBASE table(program_.platform);
-  if (!table.DATABASE_OPEN(folder + "firma.ovd", user, password, false, false, false)) return false;
+  if (!table.DATABASE_OPEN(folder + TableFile(kFirma), user, password, false, false, false)) return false;
   if (met_ == folder) return true;
   met_ = folder;
   const bool filled = table.RECORD_COUNT() >= 1 && table.RECORD_LOAD(1);

@@ -1,6 +1,7 @@
 #include "print/document_sums.h"
 
 #include "base/format.h"
+#include "documents/arithmetic.h"
 #include "print/amount_in_words.h"
 
 namespace ostrinka {
@@ -30,8 +31,7 @@ PaymentTerms PaymentOf(Program& program, const PrintOptions& options, const Prin
   terms.to_pay = document.gross;
   terms.form = document.payment_form;
   terms.percent_at_once = document.paid_at_once_percent;
-  const double share = static_cast<double>(static_cast<float>(terms.percent_at_once * 0.01));
-  terms.at_once = RoundByPattern(document.gross * share, document.amount_pattern);
+  terms.at_once = RoundByPattern(document.gross * static_cast<double>(ShareOfPercent(terms.percent_at_once)), document.amount_pattern);
   terms.has_due_date = terms.percent_at_once < 100;
   terms.by_transfer = terms.has_due_date ? document.gross - terms.at_once : document.gross;
   terms.due = document.due;

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/books.h"
+#include "books/rows.h"
 
 namespace ostrinka {
 namespace {
@@ -69,10 +70,8 @@ void AddAccounts(const CompanyRecord& company, PartyWriter& writer, const std::s
 }
 
 std::string IndividualAccount(Program& program, int32_t customer) {
-  const KeepPositions keep(program, {kKontrahenci});
-  ClassQDBASE& customers = Table(program, kKontrahenci);
-  if (customer < 1 || !customers.RECORD_LOAD(customer) || !customers.Flag("KONTO_INDYW_OK")) return "";
-  return Trim(customers.Text("KONTO_INDYW_RACH"));
+  const auto row = Read<Customer>(program, customer);
+  return row && row->has_own_account ? Trim(row->own_account) : "";
 }
 
 // The things of a line as they stand: together, or apart when they are too wide for one line.
@@ -112,27 +111,26 @@ Party SellerParty(Program& program, const PrintOptions& options, int32_t custome
 }
 
 Party BuyerParty(Program& program, const PrintOptions& options, int32_t customer, const char* heading_key) {
-  const KeepPositions keep(program, {kKontrahenci});
-  ClassQDBASE& table = Table(program, kKontrahenci);
+  const auto row = Read<Customer>(program, customer);
   PartyWriter writer(program);
-  if (customer < 1 || !table.RECORD_LOAD(customer)) {
+  if (!row) {
     writer.Add(program.Text("sdoc.error"), true);
     writer.Add(program.Text("sdoc.error.nc"));
     return writer.Take(heading_key);
   }
-  const auto field = [&](const char* name) { return Trim(table.Text(name)); };
-  const std::string tax_number = writer.Named("sdoc.info.nip", field("NIP"));
-  writer.Add(field("NAZWA"), true);
+  const std::string country = Trim(LinkText(program, customer_columns::kCountry, customer));
+  const std::string tax_number = writer.Named("sdoc.info.nip", Trim(row->tax_number));
+  writer.Add(Trim(row->name), true);
   if (options.tax_number_first) writer.Add(tax_number);
-  writer.Add(Street(field("ULICA"), field("NR_DOMU"), field("NR_LOKALU")));
-  writer.Add(Town(field("KOD_POCZTOWY"), field("MIEJSCOWOSC"), field("@PANSTWO")));
-  writer.AddTogether({writer.Named("sdoc.info.phone", field("TELEFON")), writer.Named("sdoc.info.mobile", field("TEL_KOM")),
-                      writer.Named("sdoc.info.fax", field("FAKS"))});
+  writer.Add(Street(Trim(row->street), Trim(row->house), Trim(row->flat)));
+  writer.Add(Town(Trim(row->postal_code), Trim(row->town), country));
+  writer.AddTogether({writer.Named("sdoc.info.phone", Trim(row->phone)), writer.Named("sdoc.info.mobile", Trim(row->mobile)),
+                      writer.Named("sdoc.info.fax", Trim(row->fax))});
   writer.Group();
-  writer.AddTogether({options.tax_number_first ? "" : tax_number, writer.Named("sdoc.info.nipeu", field("NIP_EU")),
-                      writer.Named("sdoc.info.regon", field("REGON"))});
+  writer.AddTogether({options.tax_number_first ? "" : tax_number, writer.Named("sdoc.info.nipeu", Trim(row->eu_tax_number)),
+                      writer.Named("sdoc.info.regon", Trim(row->statistical_number))});
   writer.Group();
-  writer.AddTogether({writer.Named("sdoc.info.www", field("ADRES_WWW")), writer.Named("sdoc.info.email", field("ADRES_EMAIL"))});
+  writer.AddTogether({writer.Named("sdoc.info.www", Trim(row->web)), writer.Named("sdoc.info.email", Trim(row->email))});
   return writer.Take(heading_key);
 }
 

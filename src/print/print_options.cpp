@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "company/company_fields.h"
 
 namespace ostrinka {
 namespace {

@@ -5,9 +5,11 @@
 
 #include "base/format.h"
 #include "base/text.h"
-#include "company/tables.h"
-#include "documents/arithmetic.h"
+#include "books/books.h"
+#include "books/dictionary_rows.h"
+#include "books/sale_lines.h"
 #include "documents/numbering.h"
+#include "documents/rate_sums.h"
 
 namespace ostrinka {
 namespace {
@@ -22,42 +24,36 @@ std::string RateText(const std::string& symbol, double percent) {
 }
 
 void ReadArticle(Program& program, int32_t record, PrintedLine& line) {
-  ClassQDBASE& articles = Table(program, kTowaryUslugi);
-  line.found = record > 0 && articles.RECORD_LOAD(record);
-  if (!line.found) return;
-  line.name = articles.Text("NAZWA");
-  line.code = articles.Text("PKWIU");
-  line.rate_record = articles.Int("STAWKA_VAT");
-  ClassQDBASE& units = Table(program, kJednMiary);
-  const int32_t unit = articles.Int("JEDNOSTKA_MIARY");
-  if (unit > 0 && units.RECORD_LOAD(unit)) {
-    line.unit = units.Text("SYMBOL");
-    line.unit_format = units.Text("FORMAT");
+  const auto article = Read<Article>(program, record);
+  line.found = article.has_value();
+  if (!article) return;
+  line.name = article->name;
+  line.code = article->code;
+  line.rate_record = article->rate;
+  if (const auto unit = Read<Unit>(program, article->unit)) {
+    line.unit = unit->symbol;
+    line.unit_format = unit->format;
   }
-  ClassQDBASE& rates = Table(program, kStawkiVat);
-  if (line.rate_record > 0 && rates.RECORD_LOAD(line.rate_record)) line.rate = RateText(rates.Text("SYMBOL"), rates.Real("WARTOSC"));
+  if (const auto rate = Read<VatRate>(program, article->rate)) line.rate = RateText(rate->symbol, rate->percent);
 }
 
-PrintedLine ReadLine(Program& program, int32_t record, const std::string& amount_pattern) {
+PrintedLine PrintLine(Program& program, const SalesLine& row, const std::string& amount_pattern) {
   PrintedLine line;
-  ClassQDBASE& sold = Table(program, kSprzedane);
-  if (!sold.RECORD_LOAD(record)) return line;
-  line.quantity = sold.Money("ILOSC");
-  line.net_price = sold.Money("CENA_NETTO");
-  line.gross_price = sold.Money("CENA_BRUTTO");
-  line.discount = sold.Int("RABAT");
-  line.net = RoundByPattern(sold.Money("WARTOSC_NETTO"), amount_pattern);
-  line.gross = RoundByPattern(sold.Money("WARTOSC_BRUTTO"), amount_pattern);
-  ReadArticle(program, sold.Int("NAZWA_T_U"), line);
+  line.quantity = row.quantity;
+  line.net_price = row.net_price;
+  line.gross_price = row.gross_price;
+  line.discount = row.discount;
+  line.net = RoundByPattern(row.net, amount_pattern);
+  line.gross = RoundByPattern(row.gross, amount_pattern);
+  ReadArticle(program, row.article, line);
   return line;
 }
 
 void ReadCurrency(Program& program, PrintedDocument& document) {
-  ClassQDBASE& currencies = Table(program, kWaluty);
-  if (document.currency > 0 && currencies.RECORD_LOAD(document.currency)) {
-    document.currency_symbol = currencies.Text("SYMBOL");
-    document.currency_code = currencies.Text("KODWAL");
-    document.grammar = currencies.Text("ODM");
+  if (const auto currency = Read<CurrencyRow>(program, document.currency)) {
+    document.currency_symbol = currency->symbol;
+    document.currency_code = currency->code;
+    document.grammar = currency->grammar;
   }
   document.price_pattern = PricePattern(program, document.currency, true);
   document.amount_pattern = AmountPattern(program, document.currency, false);
@@ -68,34 +64,29 @@ void ReadCurrency(Program& program, PrintedDocument& document) {
 }
 
 void ReadPaymentForm(Program& program, int32_t record, PrintedDocument& document) {
-  ClassQDBASE& forms = Table(program, kFormyPlatn);
-  if (record < 1 || !forms.RECORD_LOAD(record)) return;
-  document.payment_form = forms.Text("NAZWA");
-  document.payment_days = forms.Int("TERMIN");
-  document.paid_at_once_percent = forms.Int("PROCENT");
+  const auto form = Read<PaymentForm>(program, record);
+  if (!form) return;
+  document.payment_form = form->name;
+  document.payment_days = form->days;
+  document.paid_at_once_percent = form->percent;
 }
 
-int32_t ReadRow(Program& program, PrintedDocument& document) {
-  ClassQDBASE& table = Table(program, kDokSprzed);
-  if (document.record < 1 || !table.RECORD_LOAD(document.record)) return 0;
-  document.currency = table.Int("WALUTA");
-  document.rate_of_exchange = table.Real("KURS");
-  document.issued = table.Day("DATA_WYSTAWIENIA");
-  document.sold_from = table.Day("DATA_SPRZEDAZY");
-  document.sold_over_range = table.Flag("DATA_SPRZED_CK");
-  document.sold_to = table.Day("DATA_SPRZED_DO");
-  if (document.sold_to.days() == 0) document.sold_to = document.sold_from;
-  document.due = table.Day("TERMIN_ZAPLATY");
-  document.customer = table.Int("KONTRAHENT");
-  document.payer = table.Int("PLATNIK");
-  document.issuer = table.Text("@WYSTAWIL");
-  document.receiver = table.Text("ODEBRAL");
-  document.notes = table.Text("UWAGI");
-  document.net = table.Real("WARTOSC_NETTO");
-  document.gross = table.Real("WARTOSC_BRUTTO");
-  const int32_t identity = table.Int("ID_DOK");
-  ReadPaymentForm(program, table.Int("FORMA_PLATNOSCI"), document);
-  return identity;
+void ReadRow(Program& program, const SalesDocument& row, PrintedDocument& document) {
+  document.currency = row.currency;
+  document.rate_of_exchange = row.rate;
+  document.issued = row.issued;
+  document.sold_from = row.sold;
+  document.sold_over_range = row.sold_over_range;
+  document.sold_to = row.sold_to.days() == 0 ? row.sold : row.sold_to;
+  document.due = row.due;
+  document.customer = row.customer;
+  document.payer = row.payer;
+  document.issuer = LinkText(program, document_columns::kIssuer, document.record);
+  document.receiver = row.receiver;
+  document.notes = row.notes;
+  document.net = row.net;
+  document.gross = row.gross;
+  ReadPaymentForm(program, row.payment_form, document);
 }
 
 }  // namespace
@@ -118,12 +109,12 @@ std::string DocumentTitle(const PrintedDocument& document) {
 }
 
 std::vector<RateSum> SumsByRate(const std::vector<PrintedLine>& lines) {
+  const auto amounts_of = [](const PrintedLine& line) { return RateAmounts<double>{line.rate_record, line.net, line.gross}; };
   std::vector<RateSum> sums;
-  for (const PrintedLine& line : lines) {
-    auto at = std::find_if(sums.begin(), sums.end(), [&](const RateSum& sum) { return sum.rate_record >= line.rate_record; });
-    if (at == sums.end() || at->rate_record != line.rate_record) at = sums.insert(at, {line.rate_record, line.rate, 0, 0});
-    at->net += line.net;
-    at->gross += line.gross;
+  for (const auto& [rate, net, gross] : SumByRate<double>(lines, amounts_of)) {
+    const auto first =
+        std::find_if(lines.begin(), lines.end(), [rate = rate](const PrintedLine& line) { return line.rate_record == rate; });
+    sums.push_back({rate, first->rate, net, gross});
   }
   return sums;
 }
@@ -144,16 +135,18 @@ std::string PrintedDocument::Price(Currency price) const {
 }
 
 PrintedDocument ReadPrintedDocument(Program& program, int32_t record) {
-  const KeepPositions keep(program, {kDokSprzed, kSprzedane, kTowaryUslugi, kJednMiary, kStawkiVat, kWaluty, kFormyPlatn});
   PrintedDocument document;
   document.record = record;
   document.options = doc_options(program, record);
   document.title = doc_print_title(program, record);
   document.number = doc_number_text(program, record);
   document.date_pattern = PrintDatePattern(program);
-  const int32_t identity = ReadRow(program, document);
+  const auto row = Read<SalesDocument>(program, record);
+  if (row) ReadRow(program, *row, document);
   ReadCurrency(program, document);
-  for (const int32_t line : LinesOf(program, identity)) document.lines.push_back(ReadLine(program, line, document.amount_pattern));
+  for (const StoredLine& line : LinesOfDocument(program, row ? row->identity : 0)) {
+    document.lines.push_back(PrintLine(program, line.row, document.amount_pattern));
+  }
   return document;
 }
 

@@ -4,7 +4,7 @@
 
 #include "base/format.h"
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/books.h"
 #include "documents/numbering.h"
 #include "forms/form_helpers.h"
 #include "forms/list_choice.h"
@@ -13,13 +13,13 @@ namespace ostrinka {
 
 namespace {
 
-struct Column {
+struct ListColumn {
   const char* field;
   int width;
   const char* title;  // catalogue key
   bool money, day;
 };
-constexpr Column kAdvanceColumns[] = {
+constexpr ListColumn kAdvanceColumns[] = {
     {"DATA_WYSTAWIENIA", 110, "tdb.sdoc.mdate", false, true},
     {"NR_DOK", 40, "tdb.sdoc.nrdoc", false, false},
     {"WARTOSC_NETTO", 80, "tdb.sdoc.netto", true, false},
@@ -27,7 +27,7 @@ constexpr Column kAdvanceColumns[] = {
     {"WALUTA", 20, "", false, false},
     {"ZAPLACONO", 60, "tdb.sdoc.pay", false, false},
 };
-constexpr Column kArticleColumns[] = {
+constexpr ListColumn kArticleColumns[] = {
     {"USLUGA", 50, "tdb.prsr.type", false, false},      {"SYMBOL", 50, "tdb.prsr.symbol", false, false},
     {"NAZWA", 200, "tdb.prsr.name", false, false},      {"WALUTA", 20, "", false, false},
     {"DETAL_NETTO", 80, "tdb.prsr.netto", true, false}, {"DETAL_BRUTTO", 80, "tdb.prsr.brutto", true, false},
@@ -35,9 +35,9 @@ constexpr Column kArticleColumns[] = {
     {"SPEC_NETTO", 80, "tdb.prsr.netto", true, false},  {"SPEC_BRUTTO", 80, "tdb.prsr.brutto", true, false},
 };
 
-void FormatColumns(Program& program, ClassQDBASE& table, std::span<const Column> columns) {
+void FormatColumns(Program& program, ClassQDBASE& table, std::span<const ListColumn> columns) {
   const std::string money = EntryPricePattern(program), day = ScreenDatePattern(program);
-  for (const Column& column : columns) {
+  for (const ListColumn& column : columns) {
     std::string pattern;
     if (column.money) pattern = money;
     if (column.day) pattern = day;
@@ -147,13 +147,13 @@ void frm_Dok_add_TU::reload_() {
   changed_ = false;
   program_.current_advance = 0;
   ShowPage("STD");
-  SetPageVisible("ZAL", Mode == 1);
+  SetPageVisible("ZAL", Mode == EditMode::kNew);
   FillLists();
   for (TextBoxControl* box : {&txtTU, &txtIlość, &txtCenaNetto, &txtCenaBrutto, &txtRabat, &nt_TowarUsługa, &nt_PKWiU, &nt_Ilość,
                               &nt_CenaNETTO, &nt_CenaBRUTTO}) {
     box->SetText("");
   }
-  if (Mode == 1) {
+  if (Mode == EditMode::kNew) {
     txtIlość.SetText("1");
     txtRabat.SetText("0");
     nt_Ilość.SetText("1");
@@ -176,12 +176,11 @@ void frm_Dok_add_TU::FillLists() {
   };
   fill(tuType, {"adps.ctype.1", "adps.ctype.2"});
   fill(txtCennik, {"adps.prtype.detal", "adps.prtype.hurt", "adps.prtype.spec"});
-  KeepPositions keep(program_, {kTowaryUslugi});
-  FillFromTable(program_, kTowaryUslugi, txtComboTU, "NAZWA", true);
-  FillFromTable(program_, kJednMiary, nt_Jednostka, "SYMBOL", false);
-  FillFromTable(program_, kStawkiVat, nt_VAT, "SYMBOL", false);
-  LimitToField(Table(program_, kTowaryUslugi), "NAZWA", nt_TowarUsługa);
-  LimitToField(Table(program_, kTowaryUslugi), "PKWIU", nt_PKWiU);
+  FillFromTable(program_, article_columns::kName, txtComboTU, true);
+  FillFromTable(program_, unit_columns::kSymbol, nt_Jednostka, false);
+  FillFromTable(program_, vat_rate_columns::kSymbol, nt_VAT, false);
+  LimitToField(program_, article_columns::kName, nt_TowarUsługa);
+  LimitToField(program_, article_columns::kCode, nt_PKWiU);
 }
 
 void frm_Dok_add_TU::ShowArticleColumns() {
@@ -200,11 +199,7 @@ void frm_Dok_add_TU::ShowArticleColumns() {
 void frm_Dok_add_TU::ShowAdvances() {
   ClassQDBASE& table = advances_.table();
   if (!advances_.IsOpen()) return;
-  int32_t type = 0;
-  ClassQDBASE& types = Table(program_, kDokumentKat);
-  for (int32_t record = 1; record <= types.RECORD_COUNT() && type == 0; ++record) {
-    if (types.RECORD_EXIST(record) && types.RECORD_LOAD(record) && has_option(types.Text("OPCJE"), "FZ")) type = record;
-  }
+  const int32_t type = first_type_with(program_, "FZ");
   const std::string of_customer = ".KONTRAHENT = " + std::to_string(program_.current_customer) + " AND .TYP = " + std::to_string(type);
   FormatColumns(program_, table, kAdvanceColumns);
   table.SELECTION("DATA_WYSTAWIENIA, NR_DOK, WARTOSC_NETTO, WARTOSC_BRUTTO, WALUTA, ZAPLACONO", type == 0 ? "!" : of_customer,
@@ -213,35 +208,31 @@ void frm_Dok_add_TU::ShowAdvances() {
 }
 
 void frm_Dok_add_TU::ShowHomeCurrencyNote() {
-  const bool foreign = Mode == 1 && DocumentCurrency > 1;
+  const bool foreign = Mode == EditMode::kNew && DocumentCurrency > 1;
   label_home_currency.SetVisible(foreign);
   label_home_currency.SetText(foreign ? program_.Text("adps.lbl.homecurrency") : std::string());
 }
 
 void frm_Dok_add_TU::ShowLine(int32_t line) {
-  ClassQDBASE& lines = Table(program_, kSprzedane);
-  if (!lines.RECORD_LOAD(line)) return;
-  const std::string name = lines.Text("@NAZWA_T_U");
-  const int32_t article = lines.Int(".NAZWA_T_U");
+  const auto row = Read<SalesLine>(program_, line);
+  if (!row) return;
+  const std::string name = LinkText(program_, line_columns::kArticle, line);
+  const int32_t article = row->article;
   SetTitle(program_.Text("adps.title.edit", {name}));
-  ClassQDBASE& articles = Table(program_, kTowaryUslugi);
-  KeepPositions keep(program_, {kTowaryUslugi});
-  const bool known = article >= 1 && articles.RECORD_LOAD(article);
-  const bool alive = known && articles.RECORD_EXIST(article);
+  const bool alive = IsLive(program_, kTowaryUslugi, article);
   tuType.SelectValue(alive ? kCatalogue : kFreeText);
-  if (known) {
+  if (const auto known = Read<ostrinka::Article>(program_, article)) {
     shown_article_ = article;
     Article = article;
     txtComboTU.SelectValue(article);
     article_rows_.SelectRow(article_rows_.RowOf(article));
-    for (TextBoxControl* box : {&txtIlość, &nt_Ilość}) box->SetText(FormatNumber(lines.Money("ILOSC"), "0.00##", program_.locale));
-    for (TextBoxControl* box : {&txtCenaNetto, &nt_CenaNETTO}) box->SetText(FormattedPrice(lines.Money("CENA_NETTO")));
-    for (TextBoxControl* box : {&txtCenaBrutto, &nt_CenaBRUTTO}) box->SetText(FormattedPrice(lines.Money("CENA_BRUTTO")));
-    txtRabat.SetText(FormatNumber(lines.Int("RABAT"), "0", program_.locale));
+    for (TextBoxControl* box : {&txtIlość, &nt_Ilość}) box->SetText(FormatNumber(row->quantity, "0.00##", program_.locale));
+    for (TextBoxControl* box : {&txtCenaNetto, &nt_CenaNETTO}) box->SetText(FormattedPrice(row->net_price));
+    for (TextBoxControl* box : {&txtCenaBrutto, &nt_CenaBRUTTO}) box->SetText(FormattedPrice(row->gross_price));
+    txtRabat.SetText(FormatNumber(int32_t{row->discount}, "0", program_.locale));
     nt_TowarUsługa.SetText(name);
-    nt_PKWiU.SetText(Trim(articles.Text("PKWIU")));
-    SelectOrAdd(nt_Jednostka, {articles.Int(".JEDNOSTKA_MIARY"), Trim(articles.Text("@JEDNOSTKA_MIARY"))});
-    SelectOrAdd(nt_VAT, {articles.Int(".STAWKA_VAT"), Trim(articles.Text("@STAWKA_VAT"))});
+    nt_PKWiU.SetText(Trim(known->code));
+    ShowUnitAndRate(article, *known);
   }
   shown_ = TypedText();
   ShowOk();

@@ -8,6 +8,7 @@
 
 #include "documents/lines.h"
 #include "documents/private_table.h"
+#include "forms/edit_mode.h"
 #include "forms/table_source.h"
 
 namespace ostrinka {
@@ -18,7 +19,7 @@ class frm_Dok_add_TU : public Form {
   static constexpr int32_t kCatalogue = 1, kFreeText = 2;  // values of tuType
 
   // --- set by the caller before reload_
-  int Mode = 1;  // 1 new line, 2 edit of a line
+  EditMode Mode = EditMode::kNew;
   float DocumentRate = 1;
   int32_t DocumentCurrency = 1;
 
@@ -41,7 +42,7 @@ class frm_Dok_add_TU : public Form {
   explicit frm_Dok_add_TU(Program& program);
 
   void reload_();
-  // Prefills the fields from a record of sprzedane; after reload_ in mode 2.
+  // Prefills the fields from a record of sprzedane; after reload_ in mode kEdit.
   void ShowLine(int32_t line);
   // Reads the prices of the chosen kind of the selected article into the fields.
   void putPrice_();
@@ -67,6 +68,7 @@ class frm_Dok_add_TU : public Form {
   void MoveRow(int step);
   void ArticleChosenByName();
   void SelectArticle(int32_t article);
+  void ShowUnitAndRate(int32_t record, const ostrinka::Article& article);
   void ClearArticle();
   void QuantityLeft(TextBoxControl& box);
   void DiscountLeft();

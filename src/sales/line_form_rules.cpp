@@ -3,7 +3,7 @@
 
 #include "base/format.h"
 #include "base/text.h"
-#include "company/tables.h"
+#include "books/books.h"
 #include "forms/list_choice.h"
 #include "sales/line_form.h"
 
@@ -11,15 +11,14 @@ namespace ostrinka {
 
 namespace {
 
-struct PriceFields {
+struct PriceKind {
   const char* key;
-  const char* net;
-  const char* gross;
+  size_t set;  // of the article's prices
 };
-constexpr PriceFields kPriceKinds[] = {
-    {"adps.prtype.detal", "DETAL_NETTO", "DETAL_BRUTTO"},
-    {"adps.prtype.hurt", "HURT_NETTO", "HURT_BRUTTO"},
-    {"adps.prtype.spec", "SPEC_NETTO", "SPEC_BRUTTO"},
+constexpr PriceKind kPriceKinds[] = {
+    {"adps.prtype.detal", Article::kRetail},
+    {"adps.prtype.hurt", Article::kWholesale},
+    {"adps.prtype.spec", Article::kSpecial},
 };
 
 // The number that the text begins with; nothing when it begins with none.
@@ -55,7 +54,7 @@ void frm_Dok_add_TU::Search() {
   if (condition != "*") {
     if (table.MAX_ROWS() >= 1) {
       PickRow(1);
-    } else if (Mode == 1) {
+    } else if (Mode == EditMode::kNew) {
       ClearArticle();  // a line that is edited keeps what it has until another article is picked
     }
   }
@@ -87,16 +86,20 @@ void frm_Dok_add_TU::ArticleChosenByName() {
 }
 
 void frm_Dok_add_TU::SelectArticle(int32_t article) {
-  ClassQDBASE& table = articles_.table();
-  if (!table.RECORD_LOAD(article)) return;
+  const auto row = Read<ostrinka::Article>(program_, article);
+  if (!row) return;
   Article = article;
-  nt_TowarUsługa.SetText(Trim(table.Text("NAZWA")));
-  nt_PKWiU.SetText(Trim(table.Text("PKWIU")));
-  SelectOrAdd(nt_Jednostka, {table.Int(".JEDNOSTKA_MIARY"), Trim(table.Text("@JEDNOSTKA_MIARY"))});
-  SelectOrAdd(nt_VAT, {table.Int(".STAWKA_VAT"), Trim(table.Text("@STAWKA_VAT"))});
+  nt_TowarUsługa.SetText(Trim(row->name));
+  nt_PKWiU.SetText(Trim(row->code));
+  ShowUnitAndRate(article, *row);
   nt_Ilość.SetText(txtIlość.Text());
   putPrice_();
   ShowOk();
+}
+
+void frm_Dok_add_TU::ShowUnitAndRate(int32_t record, const ostrinka::Article& article) {
+  SelectOrAdd(nt_Jednostka, article.unit, Trim(LinkText(program_, article_columns::kUnit, record)));
+  SelectOrAdd(nt_VAT, article.rate, Trim(LinkText(program_, article_columns::kRate, record)));
 }
 
 void frm_Dok_add_TU::ClearArticle() {
@@ -112,35 +115,32 @@ void frm_Dok_add_TU::ClearArticle() {
 // --- prices
 
 void frm_Dok_add_TU::putPrice_() {
-  ClassQDBASE& table = articles_.table();
-  if (Article < 1 || !table.RECORD_LOAD(Article)) return;
-  const PriceFields* kind = std::find_if(std::begin(kPriceKinds), std::end(kPriceKinds),
-                                         [this](const PriceFields& known) { return program_.Text(known.key) == txtCennik.Text(); });
+  const auto row = Read<ostrinka::Article>(program_, Article);
+  if (!row) return;
+  const PriceKind* kind = std::find_if(std::begin(kPriceKinds), std::end(kPriceKinds),
+                                       [this](const PriceKind& known) { return program_.Text(known.key) == txtCennik.Text(); });
   if (kind == std::end(kPriceKinds)) kind = kPriceKinds;
   double factor = 1;
-  if (Mode == 2) {
-    const float own_rate = CurrencyRate(program_, table.Int(".WALUTA"));
+  if (Mode == EditMode::kEdit) {
+    const float own_rate = CurrencyRate(program_, row->currency);
     double ratio = RateRatio(DocumentRate, own_rate);
     if (DocumentRate == 0) ratio = RateRatio(1, own_rate);
     factor = 1 / ratio;
   }
-  const std::string net = FormattedPrice(table.Real(kind->net) * factor), gross = FormattedPrice(table.Real(kind->gross) * factor);
+  const ostrinka::Article::PriceSet& prices = row->prices[kind->set];
+  const std::string net = FormattedPrice(prices.net * factor), gross = FormattedPrice(prices.gross * factor);
   txtCenaNetto.SetText(net);
   nt_CenaNETTO.SetText(net);
   txtCenaBrutto.SetText(gross);
   nt_CenaBRUTTO.SetText(gross);
-  txtRabat.SetText("0");
+  txtRabat.SetText("0");  // kept: another article or price kind starts without a discount, also in a line that is edited
 }
 
 double frm_Dok_add_TU::ArticleMultiplier() {
-  ClassQDBASE& table = articles_.table();
-  if (Article < 1 || !table.RECORD_LOAD(Article)) return 1;
-  KeepPositions keep(program_, {kStawkiVat});
-  return VatMultiplierOf(program_, table.Int(".STAWKA_VAT"));
+  return VatMultiplierOf(program_, ReadColumn(program_, article_columns::kRate, Article));
 }
 
 double frm_Dok_add_TU::FreeTextMultiplier() {
-  KeepPositions keep(program_, {kStawkiVat});
   const int32_t rate = VatRateBySymbol(program_, nt_VAT.Text());
   return rate < 1 ? 0 : VatMultiplierOf(program_, rate);
 }
@@ -180,7 +180,7 @@ void frm_Dok_add_TU::QuantityLeft(TextBoxControl& box) {
 void frm_Dok_add_TU::DiscountLeft() {
   const double discount = HeldDiscount(static_cast<float>(NumberOr0(txtRabat.Text())));
   txtRabat.SetText(FormatNumber(discount, "0", program_.locale));
-  NetLeft();
+  NetLeft();  // kept: a discount counts the gross price from the net one, so that both stay in step
 }
 
 // --- confirming
@@ -225,22 +225,23 @@ bool frm_Dok_add_TU::ConfirmFreeText() {
     if (!ReadNumber(price->Text())) price->SetText(FormattedPrice(0.0));
   }
   if (!ReadNumber(nt_Ilość.Text())) nt_Ilość.SetText(FormatNumber(0.0, "0.00##", program_.locale));
+  // kept: the discount is that of the catalogue's page, so that a line which turns into a free text does not lose it
   if (!ReadMoney(nt_Ilość, Quantity) || !ReadMoney(nt_CenaNETTO, NetPrice) || !ReadMoney(nt_CenaBRUTTO, GrossPrice) ||
       !ReadMoney(txtRabat, Discount)) {
     return false;
   }
   const FreeText typed = TypedText();
-  const int32_t row = AddHiddenArticle(program_, [&](ClassQDBASE& article) {
-    article.FIELD("NAZWA", typed.name);
-    article.FIELD("STAWKA_VAT", typed.rate);
-    article.FIELD("JEDNOSTKA_MIARY", typed.unit);
-    for (const PriceFields& kind : kPriceKinds) {
-      article.FIELD(kind.net, NetPrice.ToDouble());
-      article.FIELD(kind.gross, GrossPrice.ToDouble());
-    }
-    article.FIELD("WALUTA", int32_t{1});
-    article.FIELD("PKWIU", typed.code);
-  });
+  ostrinka::Article article;
+  article.name = typed.name;
+  article.rate = typed.rate;
+  article.unit = typed.unit;
+  for (ostrinka::Article::PriceSet& prices : article.prices) {
+    prices.net = NetPrice.ToDouble();
+    prices.gross = GrossPrice.ToDouble();
+  }
+  article.currency = 1;
+  article.code = typed.code;
+  const int32_t row = AddHiddenArticle(program_, article);
   if (row < 1) return false;
   changed_ = shown_article_ < 1 || typed != shown_;
   Article = row;

@@ -223,6 +223,7 @@ void frm_Dok_sprzed::CheckNumber() {
   if (txtDokNumer.Text() == program_.Text("sdoc.autonumer")) return;
   const std::string number = ReplaceAll(txtDokNumer.Text(), " ", "");
   txtDokNumer.SetText(number);
+  // kept: the text stays, and the document is numbered by itself, so that nothing stops a person who goes on
   if (!number.empty() && !IsAllDigits(number)) program_.Message("msg.info.nrcharonly", MessageKind::kInformation);
 }
 
@@ -238,10 +239,7 @@ void frm_Dok_sprzed::CustomerChanged() {
 }
 
 void frm_Dok_sprzed::PayerChanged() {
-  ClassQDBASE& customers = Table(program_, kKontrahenci);
-  KeepPositions keep(program_, {kKontrahenci});
-  if (txtPłatnik.Value() < 1 || !customers.RECORD_LOAD(txtPłatnik.Value())) return;
-  const int32_t payment_form = customers.Int(".D_FORMA_PLAT");
+  const int32_t payment_form = ReadColumn(program_, customer_columns::kPaymentForm, txtPłatnik.Value());
   if (payment_form < 1 || txtFormaPłatności.FindIdByValue(payment_form) < 0) return;
   txtFormaPłatności.SelectValue(payment_form);
   PaymentFormChanged();
@@ -275,20 +273,19 @@ void frm_Dok_sprzed::CurrencyChanged() {
   currency_ = txtWaluta.Value();
   rate_ = RememberedRate(currency_);
   txtKurs.SetText(FormatNumber(rate_, "0.0000", program_.locale));
-  if (rate_ == 0) rate_ = 1;
-  const bool converted = ConvertLines(program_, id_, old_rate, rate_);
-  if (Mode == 2) {
-    ClassQDBASE& documents = Table(program_, kDokSprzed);
-    if (documents.RECORD_LOAD(record_)) {
-      documents.FIELD("WALUTA", currency_);
-      documents.FIELD("KURS", rate_);
-      documents.RECORD_SAVE(record_);
-    }
+  if (rate_ == 0) rate_ = 1;  // kept: the field shows 0 all the same, which tells that the dictionary has no rate
+  bool done = ConvertLines(program_, id_, old_rate, rate_) == LineOutcome::kDone;
+  // The record says which currency its lines are in from now on, and does so when only some could be converted.
+  if (Mode == EditMode::kEdit) {
+    ColumnValues currency;
+    currency.Set(document_columns::kCurrencyLink, currency_).Set(document_columns::kRate, rate_);
+    done = ostrinka::Store(program_, kDokSprzed, record_, currency) && done;
   }
-  if (converted) Recalculate();
+  Tell(done && Recalculate());
   ref_();
 }
 
+// kept: a rate that is typed converts no line, as only the choice of a currency does
 void frm_Dok_sprzed::RateLeft() {
   txtKurs.SetText(FormatNumber(txtKurs.Text(), "0.0000", program_.locale));
   rate_ = static_cast<float>(NumberOr0(txtKurs.Text()));
@@ -326,7 +323,7 @@ void frm_Dok_sprzed::FindCustomer(ComboControl& list) {
 
 void frm_Dok_sprzed::AddCustomer(ComboControl& list) {
   frm_Kontrahenci_ editor(program_);
-  editor.reload_(1);
+  editor.reload_(EditMode::kNew);
   program_.platform.ui.ShowModal(editor);
   const int32_t added = editor.saved_record();
   if (added < 1) return;

@@ -8,8 +8,10 @@
 #include <map>
 #include <string>
 
+#include "books/books.h"
 #include "documents/arithmetic.h"
 #include "documents/lines.h"
+#include "forms/edit_mode.h"
 #include "forms/table_source.h"
 
 namespace ostrinka {
@@ -19,9 +21,9 @@ class frm_Dok_add_TU;
 class frm_Dok_sprzed : public Form {
  public:
   // --- set by the caller before reload_
-  int Mode = 1;                 // 1 new document, 2 edit of the current record of dok_sprzed
-  bool CorrectionFlag = false;  // a new document is a correcting invoice
-  int32_t CorrectedRecord = 0;  // of which document
+  EditMode Mode = EditMode::kNew;  // kEdit: of the current record of dok_sprzed
+  bool CorrectionFlag = false;     // a new document is a correcting invoice
+  int32_t CorrectedRecord = 0;     // of which document
   // Prints the document that the print button has saved; empty: nothing is printed.
   std::function<void(int32_t record, PrintMode mode)> print_document;
   // Lets the person pick a customer: its record, 0 for none. Empty: the find buttons beep.
@@ -44,8 +46,8 @@ class frm_Dok_sprzed : public Form {
 
   // Fills the form from the mode, the flags and the current record; once before the form is shown.
   void reload_();
-  // Writes all fields into the loaded record of dok_sprzed; the caller saves.
-  void save_();
+  // The values of all fields, as saving writes them to the record of dok_sprzed.
+  ColumnValues save_();
   // Selects the document's lines.
   void GoSQL_();
   // Redraws the lines and the totals.
@@ -92,27 +94,32 @@ class frm_Dok_sprzed : public Form {
   void LoadNewCorrection();
   void LoadNewCurrency();
   void LoadRecord();
-  void LoadRecordDates();
+  void LoadRecordDates(const SalesDocument& document);
   void LoadRecordLinks();
-  void LoadRecordSubscription();
+  void LoadRecordSubscription(const SalesDocument& document);
   void LockForCorrection();
   void ShowReference();
-  void SelectLink(ComboControl& list, const char* field);
+  void SelectLink(ComboControl& list, const Column<Link>& column, int32_t record);
   void Bind();
   void Unbind();
 
   // sales_form_save.cpp
-  void SaveLinks();
-  void SaveNumber();
+  void SaveLinks(ColumnValues& values);
+  void SaveNumber(ColumnValues& values);
+  int32_t TypeOf(const ColumnValues& values);
   bool Store(bool recalculate);
   bool StoreNew();
   bool StoreChanged();
   void Save();
   void Print();
   void Refresh();
-  void Recalculate();
-  bool RecalculateCurrentLine();
-  bool ConfirmedAndWritten(class frm_Dok_add_TU& dialog, const std::function<bool()>& write);
+  // False when an amount is too large or a table refuses; the caller tells it.
+  [[nodiscard]] bool Recalculate();
+  LineOutcome RecalculateCurrentLine();
+  void Tell(bool done);  // a failure, once
+  bool ConfirmedAndWritten(frm_Dok_add_TU& dialog, const std::function<LineOutcome()>& write);
+  void LinesChanged();
+  void SettlePickedAdvance();
   void AddLineByDialog();
   void EditLineByDialog();
   void RemoveLine();

@@ -1,6 +1,7 @@
 // Filling the editor of sales documents.
 #include "base/format.h"
 #include "base/text.h"
+#include "books/dictionary_rows.h"
 #include "company/tables.h"
 #include "documents/numbering.h"
 #include "forms/bound_control.h"
@@ -23,13 +24,12 @@ void frm_Dok_sprzed::reload_() {
   FillLists();
   if (!program_.database_open) return;
   LimitFields();
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  record_ = Mode == 2 ? documents.RECORD_POSITION() : 0;
+  record_ = Mode == EditMode::kEdit ? Table(program_, kDokSprzed).RECORD_POSITION() : 0;
   number_ = 0;
   totals_ = {};
   rate_memory_.clear();
   memoCONTROL.Clear();
-  if (Mode == 2) {
+  if (Mode == EditMode::kEdit) {
     LoadRecord();
   } else {
     LoadNew();
@@ -37,7 +37,7 @@ void frm_Dok_sprzed::reload_() {
   if (!chkPłatnik.Checked()) SelectOrAdd(txtPłatnik, Chosen(txtKontrahent));
   TypeChanged();
   LockForCorrection();
-  if (Mode == 2) Bind();
+  if (Mode == EditMode::kEdit) Bind();
   GoSQL_();
   ref_();
   ShowStatus();
@@ -61,32 +61,29 @@ void frm_Dok_sprzed::FillLists() {
   }
   FillTypes(false);
   FillCustomers();
-  FillFromTable(program_, kFormyPlatn, txtFormaPłatności, "NAZWA", true);
-  FillFromTable(program_, kPracownicy, txtWystawił, "PRACOWNIK", true);
-  const auto currency_text = [](ClassQDBASE& currency) {
-    return currency.Text("NAZWA") + " - " + currency.Text("KODWAL") + " (" + currency.Text("SYMBOL") + ")";
-  };
-  FillFromTable(program_, kWaluty, txtWaluta, currency_text, true);
+  FillFromTable(program_, payment_form_columns::kName, txtFormaPłatności, true);
+  FillFromTable(program_, employee_columns::kName, txtWystawił, true);
+  FillFromRows<CurrencyRow>(
+      program_, txtWaluta, [](const CurrencyRow& row) { return row.name + " - " + row.code + " (" + row.symbol + ")"; }, true);
 }
 
 void frm_Dok_sprzed::FillCustomers() {
-  FillFromTable(program_, kKontrahenci, txtKontrahent, "NAZWA", true);
+  FillFromTable(program_, customer_columns::kName, txtKontrahent, true);
   txtPłatnik.Clear();
   for (int i = 0; i < txtKontrahent.ListCount(); ++i) txtPłatnik.AddItem(txtKontrahent.List(i), txtKontrahent.ListValue(i));
 }
 
 void frm_Dok_sprzed::FillTypes(bool corrections) {
-  const auto name_of = [corrections](ClassQDBASE& type) {
-    return has_option(type.Text("OPCJE"), "FK") == corrections ? Trim(type.Text("NAZWA")) : std::string();
+  const auto name_of = [corrections](const DocumentType& type) {
+    return has_option(type.options, "FK") == corrections ? Trim(type.name) : std::string();
   };
-  FillFromTable(program_, kDokumentKat, txtTypDok, name_of, true);
+  FillFromRows<DocumentType>(program_, txtTypDok, name_of, true);
 }
 
 void frm_Dok_sprzed::LimitFields() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  LimitToField(documents, "ODEBRAL", txtOdebrał);
-  LimitToField(documents, "UWAGI", txtUwagi);
-  LimitToField(documents, "ADR_TEKST", txtAdrOth);
+  LimitToField(program_, document_columns::kReceiver, txtOdebrał);
+  LimitToField(program_, document_columns::kNotes, txtUwagi);
+  LimitToField(program_, document_columns::kAddress, txtAdrOth);
 }
 
 // --- a new document
@@ -128,20 +125,18 @@ void frm_Dok_sprzed::LoadNew() {
 }
 
 void frm_Dok_sprzed::LoadNewCorrection() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  KeepPositions keep(program_, {kDokSprzed});
   FillTypes(true);
   txtTypDok.SetListIndex(txtTypDok.ListCount() - 1);
-  if (!documents.RECORD_LOAD(CorrectedRecord)) return;
-  const int32_t corrected_id = documents.Int("ID_DOK");
-  SelectLink(txtKontrahent, "KONTRAHENT");
-  SelectLink(txtPłatnik, "PLATNIK");
-  chkPłatnik.SetChecked(documents.Int(".PLATNIK") >= 1);
-  SelectLink(txtWaluta, "WALUTA");
-  currency_ = documents.Int(".WALUTA");
-  rate_ = FloatOr0(documents.FIELD("KURS"));
-  CopyLines(program_, corrected_id, id_);
-  Recalculate();
+  const auto corrected = Read<SalesDocument>(program_, CorrectedRecord);
+  if (!corrected) return;
+  SelectLink(txtKontrahent, document_columns::kCustomer, CorrectedRecord);
+  SelectLink(txtPłatnik, document_columns::kPayer, CorrectedRecord);
+  chkPłatnik.SetChecked(corrected->payer >= 1);
+  SelectLink(txtWaluta, document_columns::kCurrencyLink, CorrectedRecord);
+  currency_ = corrected->currency;
+  rate_ = corrected->rate;
+  const bool copied = CopyLines(program_, corrected->identity, id_);
+  Tell(Recalculate() && copied);
 }
 
 void frm_Dok_sprzed::LoadNewCurrency() {
@@ -152,69 +147,68 @@ void frm_Dok_sprzed::LoadNewCurrency() {
 // --- a stored document
 
 void frm_Dok_sprzed::LoadRecord() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  if (!documents.RECORD_LOAD(record_)) return;
-  opening_type_ = documents.Int(".TYP");
-  number_ = documents.Int("NR_DOK");
-  id_ = documents.Int("ID_DOK");
+  const auto document = Read<SalesDocument>(program_, record_);
+  if (!document) return;
+  opening_type_ = document->type;
+  number_ = document->number;
+  id_ = document->identity;
   CorrectionFlag = has_option(type_options(program_, opening_type_), "FK");
-  CorrectedRecord = CorrectionFlag ? documents.Int("DOTYCZY") : 0;
+  CorrectedRecord = CorrectionFlag ? document->corrects : 0;
   if (CorrectionFlag) {
     txtTypDok.Clear();
     txtTypDok.AddItem("", 0);
   }
-  if (!txtAdrType.SelectValue(documents.Int("ADR_TYP"))) txtAdrType.SetListIndex(0);
-  txtAdrOth.SetText(documents.Text("ADR_TEKST"));
+  if (!txtAdrType.SelectValue(document->address_kind)) txtAdrType.SetListIndex(0);
+  txtAdrOth.SetText(document->address);
   AddressChanged();
   chkAN.SetChecked(true);
   NumberChosen();
   LoadRecordLinks();
-  LoadRecordDates();
-  currency_ = documents.Int(".WALUTA");
-  rate_ = FloatOr0(documents.FIELD("KURS"));
+  LoadRecordDates(*document);
+  currency_ = document->currency;
+  rate_ = document->rate;
   rate_memory_[currency_] = rate_;
   txtKurs.SetText(FormatNumber(rate_, "0.0000", program_.locale));
-  txtOdebrał.SetText(documents.Text("ODEBRAL"));
-  txtUwagi.SetText(documents.Text("UWAGI"));
-  totals_ = {documents.Real("WARTOSC_NETTO"), documents.Real("WARTOSC_BRUTTO")};
-  txtStatus.SelectValue(documents.Flag("ZAPLACONO") ? kPaid : kNotPaid);
-  LoadRecordSubscription();
+  txtOdebrał.SetText(document->receiver);
+  txtUwagi.SetText(document->notes);
+  totals_ = {document->net, document->gross};
+  txtStatus.SelectValue(document->paid ? kPaid : kNotPaid);
+  LoadRecordSubscription(*document);
 }
 
 void frm_Dok_sprzed::LoadRecordLinks() {
-  const std::pair<ComboControl*, const char*> links[] = {
-      {&txtTypDok, "TYP"},        {&txtKontrahent, "KONTRAHENT"}, {&txtPłatnik, "PLATNIK"}, {&txtFormaPłatności, "FORMA_PLATNOSCI"},
-      {&txtWystawił, "WYSTAWIL"}, {&txtWaluta, "WALUTA"},
+  using namespace document_columns;
+  const std::pair<ComboControl*, Column<Link>> links[] = {
+      {&txtTypDok, kType},     {&txtKontrahent, kCustomer}, {&txtPłatnik, kPayer}, {&txtFormaPłatności, kPaymentForm},
+      {&txtWystawił, kIssuer}, {&txtWaluta, kCurrencyLink},
   };
-  for (const auto& [list, field] : links) SelectLink(*list, field);
-  chkPłatnik.SetChecked(Table(program_, kDokSprzed).Int(".PLATNIK") >= 1);
+  for (const auto& [list, column] : links) SelectLink(*list, column, record_);
+  chkPłatnik.SetChecked(ReadColumn(program_, kPayer, record_) >= 1);
 }
 
-void frm_Dok_sprzed::LoadRecordDates() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  const std::pair<CalendarControl*, const char*> days[] = {
-      {&txtDataWyst, "DATA_WYSTAWIENIA"}, {&txtDataSprzed, "DATA_SPRZEDAZY"},    {&txtDataSprzedDo, "DATA_SPRZED_DO"},
-      {&txtDataZapłaty, "DATA_ZAPLATY"},  {&txtTerminZapłaty, "TERMIN_ZAPLATY"},
-  };
-  for (const auto& [calendar, field] : days) calendar->SetCurrentDate(documents.Day(field));
+void frm_Dok_sprzed::LoadRecordDates(const SalesDocument& document) {
+  txtDataWyst.SetCurrentDate(document.issued);
+  txtDataSprzed.SetCurrentDate(document.sold);
+  txtDataSprzedDo.SetCurrentDate(document.sold_to);
+  txtDataZapłaty.SetCurrentDate(document.paid_on);
+  txtTerminZapłaty.SetCurrentDate(document.due);
   if (txtDataSprzedDo.CurrentDate().days() == 0) txtDataSprzedDo.SetCurrentDate(txtDataSprzed.CurrentDate());
-  chkDateTo.SetChecked(documents.Flag("DATA_SPRZED_CK"));
+  chkDateTo.SetChecked(document.sold_over_range);
 }
 
-void frm_Dok_sprzed::LoadRecordSubscription() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  txtAbonamentKoniec.SetChecked(documents.Flag("ABN_KONIEC"));
-  const Date end = documents.Day("ABN_KONIEC_DATA");
+void frm_Dok_sprzed::LoadRecordSubscription(const SalesDocument& document) {
+  txtAbonamentKoniec.SetChecked(document.subscription_ends);
+  const Date end = document.subscription_end;
+  // kept: an end before 2000 is shown as today, since old documents hold an empty date there
   txtAbonamentData.SetCurrentDate(end < *Date::FromYmd(2000, 1, 1) ? Today() : end);
-  const int32_t days = documents.Int("ABN_KONIEC_DNI");
+  const int32_t days = document.reminder_days;
   SelectOrAdd(txtAbonamentDni, {days, std::to_string(days)});
   ShowSubscription();
 }
 
 // By the stored record number, so that of two customers of one name the right one stays chosen.
-void frm_Dok_sprzed::SelectLink(ComboControl& list, const char* field) {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  SelectOrAdd(list, {documents.Int(std::string(".") + field), Trim(documents.Text(std::string("@") + field))});
+void frm_Dok_sprzed::SelectLink(ComboControl& list, const Column<Link>& column, int32_t record) {
+  SelectOrAdd(list, ReadColumn(program_, column, record), Trim(LinkText(program_, column, record)));
 }
 
 void frm_Dok_sprzed::LockForCorrection() {
@@ -236,7 +230,7 @@ void frm_Dok_sprzed::Bind() {
   if (!documents.IsOpen()) return;
   documents.RECORD_POSITION(record_);
   documents.FORM_CONNECT(*this);
-  documents.FORM_OBJECT_ADD(Bound(memoCONTROL), "MEMO_");
+  documents.FORM_OBJECT_ADD(Bound(memoCONTROL), document_columns::kFiles.name);
   documents.FORM_REFRESH();
   bound_ = true;
 }

@@ -1,7 +1,6 @@
 // Saving a sales document, its lines and its attachments.
 #include "base/format.h"
 #include "base/text.h"
-#include "company/tables.h"
 #include "documents/numbering.h"
 #include "sales/line_form.h"
 #include "sales/sales_form.h"
@@ -10,63 +9,54 @@ namespace ostrinka {
 
 namespace {
 
-constexpr int32_t kPaid = 1;
-
-// The first existing type with the option; 0 when there is none.
-int32_t FirstTypeWith(Program& program, std::string_view word) {
-  KeepPositions keep(program, {kDokumentKat});
-  ClassQDBASE& types = Table(program, kDokumentKat);
-  const int32_t count = types.RECORD_COUNT();
-  for (int32_t record = 1; record <= count; ++record) {
-    if (types.RECORD_EXIST(record) && types.RECORD_LOAD(record) && has_option(types.Text("OPCJE"), word)) return record;
-  }
-  return 0;
-}
+constexpr int32_t kPaidStatus = 1;
 
 }  // namespace
 
-void frm_Dok_sprzed::save_() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  documents.FIELD("ID_DOK", id_);
-  SaveLinks();
-  documents.FIELD("DATA_WYSTAWIENIA", txtDataWyst.CurrentDate());
-  documents.FIELD("DATA_SPRZEDAZY", txtDataSprzed.CurrentDate());
-  documents.FIELD("DATA_SPRZED_DO", txtDataSprzedDo.CurrentDate());
-  documents.FIELD("DATA_SPRZED_CK", chkDateTo.Checked());
-  documents.FIELD("DATA_ZAPLATY", txtDataZapłaty.CurrentDate());
-  documents.FIELD("FORMA_PLATNOSCI", txtFormaPłatności.Value());
-  documents.FIELD("TERMIN_ZAPLATY", txtTerminZapłaty.CurrentDate());
-  documents.FIELD("WYSTAWIL", txtWystawił.Value());
-  documents.FIELD("ODEBRAL", Trim(txtOdebrał.Text()));
-  documents.FIELD("UWAGI", Trim(txtUwagi.Text()));
-  documents.FIELD("WARTOSC_NETTO", totals_.net);
-  documents.FIELD("WARTOSC_BRUTTO", totals_.gross);
-  documents.FIELD("WALUTA", txtWaluta.Value());
-  documents.FIELD("KURS", static_cast<float>(NumberOr0(txtKurs.Text())));
-  documents.FIELD("ABN_KONIEC", txtAbonamentKoniec.Checked());
-  documents.FIELD("ABN_KONIEC_DATA", txtAbonamentData.CurrentDate());
-  documents.FIELD("ZAPLACONO", txtStatus.Value() == kPaid);
-  documents.FIELD("ADR_TYP", static_cast<int16_t>(txtAdrType.Value()));
-  documents.FIELD("ADR_TEKST", Trim(txtAdrOth.Text()));
-  documents.FIELD("ABN_KONIEC_DNI", std::max(txtAbonamentDni.Value(), int32_t{1}));
-  SaveNumber();
+ColumnValues frm_Dok_sprzed::save_() {
+  using namespace document_columns;
+  ColumnValues values;
+  values.Set(kIdentity, id_);
+  SaveLinks(values);
+  values.Set(kIssued, txtDataWyst.CurrentDate());
+  values.Set(kSold, txtDataSprzed.CurrentDate());
+  values.Set(kSoldTo, txtDataSprzedDo.CurrentDate());
+  values.Set(kSoldOverRange, chkDateTo.Checked());
+  values.Set(kPaidOn, txtDataZapłaty.CurrentDate());
+  values.Set(kPaymentForm, txtFormaPłatności.Value());
+  values.Set(kDue, txtTerminZapłaty.CurrentDate());
+  values.Set(kIssuer, txtWystawił.Value());
+  values.Set(kReceiver, Trim(txtOdebrał.Text()));
+  values.Set(kNotes, Trim(txtUwagi.Text()));
+  values.Set(kNet, totals_.net);
+  values.Set(kGross, totals_.gross);
+  values.Set(kCurrencyLink, txtWaluta.Value());
+  values.Set(kRate, static_cast<float>(NumberOr0(txtKurs.Text())));
+  values.Set(kSubscriptionEnds, txtAbonamentKoniec.Checked());
+  values.Set(kSubscriptionEnd, txtAbonamentData.CurrentDate());
+  values.Set(kPaid, txtStatus.Value() == kPaidStatus);
+  values.Set(kAddressKind, static_cast<int16_t>(txtAdrType.Value()));
+  values.Set(kAddress, Trim(txtAdrOth.Text()));
+  values.Set(kReminderDays, std::max(txtAbonamentDni.Value(), int32_t{1}));
+  SaveNumber(values);
+  return values;
 }
 
-void frm_Dok_sprzed::SaveLinks() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
+void frm_Dok_sprzed::SaveLinks(ColumnValues& values) {
+  using namespace document_columns;
   if (!CorrectionFlag) {
-    documents.FIELD("TYP", txtTypDok.Value());
-  } else if (const int32_t type = FirstTypeWith(program_, "FK"); type >= 1) {
-    documents.FIELD("DOTYCZY", CorrectedRecord);
-    documents.FIELD("TYP", type);
+    values.Set(kType, txtTypDok.Value());
+  } else if (const int32_t type = first_type_with(program_, "FK"); type >= 1) {
+    // kept: of several correcting types the first one is stored, whichever the list shows
+    values.Set(kCorrects, CorrectedRecord);
+    values.Set(kType, type);
   }
-  documents.FIELD("PLATNIK", chkPłatnik.Checked() ? txtPłatnik.Value() : 0);
-  documents.FIELD("KONTRAHENT", txtKontrahent.Value());
+  values.Set(kPayer, chkPłatnik.Checked() ? txtPłatnik.Value() : 0);
+  values.Set(kCustomer, txtKontrahent.Value());
 }
 
-void frm_Dok_sprzed::SaveNumber() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  const int32_t old_number = documents.Int("NR_DOK"), type = documents.Int(".TYP");
+void frm_Dok_sprzed::SaveNumber(ColumnValues& values) {
+  const int32_t old_number = ReadColumn(program_, document_columns::kNumber, record_), type = TypeOf(values);
   const std::string text = Trim(txtDokNumer.Text());
   const auto typed = IsNumeric(Value(text)) ? ToInt32(Value(text)) : std::nullopt;
   if (typed) {
@@ -76,52 +66,47 @@ void frm_Dok_sprzed::SaveNumber() {
   } else {
     number_ = next_number(program_, kDokSprzed, txtDataWyst.CurrentDate(), type, old_number);
   }
-  documents.FIELD("NR_DOK", number_);
+  values.Set(document_columns::kNumber, number_);
+}
+
+// The type that the record has once these values are written.
+int32_t frm_Dok_sprzed::TypeOf(const ColumnValues& values) {
+  return values.Get(document_columns::kType).value_or(ReadColumn(program_, document_columns::kType, record_));
+}
+
+void frm_Dok_sprzed::Tell(bool done) {
+  if (!done) program_.Message("msg.info.error", MessageKind::kError);
 }
 
 bool frm_Dok_sprzed::Store(bool recalculate) {
-  const bool fresh = Mode == 1;
-  if (!(fresh ? StoreNew() : StoreChanged())) {
-    // The form stays open: what was typed is not lost.
-    program_.Message("msg.info.error", MessageKind::kError);
-    return false;
-  }
-  if (recalculate || !fresh) Recalculate();
-  SetDirty(false);
-  return true;
+  const bool fresh = Mode == EditMode::kNew;
+  const bool stored = fresh ? StoreNew() : StoreChanged();
+  // Not stored: the form stays open, so that what was typed is not lost.
+  Tell(stored && (!(recalculate || !fresh) || Recalculate()));
+  if (stored) SetDirty(false);
+  return stored;
 }
 
 bool frm_Dok_sprzed::StoreNew() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
-  if (!documents.RECORD_ADD()) return false;
-  const int32_t added = documents.RECORD_ADDED();
-  if (!documents.RECORD_LOAD(added)) return false;
-  save_();
-  const int32_t type = documents.Int(".TYP");
-  if (!documents.RECORD_SAVE(added)) {
-    documents.RECORD_DELETE(added);
-    return false;
-  }
+  const ColumnValues values = save_();
+  const int32_t added = Add(program_, kDokSprzed, values);
+  if (added < 1) return false;
   record_ = added;
-  opening_type_ = type;
+  opening_type_ = TypeOf(values);
   documents.RECORD_SHOW(record_);
-  if (CorrectionFlag && CorrectedRecord >= 1 && documents.RECORD_LOAD(CorrectedRecord)) {
-    documents.FIELD("KOREKTA", record_);
-    documents.RECORD_SAVE(CorrectedRecord);
-  }
+  // The correction itself is stored: a link back that could not be written is told, and is no reason to store it once more.
+  if (CorrectionFlag && CorrectedRecord >= 1) Tell(StoreColumn(program_, document_columns::kCorrection, CorrectedRecord, record_));
   documents.RECORD_POSITION(record_);
-  documents.RECORD_LOAD(record_);
   return true;
 }
 
 bool frm_Dok_sprzed::StoreChanged() {
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  if (!documents.RECORD_LOAD(record_)) return false;
-  save_();
-  const int32_t type = documents.Int(".TYP");
-  if (!documents.RECORD_SAVE(record_)) return false;
+  const ColumnValues values = save_();
+  const int32_t type = TypeOf(values);
+  if (!ostrinka::Store(program_, kDokSprzed, record_, values)) return false;
   opening_type_ = type;
-  documents.RECORD_SHOW(record_);
+  Table(program_, kDokSprzed).RECORD_SHOW(record_);
   return true;
 }
 
@@ -141,11 +126,12 @@ void frm_Dok_sprzed::Save() {
 
 void frm_Dok_sprzed::Print() {
   if (!program_.database_open || !Store(false)) return;
-  Mode = 2;
+  Mode = EditMode::kEdit;
   NumberChosen();
   Bind();
   Refresh();
   if (!program_.main_view || !print_document) return;
+  // kept: the button prints in four of the six modes; under the two others it saves alone, as people are used to
   const PrintMode ticked = program_.main_view->TickedPrintMode();
   for (const PrintMode mode : {PrintMode::kOriginalAndTwoCopies, PrintMode::kOriginalCopyInOne, PrintMode::kOriginal, PrintMode::kCopy}) {
     if (mode == ticked) print_document(record_, mode);
@@ -154,32 +140,54 @@ void frm_Dok_sprzed::Print() {
 
 // --- lines
 
-bool frm_Dok_sprzed::RecalculateCurrentLine() {
-  ClassQDBASE& lines = Table(program_, kSprzedane);
-  const int32_t line = lines.RECORD_POSITION();
-  if (line < 1 || !lines.RECORD_LOAD(line) || id_ < 1 || lines.Int("ID_DOK") != id_) return true;
+LineOutcome frm_Dok_sprzed::RecalculateCurrentLine() {
+  const int32_t line = Table(program_, kSprzedane).RECORD_POSITION();
+  if (id_ < 1 || ReadColumn(program_, line_columns::kDocument, line) != id_) return LineOutcome::kDone;
   return RecalculateLine(program_, line);
 }
 
-void frm_Dok_sprzed::Recalculate() {
-  if (!RecalculateCurrentLine()) return;
+bool frm_Dok_sprzed::Recalculate() {
+  if (RecalculateCurrentLine() != LineOutcome::kDone) return false;
   totals_ = SumLines(program_, id_, currency_);
-  if (Mode != 2 && record_ < 1) return;
-  ClassQDBASE& documents = Table(program_, kDokSprzed);
-  if (!documents.RECORD_LOAD(record_)) return;
-  documents.FIELD("WARTOSC_NETTO", totals_.net);
-  documents.FIELD("WARTOSC_BRUTTO", totals_.gross);
-  documents.RECORD_SAVE(record_);
+  if (record_ < 1) return true;
+  ColumnValues totals;
+  totals.Set(document_columns::kNet, totals_.net).Set(document_columns::kGross, totals_.gross);
+  return ostrinka::Store(program_, kDokSprzed, record_, totals);
 }
 
 // Shows the dialog until its line is written or given up: a failure is told, and what was typed is still there.
-bool frm_Dok_sprzed::ConfirmedAndWritten(frm_Dok_add_TU& dialog, const std::function<bool()>& write) {
+bool frm_Dok_sprzed::ConfirmedAndWritten(frm_Dok_add_TU& dialog, const std::function<LineOutcome()>& write) {
   while (true) {
     dialog.OK = false;
     program_.platform.ui.ShowModal(dialog);
     if (!dialog.OK) return false;
-    if (write()) return true;
-    program_.Message("msg.info.error", MessageKind::kError);
+    const bool written = write() == LineOutcome::kDone;
+    Tell(written);
+    if (written) return true;
+  }
+}
+
+void frm_Dok_sprzed::LinesChanged() {
+  SetDirty(true);
+  Tell(Recalculate());
+  GoSQL_();
+  ref_();
+}
+
+// Whatever comes of it, the dialog is done: there is nothing in it to correct.
+void frm_Dok_sprzed::SettlePickedAdvance() {
+  switch (SettleAdvance(program_, id_, currency_, program_.current_advance)) {
+    case AdvanceOutcome::kSettled:
+      return;
+    case AdvanceOutcome::kNoAdvance:
+      program_.Message("msg.info.cantadddocfz", MessageKind::kInformation);
+      return;
+    case AdvanceOutcome::kNoValue:
+      program_.Message("msg.info.cantadddocfzv0", MessageKind::kInformation);
+      return;
+    case AdvanceOutcome::kTooLarge:
+    case AdvanceOutcome::kNotWritten:
+      Tell(false);
   }
 }
 
@@ -187,54 +195,45 @@ void frm_Dok_sprzed::AddLineByDialog() {
   if (!program_.database_open) return;
   program_.current_customer = txtKontrahent.Value();
   frm_Dok_add_TU dialog(program_);
-  dialog.Mode = 1;
+  dialog.Mode = EditMode::kNew;
   dialog.DocumentRate = rate_;
   dialog.DocumentCurrency = currency_;
   dialog.reload_();
   const auto written = [&] {
-    if (dialog.Article != frm_Dok_add_TU::kAdvance) return AddLine(program_, id_, dialog.Entry(), rate_) > 0;
-    SettleAdvance(program_, id_, currency_, program_.current_advance);
-    return true;
+    if (dialog.Article != frm_Dok_add_TU::kAdvance) return AddLine(program_, id_, dialog.Entry(), rate_).outcome;
+    SettlePickedAdvance();
+    return LineOutcome::kDone;
   };
-  if (!ConfirmedAndWritten(dialog, written)) return;
-  SetDirty(true);
-  Recalculate();
-  GoSQL_();
-  ref_();
+  if (ConfirmedAndWritten(dialog, written)) LinesChanged();
 }
 
 void frm_Dok_sprzed::EditLineByDialog() {
-  ClassQDBASE& lines = Table(program_, kSprzedane);
   const int32_t line = lines_.RecordOf(lines_.CurrentRow());
-  if (line < 1 || !lines.RECORD_LOAD(line)) return;
-  const int32_t own_article = lines.Int(".NAZWA_T_U");
+  const auto row = Read<SalesLine>(program_, line);
+  if (!row) return;
   program_.current_customer = txtKontrahent.Value();
   frm_Dok_add_TU dialog(program_);
-  dialog.Mode = 2;
+  dialog.Mode = EditMode::kEdit;
   dialog.DocumentRate = rate_;
   dialog.DocumentCurrency = currency_;
   dialog.reload_();
   dialog.ShowLine(line);
   const auto written = [&] {
     LineEntry entry = dialog.Entry();
-    if (entry.article < 1 || !dialog.ArticleChanged()) entry.article = own_article;
+    if (entry.article < 1 || !dialog.ArticleChanged()) entry.article = row->article;
     return RewriteLine(program_, line, entry);
   };
-  if (!ConfirmedAndWritten(dialog, written)) return;
-  SetDirty(true);
-  Recalculate();
-  GoSQL_();
-  ref_();
+  if (ConfirmedAndWritten(dialog, written)) LinesChanged();
 }
 
 void frm_Dok_sprzed::RemoveLine() {
-  ClassQDBASE& lines = Table(program_, kSprzedane);
   const int32_t line = lines_.RecordOf(lines_.CurrentRow());
   if (line < 1) return;
   if (program_.Message("msg.question.areyousure", MessageKind::kQuestion) != Answer::kYes) return;
-  ZeroLine(program_, line);
-  Recalculate();
-  lines.RECORD_DELETE(line);
+  // A line that cannot be emptied stays: removed, it would go on counting in the totals.
+  const bool zeroed = ZeroLine(program_, line) == LineOutcome::kDone;
+  const bool counted = zeroed && Recalculate();
+  Tell(zeroed && Table(program_, kSprzedane).RECORD_DELETE(line) && counted);
   SetDirty(true);
   GoSQL_();
   ref_();
@@ -244,9 +243,9 @@ void frm_Dok_sprzed::RemoveLine() {
 
 void frm_Dok_sprzed::AddAttachment() {
   if (!program_.database_open) return;
-  if (Mode == 1) {
+  if (Mode == EditMode::kNew) {
     if (program_.Message("msg.question.saverecordandaddatachment", MessageKind::kQuestion) != Answer::kYes || !Store(false)) return;
-    Mode = 2;
+    Mode = EditMode::kEdit;
     NumberChosen();
     Bind();
     Refresh();
@@ -255,14 +254,14 @@ void frm_Dok_sprzed::AddAttachment() {
   if (!file || file->empty()) return;
   ClassQDBASE& documents = Table(program_, kDokSprzed);
   documents.RECORD_POSITION(record_);
-  if (!documents.MEMO_ADD("MEMO_", *file)) program_.Message("msg.info.cantaddattachment", MessageKind::kWarning);
+  if (!documents.MEMO_ADD(document_columns::kFiles.name, *file)) program_.Message("msg.info.cantaddattachment", MessageKind::kWarning);
   documents.FORM_REFRESH();
 }
 
 void frm_Dok_sprzed::DeleteAttachment() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
   if (bound_) documents.RECORD_POSITION(record_);
-  if (!bound_ || !documents.MEMO_DEL("MEMO_", memoCONTROL.GetCurrentFileID_())) {
+  if (!bound_ || !documents.MEMO_DEL(document_columns::kFiles.name, memoCONTROL.GetCurrentFileID_())) {
     program_.Message("msg.info.cantdelattachment", MessageKind::kWarning);
     return;
   }
@@ -272,7 +271,7 @@ void frm_Dok_sprzed::DeleteAttachment() {
 void frm_Dok_sprzed::OpenAttachment() {
   ClassQDBASE& documents = Table(program_, kDokSprzed);
   if (bound_) documents.RECORD_POSITION(record_);
-  if (!bound_ || !documents.MEMO_EXEC("MEMO_", memoCONTROL.GetCurrentFileID_()))
+  if (!bound_ || !documents.MEMO_EXEC(document_columns::kFiles.name, memoCONTROL.GetCurrentFileID_()))
     program_.Message("msg.info.cantopenattachment", MessageKind::kWarning);
 }
 

@@ -7,12 +7,10 @@
 namespace ostrinka {
 namespace {
 
-constexpr int kNew = 1, kExisting = 2;  // modes of an editor
-
 template <typename Editor>
 void AddIn(CommandContext& context, const Command&, int) {
   Editor form(context.program);
-  form.reload_(kNew);
+  form.reload_(EditMode::kNew);
   context.Show(form);
 }
 
@@ -31,7 +29,7 @@ void EditIn(CommandContext& context, const Command& command, int) {
   const int32_t record = RecordToEdit(context, command.table);
   if (record == 0) return;
   Editor form(context.program);
-  form.reload_(kExisting, record);
+  form.reload_(EditMode::kEdit, record);
   context.Show(form);
 }
 

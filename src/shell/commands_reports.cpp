@@ -1,6 +1,8 @@
 // The reports, their period and the currency that they are counted in.
 #include <string>
 
+#include "books/books.h"
+#include "books/dictionary_rows.h"
 #include "shell/commands.h"
 #include "shell/periods.h"
 #include "shell/selection_ticks.h"
@@ -73,14 +75,13 @@ void FillReportCurrencies(CommandContext& context) {
   RibbonControl& ribbon = context.ribbon;
   ribbon.ClearPopupMenu(kCurrencies);
   if (!program.database_open) return;
-  ClassQDBASE& currencies = Table(program, kWaluty);
-  const KeepPositions keep(program, {kWaluty});
-  if (!currencies.RECORD_LOAD(1)) return;
-  ribbon.AddListItem(kCurrencies, CurrencyEntry(1), program.Text("mdi.tool.report.currency") + " " + currencies.Text("KODWAL"));
-  for (int32_t n = 1; n <= currencies.RECORD_COUNT(); ++n) {
-    if (!currencies.RECORD_EXIST(n) || !currencies.RECORD_LOAD(n)) continue;
-    ribbon.AddListItem(kCurrencies, CurrencyEntry(n), currencies.Text("KODWAL") + " - " + currencies.Text("NAZWA"));
-  }
+  const auto home = Read<CurrencyRow>(program, 1);
+  if (!home) return;
+  ribbon.AddListItem(kCurrencies, CurrencyEntry(1), program.Text("mdi.tool.report.currency") + " " + home->code);
+  EachRow<CurrencyRow>(program, [&](int32_t n, const CurrencyRow& row) {
+    ribbon.AddListItem(kCurrencies, CurrencyEntry(n), row.code + " - " + row.name);
+    return true;
+  });
   // The button shows the currency that the reports are counted in, the home currency when that one is gone.
   const std::string chosen = CurrencyEntry(program.settings.Integer(kOstrinka, "Reports", "Currency", 1));
   const auto& items = ribbon.ListItems(kCurrencies);

@@ -1,4 +1,5 @@
 // Commands on sales documents; those that print them are in commands_printing.cpp.
+#include "documents/deletion.h"
 #include "documents/numbering.h"
 #include "print/print_run.h"
 #include "sales/sales_form.h"
@@ -27,7 +28,7 @@ void AddCorrection(CommandContext& context, const Command&, int) {
     return;
   }
   frm_Dok_sprzed form(program);
-  form.Mode = 1;
+  form.Mode = EditMode::kNew;
   form.CorrectionFlag = true;
   form.CorrectedRecord = record;
   OpenEditor(context, form);
@@ -40,7 +41,7 @@ void AddDocument(CommandContext& context, const Command& command, int argument) 
     return;
   }
   frm_Dok_sprzed form(context.program);
-  form.Mode = 1;
+  form.Mode = EditMode::kNew;
   OpenEditor(context, form);
 }
 
@@ -52,51 +53,20 @@ void EditDocument(CommandContext& context, const Command& command, int) {
     return;
   }
   frm_Dok_sprzed form(context.program);
-  form.Mode = 2;
+  form.Mode = EditMode::kEdit;
   OpenEditor(context, form);
-}
-
-// Emptied before a sales document is deleted, so that no report and no link finds anything in it. The eighth name's trailing blank is kept:
-// field names are trimmed.
-constexpr const char* kEmptiedFields[] = {"TYP",           "NR_DOK",          "ID_DOK",  "KONTRAHENT", "WYSTAWIL", "FORMA_PLATNOSCI",
-                                          "WARTOSC_NETTO", "WARTOSC_BRUTTO ", "DOTYCZY", "KOREKTA"};
-
-bool SetCorrection(ClassQDBASE& documents, int32_t corrected, int32_t correction) {
-  if (!documents.RECORD_LOAD(corrected)) return false;
-  documents.FIELD("KOREKTA", correction);
-  return documents.RECORD_SAVE(corrected);
-}
-
-enum class Deletion { kDone, kHasCorrection, kFailed };
-
-// Deletes a document with the links between it and the one that it corrects. One that has a correction stays.
-Deletion DeleteSalesDocument(Program& program, int32_t record) {
-  ClassQDBASE& table = Table(program, kDokSprzed);
-  table.RECORD_LOAD(record);
-  const int32_t correction = table.Int("KOREKTA");
-  if (correction >= 1 && table.RECORD_EXIST(correction)) return Deletion::kHasCorrection;
-  int32_t corrected = table.Int("DOTYCZY");  // the document that loses its correction
-  if (corrected >= 1 && (!table.RECORD_LOAD(corrected) || table.Int("KOREKTA") != record)) corrected = 0;
-  if (corrected >= 1 && !SetCorrection(table, corrected, 0)) return Deletion::kFailed;
-  table.RECORD_LOAD(record);
-  for (const char* field : kEmptiedFields) table.FIELD(field, int32_t{0});
-  if (!table.RECORD_SAVE(record)) {
-    if (corrected >= 1) SetCorrection(table, corrected, record);
-    return Deletion::kFailed;
-  }
-  return table.RECORD_DELETE(record) ? Deletion::kDone : Deletion::kFailed;
 }
 
 void DeleteDocument(CommandContext& context, const Command& command, int) {
   const int32_t record = RecordToDelete(context, command.table);
   if (record == 0) return;
-  const Deletion outcome = DeleteSalesDocument(context.program, record);
-  if (outcome == Deletion::kHasCorrection) {
+  const DeletionOutcome outcome = DeleteSalesDocument(context.program, record);
+  if (outcome == DeletionOutcome::kHasCorrection) {
     context.window.StatusText(context.program.Text("sdocs.msg.thisdochascdc.delorg"));
     context.Beep();
     return;
   }
-  if (outcome == Deletion::kFailed) context.Fail();
+  if (outcome == DeletionOutcome::kNotWritten) context.Fail();
   context.window.refresh_tasks_();
 }
 

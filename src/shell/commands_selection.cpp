@@ -2,6 +2,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "books/columns.h"
 #include "engine/find_filter.h"
 #include "shell/commands.h"
 #include "shell/periods.h"
@@ -34,8 +35,8 @@ void PeriodCurrent(CommandContext& context, const Command& command, int) {
   TickPeriod(context.ribbon, command.key);
   const Date today = Today(context);
   const Span span = ChosenSpan(context.ribbon, command.key);
-  context.list.ChooseWhere(command.table,
-                           [&](ClassQDBASE& documents) { return InCurrent(span, documents.Day("DATA_WYSTAWIENIA"), today); });
+  const Column<Date>& issued = command.table == kDokZakupu ? purchase_columns::kIssued : document_columns::kIssued;
+  context.list.ChooseWhere(issued, [&](Date day) { return InCurrent(span, day, today); });
 }
 
 // By the field of the row.
@@ -52,12 +53,12 @@ void SortRecords(CommandContext& context, const Command& command, int) {
 void AlphabetRange(CommandContext& context, const Command& command, int) {
   TickLetters(context.ribbon, command.key);
   const std::string_view bounds = command.detail;
+  const Column<std::string>& name = command.table == kKontrahenci ? customer_columns::kName : article_columns::kName;
   if (bounds.empty()) {
-    context.list.Choose(command.table, "*", {"NAZWA", ordAsc});
+    context.list.Choose(command.table, "*", {name.name, ordAsc});
     return;
   }
-  context.list.ChooseWhere(command.table,
-                           [&](ClassQDBASE& table) { return BeginsWithin(table.Text("NAZWA"), bounds.substr(0, 1), bounds.substr(1)); });
+  context.list.ChooseWhere(name, [&](const std::string& text) { return BeginsWithin(text, bounds.substr(0, 1), bounds.substr(1)); });
 }
 
 void FindRecords(CommandContext& context, const Command& command, int) {

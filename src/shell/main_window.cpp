@@ -191,10 +191,11 @@ void MainWindow::FillList() {
 }
 
 void MainWindow::refresh_tasks_() {
+  constexpr char kTasks[] = "STREM";
   const int32_t count = due_task_count(program_);
-  ribbon.PopupMenuVisible("STREM", count > 0);
+  ribbon.PopupMenuVisible(kTasks, count > 0);
   ribbon.PopupMenuVisible("STR1", count > 0);
-  ribbon.ButtonText("STREM", program_.Text("mdi.tasks", {std::to_string(count)}));
+  ribbon.ButtonText(kTasks, program_.Text("mdi.tasks", {std::to_string(count)}));
 }
 
 PrintMode MainWindow::TickedPrintMode() {

@@ -74,15 +74,6 @@ void ShownList::Choose(int table, std::string_view condition, const ListOrder& o
   Chosen(table, condition != "*");
 }
 
-void ShownList::ChooseWhere(int number, const std::function<bool(ClassQDBASE& table)>& wanted) {
-  List(number, "!", {});
-  ClassQDBASE& table = ostrinka::Table(program_, number);
-  for (int32_t n = 1, count = table.RECORD_COUNT(); n <= count; ++n) {
-    if (table.RECORD_EXIST(n) && table.RECORD_LOAD(n) && wanted(table)) table.RECORD_SHOW(n);
-  }
-  Chosen(number, true);
-}
-
 void ShownList::Chosen(int number, bool filtered) {
   ClassQDBASE& table = ostrinka::Table(program_, number);
   if (!table.RECORD_SELECT(table.RECORD_POSITION())) table.MOVE_FIRST();

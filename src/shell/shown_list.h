@@ -5,14 +5,13 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "company/tables.h"
+#include "books/books.h"
 
 namespace ostrinka {
 
@@ -55,8 +54,17 @@ class ShownList {
   void List(int table, std::string_view condition, const ListOrder& order);
   // The same as a choice: a list that holds something gets a current record, which the commands that follow work on.
   void Choose(int table, std::string_view condition, const ListOrder& order = {});
-  // The same with those records that `wanted` takes; it reads the table's buffer.
-  void ChooseWhere(int table, const std::function<bool(ClassQDBASE& table)>& wanted);
+  // The same with those records of the column's table whose value `wanted` takes.
+  template <typename T, typename Wanted>
+  void ChooseWhere(const Column<T>& column, Wanted wanted) {
+    List(column.table, "!", {});
+    const auto show = [&](int32_t record, const Held<T>& value) {
+      if (wanted(value)) ostrinka::Table(program_, column.table).RECORD_SHOW(record);
+      return true;
+    };
+    EachOf(program_, column.table, show, column);
+    Chosen(column.table, true);
+  }
   // Orders the list by a column, from 1 of those on show, each time the other way. False for no such column.
   bool OrderByColumn(int column);
   void ForgetDirections() { directions_.clear(); }

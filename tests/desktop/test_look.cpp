@@ -198,7 +198,7 @@ TEST_F(LookTest, NoTextControlTakesALetterThatTheTablesLack) {
   Open();
   Key(Qt::Key_F7);
   frm_Kontrahenci_ customer(*program);
-  customer.reload_(1);
+  customer.reload_(EditMode::kNew);
   customer.Open();
   FormWindow form(*program, *look, customer, nullptr);
   form.show();

@@ -29,7 +29,7 @@ class MasterDataTest : public ClerkTest {
                         {"HURT_BRUTTO", 12.19},
                         {"SPEC_NETTO", 7.0},
                         {"SPEC_BRUTTO", 8.54}});
-    article.reload_(2, 1);
+    article.reload_(EditMode::kEdit, 1);
     Show(article);
   }
   void Show(Form& form) {

@@ -96,7 +96,7 @@ TEST_F(PreviewTest, TheChoiceOfTheRibbonShowsTheTickedCopiesOfTheDocument) {
     EXPECT_EQ(ScreenFaults(shown), QStringList());
   });
   // Without a document there is nothing to show.
-  Table(program, kDokSprzed).RECORD_DELETE(1);
+  EXPECT_TRUE(Table(program, kDokSprzed).RECORD_DELETE(1));
   window->UserItem("SPRZEDAŻ.DRUKUJ", "SPRZEDAŻ.PODGLĄD");
   EXPECT_EQ(NewestMessage(), program.Text("msg.info.nodocstoprint"));
 }

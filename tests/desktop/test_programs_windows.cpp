@@ -67,9 +67,9 @@ void ExpectFinished(Program& program, const Look& look, Form& form) {
 TEST_F(ProgramsWindowsTest, EveryFormOpensWithNamesTextsAndRoomForAll) {
   const int32_t customer = AddCustomer("Hotel"), article = AddArticle("Stół", 100, 122);
   frm_Kontrahenci_ customers(program);
-  customers.reload_(2, customer);
+  customers.reload_(EditMode::kEdit, customer);
   frm_TowUslugi_ goods(program);
-  goods.reload_(2, article);
+  goods.reload_(EditMode::kEdit, article);
   frm_Dok_sprzed sales(program);
   sales.reload_();
   frm_Dok_add_TU line(program);

@@ -21,7 +21,7 @@ TEST_F(NumberingTest, TheNextNumberCountsTheSetNotTheType) {
   AddDocument(kCorrection, "2008-03-03", 99);  // a set of its own
   AddDocument(kInvoice, "2007-12-31", 500);    // the year before
   AddDocument(kInvoice, "2010-01-01", 900);    // a later one
-  Table(program, kDokSprzed).RECORD_DELETE(AddDocument(kInvoice, "2008-03-04", 40));
+  EXPECT_TRUE(Table(program, kDokSprzed).RECORD_DELETE(AddDocument(kInvoice, "2008-03-04", 40)));
   EXPECT_EQ(NextNumber(kInvoice, "2008-03-05"), 19);
   EXPECT_EQ(NextNumber(kInvoice, "2008-03-05", /*skip=*/18), 18);
   EXPECT_EQ(NextNumber(kCorrection, "2008-12-31"), 100);
@@ -58,7 +58,7 @@ TEST_F(NumberingTest, CountingLeavesPositionAndBufferOfTheOpenTables) {
   ClassQDBASE& documents = Table(program, kDokSprzed);
   documents.RECORD_POSITION(document);
   documents.RECORD_LOAD(document);
-  documents.FIELD("NR_DOK", int32_t{123});
+  EXPECT_TRUE(documents.FIELD("NR_DOK", int32_t{123}));
   NextNumber(kInvoice, "2008-03-05");
   new_document_id(program);
   EXPECT_EQ(documents.Int("NR_DOK"), 123);
@@ -97,7 +97,7 @@ TEST_F(NumberingTest, TheTemplateIsFilledInCapitals) {
 
 TEST_F(NumberingTest, ADocumentOfADeletedTypePrintsAsBefore) {
   const int32_t document = AddDocument(kInvoice, "2008-03-05", 3);
-  Table(program, kDokumentKat).RECORD_DELETE(kInvoice);
+  EXPECT_TRUE(Table(program, kDokumentKat).RECORD_DELETE(kInvoice));
   EXPECT_EQ(doc_number_text(program, document), "NR 3 / 2008");
   EXPECT_EQ(doc_reference_text(program, document).substr(0, 33), "Faktura VAT NR 3 / 2008 z dnia 05");
 }
@@ -110,7 +110,7 @@ TEST_F(NumberingTest, OnlyAnOrdinaryDocumentWithoutLivingCorrectionMayBeCorrecte
   EXPECT_EQ(may_be_corrected(program, invoice), CorrectionRule::kAllowed);
   Change(kDokSprzed, invoice, {{"KOREKTA", correction}});
   EXPECT_EQ(may_be_corrected(program, invoice), CorrectionRule::kHasOneAlready);
-  Table(program, kDokSprzed).RECORD_DELETE(correction);
+  EXPECT_TRUE(Table(program, kDokSprzed).RECORD_DELETE(correction));
   EXPECT_EQ(may_be_corrected(program, invoice), CorrectionRule::kAllowed);
 }
 

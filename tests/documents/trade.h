@@ -19,7 +19,7 @@ class Trade : public CompanyTest {
                                           {"CENA_NETTO", *ReadCurrency(net)},
                                           {"CENA_BRUTTO", *ReadCurrency(gross)},
                                           {"RABAT", discount}});
-    EXPECT_TRUE(RecalculateLine(program, line));
+    EXPECT_EQ(RecalculateLine(program, line), LineOutcome::kDone);
     return line;
   }
   LineEntry Entry(int32_t article, const std::string& quantity, const std::string& net, const std::string& gross,

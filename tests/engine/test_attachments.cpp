@@ -14,7 +14,7 @@ class AttachmentTest : public TableTest {
   std::string memo = path + ".memo";
 
   void SetUp() override {
-    Goods()->FIELD_ADD("PLIKI", kMemo, 0, "", "");
+    EXPECT_TRUE(Goods()->FIELD_ADD("PLIKI", kMemo, 0, "", ""));
     auto goods = Open(path);
     AddGoods(*goods, "Hak", "1", 1, "2008-01-01");
     AddGoods(*goods, "Młot", "1", 1, "2008-01-01");
@@ -114,7 +114,7 @@ TEST_F(AttachmentTest, AHostileChainEndsAndANameLosesItsFolders) {
     EXPECT_EQ(Opened(1, 3), "-") << row.what;
     Opened(1, 1);
     EXPECT_TRUE(Attach(2, "c", "cc")) << row.what;
-    table->MEMO_DEL("PLIKI", 1);
+    EXPECT_TRUE(table->MEMO_DEL("PLIKI", 1));
     table->MEMO_FILE_COMPRESS_();
   }
   for (size_t length = 0; length < good.size(); length += 37) {

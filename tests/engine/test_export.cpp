@@ -9,17 +9,17 @@ class ExportTest : public TableTest {
 
   std::unique_ptr<ClassQDBASE> Linked() {
     auto groups = Create(surroundings.folder / "grupy.ovd");
-    groups->FIELD_ADD("OPIS", kText, 10, "", "");
-    for (const char* name : {"stal", "17"}) groups->RECORD_ADD({std::string(name)});
+    EXPECT_TRUE(groups->FIELD_ADD("OPIS", kText, 10, "", ""));
+    for (const char* name : {"stal", "17"}) EXPECT_TRUE(groups->RECORD_ADD({std::string(name)}));
     auto table = Create(path);
-    table->FIELD_ADD("ŁĄKA", kText, 20, "", "");
-    table->FIELD_ADD("CENA", kCurrency, 0, "", "");
-    table->FIELD_ADD("DATA", kDate, 0, "", "");
-    table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS");
-    table->RECORD_ADD({std::string("A&B \"ż\""), std::string("12,5"), std::string("2008-03-05"), 1});
-    table->RECORD_ADD({std::string("deleted")});
-    table->RECORD_ADD({std::string("x;y"), std::string("-1"), std::string("2007-01-02"), 2});
-    table->RECORD_DELETE(2);
+    EXPECT_TRUE(table->FIELD_ADD("ŁĄKA", kText, 20, "", ""));
+    EXPECT_TRUE(table->FIELD_ADD("CENA", kCurrency, 0, "", ""));
+    EXPECT_TRUE(table->FIELD_ADD("DATA", kDate, 0, "", ""));
+    EXPECT_TRUE(table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS"));
+    EXPECT_TRUE(table->RECORD_ADD({std::string("A&B \"ż\""), std::string("12,5"), std::string("2008-03-05"), 1}));
+    EXPECT_TRUE(table->RECORD_ADD({std::string("deleted")}));
+    EXPECT_TRUE(table->RECORD_ADD({std::string("x;y"), std::string("-1"), std::string("2007-01-02"), 2}));
+    EXPECT_TRUE(table->RECORD_DELETE(2));
     return table;
   }
 };

@@ -46,7 +46,7 @@ TEST_F(TableTest, TwoHundredFiftySixFieldsFit) {
 
 TEST_F(TableTest, AddingAFieldKeepsEveryRecordAndStartsItAtZero) {
   auto table = FilledGoods();
-  table->RECORD_DELETE(4);
+  EXPECT_TRUE(table->RECORD_DELETE(4));
   const std::string before = Bytes(path);
   ASSERT_TRUE(table->FIELD_ADD("UWAGI", kText, 3, "", ""));
   const std::string after = Bytes(path);
@@ -78,9 +78,9 @@ TEST_F(TableTest, DeletingAFieldClosesTheGap) {
 
 TEST_F(TableTest, ALargeTableIsReshapedInBlocks) {
   auto table = Create(path);
-  table->FIELD_ADD("A", kLong, 0, "", "");
-  table->FIELD_ADD("T", kText, 4000, "", "");
-  table->RECORD_ADD({1, std::string("first")});
+  EXPECT_TRUE(table->FIELD_ADD("A", kLong, 0, "", ""));
+  EXPECT_TRUE(table->FIELD_ADD("T", kText, 4000, "", ""));
+  EXPECT_TRUE(table->RECORD_ADD({1, std::string("first")}));
   std::string bytes = Bytes(path);
   const std::string record = bytes.substr(33807);
   std::string many;
@@ -117,8 +117,8 @@ TEST_F(TableTest, RenamingAndRedefining) {
     EXPECT_TRUE(table->FIELD_RENAME("CENĄ", "CENA", true));
   }
   auto empty = Create(surroundings.folder / "pusta.ovd");
-  empty->FIELD_ADD("A", kByte, 0, "", "");
-  empty->FIELD_ADD("B", kByte, 0, "", "");
+  EXPECT_TRUE(empty->FIELD_ADD("A", kByte, 0, "", ""));
+  EXPECT_TRUE(empty->FIELD_ADD("B", kByte, 0, "", ""));
   EXPECT_TRUE(empty->FIELD_SET(1, "A", kText, 10));
   EXPECT_EQ(empty->RECORD_LENGTH(), 13);
   EXPECT_TRUE(empty->FIELD_DELETE("A"));
@@ -127,13 +127,13 @@ TEST_F(TableTest, RenamingAndRedefining) {
 
 TEST_F(TableTest, ALinkFieldIsOpenAsSoonAsItIsAddedAndMovesWithItsNumber) {
   auto groups = Create(surroundings.folder / "grupy.ovd");
-  groups->FIELD_ADD("OPIS", kText, 10, "", "");
-  groups->RECORD_ADD({std::string("stal")});
+  EXPECT_TRUE(groups->FIELD_ADD("OPIS", kText, 10, "", ""));
+  EXPECT_TRUE(groups->RECORD_ADD({std::string("stal")}));
   auto table = FilledGoods();
   ASSERT_TRUE(table->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS"));
   table->RECORD_LOAD(1);
-  table->FIELD("GRUPA", Value(1));
-  table->RECORD_SAVE(1);
+  EXPECT_TRUE(table->FIELD("GRUPA", Value(1)));
+  EXPECT_TRUE(table->RECORD_SAVE(1));
   table->RECORD_LOAD(1);
   EXPECT_EQ(table->Text("@GRUPA"), "stal");
   ASSERT_TRUE(table->FIELD_DELETE("CENA"));
@@ -233,8 +233,8 @@ TEST_F(TableTest, SoleUseIsKeptOverSeveralChanges) {
 TEST_F(TableTest, ATornRecordDoesNotBecomeRecordsOfAShorterShape) {
   for (const bool redefine : {false, true}) {
     auto table = Create(path);
-    table->FIELD_ADD("A", kText, 100, "", "");
-    table->FIELD_ADD("B", kLong, 0, "", "");
+    EXPECT_TRUE(table->FIELD_ADD("A", kText, 100, "", ""));
+    EXPECT_TRUE(table->FIELD_ADD("B", kLong, 0, "", ""));
     SetBytes(path, Bytes(path) + std::string(60, 'x'));
     ASSERT_EQ(table->RECORD_COUNT(), 0);
     {

@@ -146,7 +146,7 @@ TEST_F(TableTest, DebugLinesNameTheOperationAndHideThePassword) {
   std::vector<std::string> lines;
   table->debug_event = [&](const std::string& line, bool start) { lines.push_back((start ? "+" : "-") + line); };
   table->DATABASE_OPEN(path, "kreda", "kreda", false, false, false);
-  table->RECORD_ADD();
+  EXPECT_TRUE(table->RECORD_ADD());
   table->SELECTION("~", "*", "CENA", 3);
   table->RECORD_POSITION(1);
   table->DATABASE_CLOSE();
@@ -284,7 +284,7 @@ TEST_F(TableTest, AFilePutInTheTablesPlaceIsWrittenToInsteadOfTheLostOne) {
   SetBytes(path + ".copy", Bytes(path));
   surroundings.files.Rename(path + ".copy", path);
   ASSERT_TRUE(table->RECORD_LOAD(1));
-  table->FIELD("NAZWA", Value(std::string("Szpadel")));
+  EXPECT_TRUE(table->FIELD("NAZWA", Value(std::string("Szpadel"))));
   ASSERT_TRUE(table->RECORD_SAVE(1));
   AddGoods(*table, "Hak", "1", 1, "2008-01-01");
   auto other = Open(path);

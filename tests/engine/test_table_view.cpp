@@ -37,9 +37,9 @@ TEST_F(TableViewTest, DrawsTitlesAndFormattedCells) {
   EXPECT_EQ(table->CellText(4, 2, look), "99,9") << "cut, not rounded";
   EXPECT_EQ(table->CellText(6, 2, look), "");
   table->RECORD_LOAD(1);
-  table->FIELD("NAZWA", Value(std::string("dwa\r\nwiersze")));
-  table->FIELD("DATA", Value(0));
-  table->RECORD_SAVE(1);
+  EXPECT_TRUE(table->FIELD("NAZWA", Value(std::string("dwa\r\nwiersze"))));
+  EXPECT_TRUE(table->FIELD("DATA", Value(0)));
+  EXPECT_TRUE(table->RECORD_SAVE(1));
   EXPECT_EQ(table->CellText(1, 1, look), "dwa wiersze");
   EXPECT_EQ(table->CellText(1, 4, look), "");
 }
@@ -83,7 +83,7 @@ TEST_F(TableViewTest, AFigureTooWideForItsColumnIsMarked) {
 
 TEST_F(TableViewTest, OnlyVisibleRowsAreReadAndDeletedOnesLeftOut) {
   auto other = Open(path);
-  other->RECORD_DELETE(2);
+  EXPECT_TRUE(other->RECORD_DELETE(2));
   Drawn();
   EXPECT_EQ(table->cells().size(), 16u);
   canvas = RecordingCanvas(130, 40);

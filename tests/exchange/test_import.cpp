@@ -47,7 +47,7 @@ class ImportTest : public CompanyTest {
                        {"UWAGI", std::string(500, 'u')}});
     Add(kKontrahenci, {{"NAZWA", std::string("Möbelhaus Schröder")}, {"NIP", std::string("DE 123456789")}});
     const int32_t gone = Add(kKontrahenci, {{"NAZWA", std::string("Skreślony")}});
-    Table(program, kKontrahenci).RECORD_DELETE(gone);
+    EXPECT_TRUE(Table(program, kKontrahenci).RECORD_DELETE(gone));
   }
   void FillArticles() {
     Add(kTowaryUslugi, {{"SYMBOL", std::string("STÓŁ-D")},

@@ -68,7 +68,7 @@ TEST_F(BoundFormTest, ItShowsTheRecordAndGivesItBack) {
   form.chkUsluga.SetChecked(false);
   form.calData.SetCurrentDate(*Date::FromYmd(2008, 4, 1));
   form.cmbGrupa.SelectText("szkło");
-  table->FORM_SAVE();
+  EXPECT_TRUE(table->FORM_SAVE());
   ASSERT_TRUE(table->RECORD_SAVE(5));
   table->RECORD_LOAD(5);
   EXPECT_EQ(table->Text("NAZWA"), "Serwis");
@@ -80,7 +80,7 @@ TEST_F(BoundFormTest, ItShowsTheRecordAndGivesItBack) {
   table->MOVE_FIRST();
   EXPECT_TRUE(table->MOVE_NEXT());
   EXPECT_EQ(form.cmbGrupa.Text(), "drewno");
-  table->FORM_SAVE();
+  EXPECT_TRUE(table->FORM_SAVE());
   EXPECT_EQ(table->Int("GRUPA"), 2);
   table->FORM_DISCONNECT();
   EXPECT_EQ(form.txtNazwa.Text(), "");
@@ -95,7 +95,7 @@ TEST_F(BoundFormTest, ATextShowsALinkAndIsNotWrittenIntoIt) {
   table->FORM_REFRESH();
   EXPECT_EQ(form.txtGrupa.Text(), "drewno");
   form.txtGrupa.SetText("3");
-  table->FORM_SAVE();
+  EXPECT_TRUE(table->FORM_SAVE());
   EXPECT_EQ(table->Int(".GRUPA"), 2);
   EXPECT_EQ(table->last_error_code(), -1) << "nor tried";
 }
@@ -110,7 +110,7 @@ TEST_F(BoundFormTest, AControlBoundAgainShowsTheLatterField) {
   EXPECT_EQ(form.txtNazwa.Text(), "12,5");
   EXPECT_EQ(form.txtGrupa.Text(), "");
   form.txtNazwa.SetText("13");
-  table->FORM_SAVE();
+  EXPECT_TRUE(table->FORM_SAVE());
   EXPECT_EQ(table->Text("NAZWA"), "Łopata");
   EXPECT_EQ(table->Text("CENA"), "13");
 }

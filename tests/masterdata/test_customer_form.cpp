@@ -19,7 +19,7 @@ std::string Scrambled(const std::string& text, size_t length) {
 
 class CustomerFormTest : public CompanyTest {
  protected:
-  void Open(int mode, int32_t record = 0) {
+  void Open(EditMode mode, int32_t record = 0) {
     form.reload_(mode, record);
     form.Open();
   }
@@ -28,7 +28,7 @@ class CustomerFormTest : public CompanyTest {
 };
 
 TEST_F(CustomerFormTest, NewCustomerIsStoredShownAndMadeCurrent) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, " Młyn \"Żuraw\" sp. z o.o. "));
   ASSERT_TRUE(Set(form.txtSymbol, "ŻUR"));
   ASSERT_TRUE(Set(form.txtGrupa, "Zaufani"));
@@ -54,7 +54,7 @@ TEST_F(CustomerFormTest, NewCustomerIsStoredShownAndMadeCurrent) {
 }
 
 TEST_F(CustomerFormTest, BlankNameIsRefusedByAFlashAndABeepAlone) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(form.UserShowPage("OTH"));
   ASSERT_TRUE(Set(form.txtNazwa, "  "));
   std::vector<int> grounds;
@@ -84,7 +84,7 @@ TEST_F(CustomerFormTest, SavingAnUntouchedRecordChangesNoByteOfIt) {
   ASSERT_TRUE(Table(program, kGrupy).RECORD_DELETE(group));  // the link outlives the group
   const std::string before = Bytes(kKontrahenci);
   for (const int32_t record : {1, 2}) {
-    Open(2, record);
+    Open(EditMode::kEdit, record);
     EXPECT_FALSE(form.Dirty());
     EXPECT_EQ(form.txtGrupa.Text(), record == 1 ? "Dawni" : "Lokalni") << "a deleted group is still shown";
     Save();
@@ -108,7 +108,7 @@ TEST_F(CustomerFormTest, DoubtfulNumbersAreMarkedAndSavedAllTheSame) {
       {form.txtNrKonta, "61 1090 1014 0000 0712 1981 2875", true},
       {form.txtNrKonta, "00000061109010140000071219812874000", true},
   };
-  Open(1);
+  Open(EditMode::kNew);
   EXPECT_FALSE(form.TxtNIP.Warning() || form.txtRegon.Warning() || form.txtNrKonta.Warning());
   for (const auto& row : rows) {
     ASSERT_TRUE(Set(row.box, row.text)) << row.text;
@@ -118,7 +118,7 @@ TEST_F(CustomerFormTest, DoubtfulNumbersAreMarkedAndSavedAllTheSame) {
   ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
   Save();
   EXPECT_EQ(At(kKontrahenci, 1).Text("NIP"), "1");
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   EXPECT_TRUE(form.TxtNIP.Warning());
 }
 
@@ -126,7 +126,7 @@ TEST_F(CustomerFormTest, PostalLookUpFillsWhatWasNotTouchedLast) {
   WriteFile(platform.folder / "app/psc.bin", Scrambled("80-001", 6) + Scrambled("Sopot", 25) + " " + Scrambled("30-002", 6) +
                                                  Scrambled("Skawina", 25) + " " + Scrambled("81-700", 6) + Scrambled("Sopot", 25) + " ");
   ASSERT_TRUE(program.Part<PostalTable>().LoadPostalCodes(platform.files, program.ApplicationFolder()));
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(form.btnFindCity.UserPress());
   EXPECT_EQ(form.txtWojewództwo.Value(), 0) << "nothing was touched";
   ASSERT_TRUE(Set(form.txtMiejscowość, "Sopot"));
@@ -155,7 +155,7 @@ TEST_F(CustomerFormTest, PostalLookUpFillsWhatWasNotTouchedLast) {
 }
 
 TEST_F(CustomerFormTest, FieldsTakeWhatTheTableHolds) {
-  Open(1);
+  Open(EditMode::kNew);
   EXPECT_TRUE(Set(form.txtSymbol, "0123456789"));
   EXPECT_FALSE(Set(form.txtSymbol, "0123456789a"));
   EXPECT_FALSE(Set(form.txtUlica, "漢"));
@@ -164,7 +164,7 @@ TEST_F(CustomerFormTest, FieldsTakeWhatTheTableHolds) {
 }
 
 TEST_F(CustomerFormTest, ListsAreSortedAndStartBlankOrWhereTheSettingsSay) {
-  Open(1);
+  Open(EditMode::kNew);
   std::vector<std::string> regions;
   for (int i = 0; i < form.txtWojewództwo.ListCount(); ++i) regions.push_back(form.txtWojewództwo.List(i));
   ASSERT_EQ(regions.size(), 17u);
@@ -175,7 +175,7 @@ TEST_F(CustomerFormTest, ListsAreSortedAndStartBlankOrWhereTheSettingsSay) {
   for (ComboControl* list : {&form.txtGrupa, &form.txtPaństwo, &form.txtWojewództwo}) EXPECT_EQ(list->ListIndex(), 0);
   program.settings.SaveSettingValue(kCommon, "prgSettings", "KHCountry", Value(std::string("Polska")));
   program.settings.SaveSettingValue(kCommon, "prgSettings", "KHRegion", Value(std::string("nieznane")));
-  Open(1);
+  Open(EditMode::kNew);
   EXPECT_EQ(form.txtPaństwo.Text(), "Polska");
   EXPECT_EQ(form.txtWojewództwo.ListIndex(), 0);
 }
@@ -191,7 +191,7 @@ TEST_F(CustomerFormTest, CloneIsANewRecordFilledFromTheOld) {
 }
 
 TEST_F(CustomerFormTest, CtrlEnterSavesAndEnterDoesNot) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
   EXPECT_FALSE(form.UserKey(kKeyEnter, false));
   EXPECT_EQ(form.saved_record(), 0);
@@ -203,21 +203,21 @@ TEST_F(CustomerFormTest, AttachingToANewRecordSavesItFirst) {
   const std::string contract = platform.folder / "umowa.txt", empty = platform.folder / "pusty.txt";
   WriteFile(contract, "treść");
   WriteFile(empty, "");
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
   ASSERT_TRUE(form.memoAdd_.UserPress());  // answered by no
-  EXPECT_EQ(form.Mode, 1);
+  EXPECT_EQ(form.Mode, EditMode::kNew);
   platform.ui.answers = {Answer::kYes};
   platform.ui.file_answers = {contract, empty};
   ASSERT_TRUE(form.memoAdd_.UserPress());
-  EXPECT_EQ(form.Mode, 2);
+  EXPECT_EQ(form.Mode, EditMode::kEdit);
   EXPECT_EQ(form.saved_record(), 1);
   EXPECT_EQ(form.memoCONTROL_.ShownText(), "umowa.txt");
   ASSERT_TRUE(form.memoAdd_.UserPress());
   EXPECT_EQ(MessageTexts().back(), program.Text("msg.info.cantaddattachment"));
 
   Save();
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   EXPECT_EQ(form.memoCONTROL_.ShownText(), "umowa.txt");
   ASSERT_TRUE(form.memoExec_.UserPress());
   ASSERT_EQ(platform.ui.opened.size(), 1u);
@@ -234,7 +234,7 @@ TEST_F(CustomerFormTest, DeletingActsOnTheFileThatWasJustAddedOrComesNext) {
     platform.ui.file_answers.push_back(platform.folder / name);
   }
   Add(kKontrahenci, {{"NAZWA", Value(std::string("Firma"))}});
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   for (int i = 0; i < 3; ++i) ASSERT_TRUE(form.memoAdd_.UserPress());
   ASSERT_TRUE(form.memoDel_.UserPress());
   EXPECT_EQ(form.memoCONTROL_.ShownText(), "a.txt; b.txt") << "the newest";
@@ -275,7 +275,7 @@ TEST_F(CustomerFormTest, ACustomerThatCannotBeWrittenStaysInTheEditorAndLeavesNo
 }
 
 TEST_F(CustomerFormTest, WhenTheDatabaseIsClosedSavingJustCloses) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
   OSTEngine(program).close_(false);
   Save();

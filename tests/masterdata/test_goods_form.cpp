@@ -7,7 +7,7 @@ namespace {
 
 class GoodsFormTest : public CompanyTest {
  protected:
-  void Open(int mode, int32_t record = 0) {
+  void Open(EditMode mode, int32_t record = 0) {
     form.reload_(mode, record);
     form.Open();
   }
@@ -20,7 +20,7 @@ class GoodsFormTest : public CompanyTest {
 };
 
 TEST_F(GoodsFormTest, NewArticleStartsAsGoodsWithTheFirstRateTheFirstCurrencyAndNoAmounts) {
-  Open(1);
+  Open(EditMode::kNew);
   EXPECT_EQ(form.txtRodzaj.Text(), "Towar");
   EXPECT_EQ(form.txtStawkaVAT.Text(), "22%");
   EXPECT_EQ(form.lblStawkaVAT.Text(), "Podatek podstawowy VAT 22% (22%)");
@@ -31,7 +31,7 @@ TEST_F(GoodsFormTest, NewArticleStartsAsGoodsWithTheFirstRateTheFirstCurrencyAnd
 }
 
 TEST_F(GoodsFormTest, LeavingAFieldMovesTheOthersOfItsPriceSet) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtCenaZakupu, "80"));
   EXPECT_EQ(form.txtCenaZakupu.Text(), "80");
   EXPECT_EQ(Prices(0), "0 0 -100,00 -800000,00 -80,00");
@@ -60,7 +60,7 @@ TEST_F(GoodsFormTest, LeavingAFieldMovesTheOthersOfItsPriceSet) {
 }
 
 TEST_F(GoodsFormTest, PurchasePriceKeepsTheNetPricesAndIsAtLeastAGrosz) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNetto[0], "50"));
   ASSERT_TRUE(Set(form.txtCenaZakupu, "0"));
   EXPECT_EQ(form.txtCenaZakupu.Text(), "0,01");
@@ -68,7 +68,7 @@ TEST_F(GoodsFormTest, PurchasePriceKeepsTheNetPricesAndIsAtLeastAGrosz) {
 }
 
 TEST_F(GoodsFormTest, RateMovesTheGrossPricesAndAnUnknownOneLeavesThem) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNetto[0], "10"));
   ASSERT_TRUE(Set(form.txtStawkaVAT, "7%"));
   EXPECT_EQ(form.txtBrutto[0].Text(), "10,70");
@@ -81,7 +81,7 @@ TEST_F(GoodsFormTest, RateMovesTheGrossPricesAndAnUnknownOneLeavesThem) {
 }
 
 TEST_F(GoodsFormTest, CurrencyChangeConvertsThePrices) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtCenaZakupu, "35"));
   ASSERT_TRUE(Set(form.txtNetto[0], "70"));
   ASSERT_TRUE(Set(form.txtWaluta, "EUR - Euro"));
@@ -109,7 +109,7 @@ TEST_F(GoodsFormTest, ADeletedRateStillCountsAndIsShown) {
       Add(kStawkiVat, {{"SYMBOL", Value(std::string("40%"))}, {"NAZWA", Value(std::string("Zbytek"))}, {"WARTOSC", Value(40.0)}});
   Add(kTowaryUslugi, {{"NAZWA", Value(std::string("Futro"))}, {"STAWKA_VAT", Value(luxury)}, {"WALUTA", Value(int32_t{1})}});
   ASSERT_TRUE(Table(program, kStawkiVat).RECORD_DELETE(luxury));
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   EXPECT_EQ(form.txtStawkaVAT.Text(), "40%");
   EXPECT_EQ(form.lblStawkaVAT.Text(), "Zbytek (40%)");
   ASSERT_TRUE(Set(form.txtNetto[0], "100"));
@@ -123,7 +123,7 @@ TEST_F(GoodsFormTest, ADeletedRateStillCountsAndIsShown) {
   // Of two rows of one symbol the one that the article has.
   const int32_t again =
       Add(kStawkiVat, {{"SYMBOL", Value(std::string("40%"))}, {"NAZWA", Value(std::string("Zbytek"))}, {"WARTOSC", Value(60.0)}});
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtStawkaVAT, "#" + std::to_string(again)));
   ASSERT_TRUE(Set(form.txtNetto[0], "100"));
   EXPECT_EQ(form.txtBrutto[0].Text(), "160,00");
@@ -138,11 +138,11 @@ TEST_F(GoodsFormTest, PricesInADeletedCurrencyAreConvertedFromIt) {
                       {"CENA_ZAKUPU", Value(20.0)},
                       {"DETAL_NETTO", Value(40.0)}});
   ASSERT_TRUE(Table(program, kWaluty).RECORD_DELETE(crown));
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   EXPECT_EQ(form.txtWaluta.Text(), "SKK - Korona");
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_EQ(At(kTowaryUslugi, 1).Int(".WALUTA"), crown) << "saving keeps it";
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   ASSERT_TRUE(Set(form.txtWaluta, "PLN - Polski złoty"));
   EXPECT_EQ(form.txtCenaZakupu.Text(), "10,00");
   EXPECT_EQ(form.txtNetto[0].Text(), "20,00");
@@ -154,7 +154,7 @@ TEST_F(GoodsFormTest, PricesInADeletedCurrencyAreConvertedFromIt) {
 
 TEST_F(GoodsFormTest, AFieldThatWasOnlyPassedOverMovesNothing) {
   program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", Value(std::string("0.00")));
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtCenaZakupu, "3"));
   ASSERT_TRUE(Set(form.txtBrutto[0], "10,01"));
   const std::string before = Prices(0);
@@ -175,7 +175,7 @@ TEST_F(GoodsFormTest, AFieldThatWasOnlyPassedOverMovesNothing) {
 }
 
 TEST_F(GoodsFormTest, SavedArticleComesBackAsItWas) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, "Usługa roczna"));
   ASSERT_TRUE(Set(form.txtSymbol, "UR"));
   ASSERT_TRUE(Set(form.txtRodzaj, "Usługa"));
@@ -209,13 +209,13 @@ TEST_F(GoodsFormTest, SavedArticleComesBackAsItWas) {
   EXPECT_EQ(goods.Int("ABINFOKONIEC"), 14);
 
   const std::string before = Bytes(kTowaryUslugi);
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   EXPECT_EQ(form.txtRodzaj.Text(), "Usługa");
   EXPECT_EQ(form.txtSubsEndAlertDays.Value(), 14);
   EXPECT_EQ(Prices(0), "10,00 10,70 25,00 20,00 2,00");
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_TRUE(Bytes(kTowaryUslugi) == before) << "saving an untouched article changes nothing";
-  Open(2, 1);
+  Open(EditMode::kEdit, 1);
   ASSERT_TRUE(Set(form.txtSubsEndAlert, "false"));
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_EQ(At(kTowaryUslugi, 1).Int("ABINFOKONIEC"), 0);
@@ -238,7 +238,7 @@ TEST_F(GoodsFormTest, TheDaysOfASubscriptionStayWithinTheField) {
 
 TEST_F(GoodsFormTest, AmountFormatIsThatOfTheSettings) {
   program.settings.SaveSettingValue(kCommon, "strFormat", "Currency", Value(std::string("0.0")));
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNetto[0], "10.26"));
   EXPECT_EQ(form.txtNetto[0].Text(), "10,3");
   EXPECT_EQ(form.txtBrutto[0].Text(), "12,5") << "of the price as typed";

@@ -16,7 +16,7 @@ class SalesFormTest : public Trade {
   void SetUp() override { program.main_view = &view; }
   std::unique_ptr<frm_Dok_sprzed> NewDocument() {
     auto form = std::make_unique<frm_Dok_sprzed>(program);
-    form->Mode = 1;
+    form->Mode = EditMode::kNew;
     form->reload_();
     form->Open();
     return form;
@@ -31,7 +31,7 @@ class SalesFormTest : public Trade {
   }
   std::unique_ptr<frm_Dok_sprzed> Edit(int32_t record) {
     auto form = std::make_unique<frm_Dok_sprzed>(program);
-    form->Mode = 2;
+    form->Mode = EditMode::kEdit;
     Table(program, kDokSprzed).RECORD_POSITION(record);
     form->reload_();
     form->Open();

@@ -59,8 +59,8 @@ TEST_F(SalesFormTest, OpeningAndSavingADocumentChangesNothingInIt) {
           {"ABN_KONIEC", true},
           {"ABN_KONIEC_DATA", Day("2008-05-06")},
           {"ABN_KONIEC_DNI", int32_t{10}}});
-  Table(program, kKontrahenci).RECORD_DELETE(gone);
-  Table(program, kFormyPlatn).RECORD_DELETE(kTransfer14);
+  EXPECT_TRUE(Table(program, kKontrahenci).RECORD_DELETE(gone));
+  EXPECT_TRUE(Table(program, kFormyPlatn).RECORD_DELETE(kTransfer14));
   ClassQDBASE& documents = Table(program, kDokSprzed);
   std::vector<std::string> before;
   documents.RECORD_LOAD(record);
@@ -201,7 +201,7 @@ TEST_F(SalesFormTest, PrintingSavesOnceAndKeepsTheFormOpen) {
   form->print_document = [&](int32_t record, PrintMode mode) { printed.emplace_back(record, mode); };
   Press(form->btnPrint);
   EXPECT_TRUE(form->IsOpen());
-  EXPECT_EQ(form->Mode, 2);
+  EXPECT_EQ(form->Mode, EditMode::kEdit);
   AddDocument(kInvoice, "2008-03-05", 2);
   Press(form->btnPrint);
   ASSERT_EQ(printed.size(), 2u);
@@ -219,10 +219,10 @@ TEST_F(SalesFormTest, AnAttachmentSavesTheDocumentFirst) {
   auto form = NewDocument();
   platform.ui.answers = {Answer::kNo, Answer::kYes};
   Press(form->memoAdd);
-  EXPECT_EQ(form->Mode, 1);
+  EXPECT_EQ(form->Mode, EditMode::kNew);
   platform.ui.file_answers = {file};
   Press(form->memoAdd);
-  EXPECT_EQ(form->Mode, 2);
+  EXPECT_EQ(form->Mode, EditMode::kEdit);
   EXPECT_EQ(form->memoCONTROL.ShownText(), "umowa.txt");
   Press(form->memoExec);
   EXPECT_EQ(platform.ui.opened.size(), 1u);

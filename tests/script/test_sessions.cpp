@@ -61,7 +61,7 @@ TEST_F(Sessions, AFiscalisedDocumentStopsEditingAndDeletionAlsoOfACustomerOfItsN
   {
     auto documents = TableOf("dok_sprzed.ovd");
     ASSERT_TRUE(documents->RECORD_LOAD(1));
-    documents->FIELD("ZDFISK", true);
+    EXPECT_TRUE(documents->FIELD("ZDFISK", true));
     ASSERT_TRUE(documents->RECORD_SAVE(1));
   }
   Play(

@@ -162,7 +162,7 @@ TEST_F(WizardSession, ACompanyThatIsThereKeepsItsLoginItsDetailsAndItsFormats) {
   {
     auto firma = TableOf("firma", "firma.ovd", "ala");
     ASSERT_TRUE(firma->RECORD_LOAD(1));
-    firma->FIELD("FORMAT_DATA_WYD", Value(std::string("yyyy-mm-dd")));
+    EXPECT_TRUE(firma->FIELD("FORMAT_DATA_WYD", Value(std::string("yyyy-mm-dd"))));
     ASSERT_TRUE(firma->RECORD_SAVE(1));
   }
   fs::remove_all(session.folder / "app/user-settings");  // another workstation joins

@@ -30,10 +30,10 @@ std::optional<int> Read(int count, const char* const* words, Wishes& wishes) {
   std::string folder, mark;
   bool windows = false, dialogs = false;
   CommandLine line("ostrinka-screens", "Saves a picture of every window and looks for texts that are not fit to be seen.");
-  line.Text("OUTDIR", folder, "Folder of the pictures")->required()->type_name("");
-  line.Text("--app", wishes.application, "The program's folder; the one beside the executable when not given")->type_name("DIR");
-  line.Text("--company", wishes.company, "A company, which is copied first; a small one is made when not given")->type_name("DIR");
-  line.Text("--mark", mark, "Ends the names of the pictures; --mark=-TEXT when it begins with a dash")->type_name("TEXT");
+  line.Word("OUTDIR", folder, "Folder of the pictures")->required()->type_name("");
+  line.Word("--app", wishes.application, "The program's folder; the one beside the executable when not given")->type_name("DIR");
+  line.Word("--company", wishes.company, "A company, which is copied first; a small one is made when not given")->type_name("DIR");
+  line.Word("--mark", mark, "Ends the names of the pictures; --mark=-TEXT when it begins with a dash")->type_name("TEXT");
   line.Checked("--size", "Size of the main window", [&](const std::string& text) { return ReadSize(text, wishes.files.size); })
       ->type_name("WxH");
   CLI::Option* only = line.options().add_flag("--windows", windows, "Only the main window");

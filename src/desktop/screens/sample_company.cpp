@@ -107,7 +107,7 @@ void SampleCompany::Make() {
 
 int32_t SampleCompany::AddCustomer(Entries entries) {
   frm_Kontrahenci_ form(program_);
-  form.reload_(1);
+  form.reload_(EditMode::kNew);
   form.Open();
   Fill(form, entries);
   form.btnSave.UserPress();
@@ -116,7 +116,7 @@ int32_t SampleCompany::AddCustomer(Entries entries) {
 
 int32_t SampleCompany::AddArticle(Entries entries) {
   frm_TowUslugi_ form(program_);
-  form.reload_(1);
+  form.reload_(EditMode::kNew);
   form.Open();
   Fill(form, entries);
   form.btnSave.UserPress();

@@ -227,10 +227,10 @@ void Screens::SalesScreens() {
 
 void Screens::Dialogs() {
   frm_Kontrahenci_ customer(program_);
-  customer.reload_(2, company_.customer());
+  customer.reload_(EditMode::kEdit, company_.customer());
   Shot(customer, "customer-editor");
   frm_TowUslugi_ goods(program_);
-  goods.reload_(2, company_.article());
+  goods.reload_(EditMode::kEdit, company_.article());
   Shot(goods, "goods-editor");
   SalesScreens();
   frm_Admin_usr_ company(program_);

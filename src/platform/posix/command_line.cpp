@@ -9,7 +9,7 @@ CommandLine::CommandLine(const std::string& program, const std::string& purpose)
   options_.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
 }
 
-CLI::Option* CommandLine::Text(const std::string& name, std::string& target, const std::string& help) {
+CLI::Option* CommandLine::Word(const std::string& name, std::string& target, const std::string& help) {
   return options_.add_option(name, target, help);
 }
 

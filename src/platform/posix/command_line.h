@@ -17,7 +17,7 @@ class CommandLine {
   CommandLine(const std::string& program, const std::string& purpose);
 
   // An option ("--app") or a place ("FILE"), read into `target` where it is given.
-  CLI::Option* Text(const std::string& name, std::string& target, const std::string& help);
+  CLI::Option* Word(const std::string& name, std::string& target, const std::string& help);
   // A whole decimal number from `least` to `most`; anything else is wrong.
   template <typename Number>
   CLI::Option* Whole(const std::string& name, Number& target, std::type_identity_t<Number> least, std::type_identity_t<Number> most,

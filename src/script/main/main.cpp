@@ -13,13 +13,13 @@ int main(int count, char** words) {
   std::string folder, file;
   uint64_t seed = 0;
   ostrinka::CommandLine line("ostrinka-script", "Runs the whole program without a window, driven by the steps of a script.");
-  line.Text("--app", folder, "The program's folder; where the executable stands when not given")->type_name("DIR");
+  line.Word("--app", folder, "The program's folder; where the executable stands when not given")->type_name("DIR");
   line.Checked("--now", "Fixes the clock at 12:00 of that day",
                [&](const std::string& text) { return (options.day = ostrinka::Date::Parse(text)).has_value(); })
       ->type_name("YYYY-MM-DD");
   const CLI::Option* seeded =
       line.Whole("--seed", seed, 0, std::numeric_limits<uint64_t>::max(), "Fixes the random numbers")->type_name("N");
-  line.Text("FILE", file, "The script; - reads it from standard input")->required()->type_name("");
+  line.Word("FILE", file, "The script; - reads it from standard input")->required()->type_name("");
   if (const auto status = line.Read(count, words)) return *status;
   if (seeded->count() > 0) options.seed = seed;
   options.application_folder = ostrinka::ExecutableFolder();

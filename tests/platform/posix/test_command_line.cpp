@@ -12,10 +12,10 @@ struct Reading {
   explicit Reading(std::vector<const char*> words) {
     words.insert(words.begin(), "build/somewhere/sample");
     CommandLine line("sample", "Shows how words are read.");
-    line.Text("--app", folder, "A folder")->type_name("DIR");
+    line.Word("--app", folder, "A folder")->type_name("DIR");
     line.Whole("--seed", seed, 1, 900, "A number")->type_name("N");
     line.Checked("--even", "A text of even length", [](const std::string& text) { return text.size() % 2 == 0; });
-    line.Text("FILE", file, "A place")->required()->type_name("");
+    line.Word("FILE", file, "A place")->required()->type_name("");
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     status = line.Read(static_cast<int>(words.size()), words.data());

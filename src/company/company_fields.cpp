@@ -1,4 +1,4 @@
-#include "app/company_record.h"
+#include "company/company_fields.h"
 
 namespace ostrinka {
 
