@@ -218,7 +218,7 @@ class ClassQDBASE {
   // Takes no field of another form, and attachments for a field of that type alone. A list bound to a link is filled with its records.
   void FORM_OBJECT_ADD(std::unique_ptr<BoundField> shown, const FieldId& field);
   void FORM_REFRESH();             // fills the bound fields from the current record
-  [[nodiscard]] bool FORM_SAVE();  // copies their content into the buffer
+  [[nodiscard]] bool FORM_SAVE();  // copies their content into the buffer; false when a field does not take it
 
   // --- attachments
   [[nodiscard]] bool MEMO_ADD(const FieldId& field, const std::string& file);

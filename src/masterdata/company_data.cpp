@@ -23,10 +23,10 @@ bool WriteCompanyTable(Program& program, CompanyRecord& record) {
   ColumnValues values;
   for (const CompanyField& field : CompanyFields()) {
     // The settings hold one line of a text: the record keeps the others as long as that one stays.
-    if (FirstLine(table.Text(field.table_field)) == field.member(record)) continue;
+    const Column<std::string> column{kFirma, field.table_field};
+    if (FirstLine(ReadColumn(program, column, 1)) == field.member(record)) continue;
     // A text may come from settings that know no length: what does not fit would run into the next field.
     const int32_t length = table.FIELD_LEN(field.table_field);
-    const Column<std::string> column{kFirma, field.table_field};
     if (length > 0) values.Set(column, LeftCharacters(field.member(record), static_cast<size_t>(length)));
   }
   return Store(program, kFirma, 1, values);

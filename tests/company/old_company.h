@@ -81,7 +81,7 @@ class OldCompanyTest : public FolderTest {
     for (const auto& [name, type] : shape.further) ASSERT_TRUE(table.FIELD_ADD(name, type, 0, "", ""));
     for (const auto& row : shape.rows) {
       ASSERT_TRUE(table.RECORD_ADD() && table.RECORD_LOAD(table.RECORD_ADDED()));
-      for (const auto& [field, value] : row) table.FIELD(field, value);
+      for (const auto& [field, value] : row) EXPECT_TRUE(table.FIELD(field, value)) << field;
       ASSERT_TRUE(table.RECORD_SAVE(table.RECORD_ADDED()));
     }
   }

@@ -164,16 +164,16 @@ void Work(Program& program, const std::string& scan) {
   OpenCompany(program);
   ClassQDBASE &customers = Table(program, kKontrahenci), &sales = Table(program, kDokSprzed), &lines = Table(program, kSprzedane);
   for (int32_t i = 1; i <= 6; ++i) {
-    customers.RECORD_ADD();
+    static_cast<void>(customers.RECORD_ADD());
     const int32_t n = customers.RECORD_ADDED();
     customers.RECORD_POSITION(n);
     customers.RECORD_LOAD(n);
-    customers.FIELD("NAZWA", std::string("Odbiorca"));
-    customers.RECORD_SAVE(n);
-    customers.MEMO_ADD("MEMO_", scan);
-    if (i % 3 == 0) customers.MEMO_DEL("MEMO_", 1);
-    sales.RECORD_ADD({int32_t{1}, i, i * 100});
-    lines.RECORD_ADD({i * 100, int32_t{1}});
+    static_cast<void>(customers.FIELD("NAZWA", std::string("Odbiorca")));
+    static_cast<void>(customers.RECORD_SAVE(n));
+    static_cast<void>(customers.MEMO_ADD("MEMO_", scan));
+    if (i % 3 == 0) static_cast<void>(customers.MEMO_DEL("MEMO_", 1));
+    static_cast<void>(sales.RECORD_ADD({int32_t{1}, i, i * 100}));
+    static_cast<void>(lines.RECORD_ADD({i * 100, int32_t{1}}));
   }
   OSTEngine(program).close_(true);
 }

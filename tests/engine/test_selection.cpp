@@ -242,11 +242,11 @@ TEST_F(TableTest, LaterPassesSeeWhatOthersWrite) {
 
 TEST_F(TableTest, NumbersStandBeforeTextsInTheOrder) {
   auto sizes = Create(surroundings.folder / "rozmiary.ovd");
-  sizes->FIELD_ADD("MM", kLong, 0, "", "");
-  for (const int size : {10, -3, 200}) sizes->RECORD_ADD({size});
+  EXPECT_TRUE(sizes->FIELD_ADD("MM", kLong, 0, "", ""));
+  for (const int size : {10, -3, 200}) EXPECT_TRUE(sizes->RECORD_ADD({size}));
   auto table = Create(path);
-  table->FIELD_ADD("ROZMIAR", kLink, 0, "rozmiary.ovd", "MM");
-  for (const int target : {99, 3, 1, 98, 2}) table->RECORD_ADD({target});  // of no target a text is shown, the empty one
+  EXPECT_TRUE(table->FIELD_ADD("ROZMIAR", kLink, 0, "rozmiary.ovd", "MM"));
+  for (const int target : {99, 3, 1, 98, 2}) EXPECT_TRUE(table->RECORD_ADD({target}));  // of no target a text is shown, the empty one
   table->SELECTION("*", "*", "@ROZMIAR", ordAsc);
   const std::vector<int32_t> rising = table->selection();
   EXPECT_EQ(std::vector<int32_t>(rising.begin(), rising.begin() + 3), (std::vector<int32_t>{5, 3, 2}));

@@ -29,19 +29,19 @@ class BoundFormTest : public TableTest {
   // The second article is of the second group.
   void SetUp() override {
     groups = Create(surroundings.folder / "grupy.ovd");
-    groups->FIELD_ADD("OPIS", kText, 10, "", "");
-    for (const char* name : {"stal", "drewno", "szkło"}) groups->RECORD_ADD({std::string(name)});
-    FilledGoods()->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS");
+    EXPECT_TRUE(groups->FIELD_ADD("OPIS", kText, 10, "", ""));
+    for (const char* name : {"stal", "drewno", "szkło"}) EXPECT_TRUE(groups->RECORD_ADD({std::string(name)}));
+    EXPECT_TRUE(FilledGoods()->FIELD_ADD("GRUPA", kLink, 0, "grupy.ovd", "OPIS"));
     table = Open(path, true);
-    table->FIELD_ADD("PLIKI", kMemo, 0, "", "");
+    EXPECT_TRUE(table->FIELD_ADD("PLIKI", kMemo, 0, "", ""));
     table->RECORD_LOAD(2);
-    table->FIELD("GRUPA", Value(2));
-    table->RECORD_SAVE(2);
+    EXPECT_TRUE(table->FIELD("GRUPA", Value(2)));
+    EXPECT_TRUE(table->RECORD_SAVE(2));
   }
 };
 
 TEST_F(BoundFormTest, ItShowsTheRecordAndGivesItBack) {
-  groups->RECORD_DELETE(2);
+  EXPECT_TRUE(groups->RECORD_DELETE(2));
   SetBytes(surroundings.folder / "a.txt", "x");
   table->RECORD_POSITION(5);
   ASSERT_TRUE(table->MEMO_ADD("PLIKI", surroundings.folder / "a.txt"));
