@@ -13,7 +13,7 @@ namespace {
 class PictureDecoderTest : public testing::Test {
  protected:
   std::optional<Picture> Decoded(const std::string& bytes) {
-    EXPECT_TRUE(files.WriteAll(folder / "picture", bytes, false));
+    EXPECT_TRUE(files.WriteAll(folder / "picture", bytes));
     return decoder.Decode(folder / "picture");
   }
   void ExpectPixels(const std::string& bytes, const Picture& expected, const std::string& what) {
