@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "company/tables.h"
+#include "forms/bound_control.h"
 
 namespace ostrinka {
 namespace {
