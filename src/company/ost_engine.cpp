@@ -1,5 +1,7 @@
 #include "company/ost_engine.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "company/firma_record.h"
 #include "company/list_columns.h"
@@ -240,7 +242,8 @@ void OSTEngine::open_as(const LoginResult& login, bool silent, bool& ok) {
     return BringUpToDate(folder, login, always);
   };
   if (!bring_up_to_date(false)) {
-    if (!reason_.empty()) program_.ShowMessage(reason_, MessageKind::kWarning);
+    // Told here and now; who asks for the reason afterwards need not say it again.
+    if (!reason_.empty()) program_.ShowMessage(std::exchange(reason_, {}), MessageKind::kWarning);
     return;
   }
   reason_.clear();

@@ -114,12 +114,21 @@ TEST_F(FolderTest, WhatCannotBeOpenedFailsAndIsUpgradedNextTime) {
 TEST_F(FolderTest, AFolderThatMayNotBeWrittenFailsAndStaysAsItIs) {
   namespace fs = std::filesystem;
   ASSERT_TRUE(Create());
-  fs::permissions(surroundings.folder.path(), fs::perms(0755));
+  ASSERT_TRUE(surroundings.files.WriteAll(surroundings.folder / "app/program.lang", "msg.why.rights={0}: {1}\r\n"));
+  ASSERT_TRUE(program.catalogue.LoadProgramCatalogue("program.lang"));
+  for (const std::string& place : {surroundings.folder.path(), surroundings.folder / "user", surroundings.folder / "app"}) {
+    fs::permissions(place, fs::perms(0755));
+  }
+  for (const auto& entry : fs::directory_iterator(surroundings.folder / "user")) fs::permissions(entry.path(), fs::perms(0644));
   for (const auto& entry : fs::directory_iterator(folder)) fs::permissions(entry.path(), fs::perms(0444));
   fs::permissions(folder, fs::perms(0555));
   const bool root = geteuid() == 0;
   ASSERT_EQ(root ? seteuid(65534) : 0, 0);  // root writes whatever the permissions say
-  EXPECT_FALSE(Open());
+  bool opened = true;
+  OSTEngine engine(program);
+  engine.open_(true, opened);
+  EXPECT_FALSE(opened);
+  EXPECT_EQ(engine.reason(), "firma.ovd: Permission denied");
   EXPECT_FALSE(Test());
   surroundings.files.Remove(folder + "waluty.ovd");
   EXPECT_TRUE(Exists("waluty.ovd"));

@@ -95,7 +95,8 @@ TEST_F(Sessions, FindAlphabetAndSortChooseCustomers) {
        "set @FIND kutno\ncommand KONTRAHENCI.SELEKCJA.ZNAJDŹ\nexpect-rows 5\nset @FIND ŻUBR\ncommand "
        "KONTRAHENCI.SELEKCJA.ZNAJDŹ\nexpect-rows 1\n"
        "item KONTRAHENCI.SELEKCJA.ZNAJDŹ KONTRAHENCI.SELEKCJA.ZNAJDŹ.WSZYSTKO\nexpect-rows 5\n"
-       "command KONTRAHENCI.SELEKCJA.ALFABET.A-D\nexpect-rows 1\ncommand KONTRAHENCI.SELEKCJA.ALFABET.0-9\nexpect-rows 1\n"
+       "command KONTRAHENCI.SELEKCJA.ALFABET.A-D\nexpect-rows 1\ncommand KONTRAHENCI.SELEKCJA.ALFABET.X-Z\nexpect-rows 2\n"
+       "command KONTRAHENCI.SELEKCJA.ALFABET.I-L\nexpect-rows 1\ncommand KONTRAHENCI.SELEKCJA.ALFABET.0-9\nexpect-rows 1\n"
        "command KONTRAHENCI.SELEKCJA.ALFABET.ALL\nexpect-rows 5\n");
   std::vector<std::string> order;
   for (const std::string& row : Split(session.out, '\n')) {
