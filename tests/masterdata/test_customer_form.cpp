@@ -249,7 +249,7 @@ TEST_F(CustomerFormTest, DeletingActsOnTheFileThatWasJustAddedOrComesNext) {
 
 TEST_F(CustomerFormTest, ACustomerThatCannotBeWrittenStaysInTheEditorAndLeavesNoRecord) {
   ClassQDBASE& customers = Table(program, kKontrahenci);
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, "Firma"));
   const std::pair<FileCall, int> refused[] = {{FileCall::kGrow, 0}, {FileCall::kOverwrite, 0}, {FileCall::kOverwrite, 1}};
   for (const auto& [call, after] : refused) {
@@ -266,7 +266,7 @@ TEST_F(CustomerFormTest, ACustomerThatCannotBeWrittenStaysInTheEditorAndLeavesNo
   Save();
   EXPECT_EQ(At(kKontrahenci, form.saved_record()).Text("NAZWA"), "Firma");
 
-  Open(2, form.saved_record());
+  Open(EditMode::kEdit, form.saved_record());
   ASSERT_TRUE(Set(form.txtNazwa, "Inna"));
   platform.files.Refuse(FileCall::kOverwrite, "kontrahenci.ovd");
   ASSERT_TRUE(form.btnSave.UserPress());

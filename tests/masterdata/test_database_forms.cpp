@@ -124,7 +124,7 @@ class OpenCompanyTest : public CompanyTest {
     return form;
   }
   std::string OpenFolder() { return Table(program, kFirma).DATABASE_PATH(); }
-  RecordingView view;
+  TestView view;
   frm_Admin_qdb_ form{program};
 };
 

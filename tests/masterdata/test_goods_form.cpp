@@ -222,7 +222,7 @@ TEST_F(GoodsFormTest, SavedArticleComesBackAsItWas) {
 }
 
 TEST_F(GoodsFormTest, TheDaysOfASubscriptionStayWithinTheField) {
-  Open(1);
+  Open(EditMode::kNew);
   ASSERT_TRUE(Set(form.txtNazwa, "Opieka"));
   ASSERT_TRUE(Set(form.txtSubscriptionON, "true"));
   const std::pair<const char*, const char*> rows[] = {

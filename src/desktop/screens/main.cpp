@@ -26,7 +26,7 @@ bool ReadSize(const std::string& text, QSize& size) {
   return width && height && size.isValid();
 }
 
-std::optional<int> Read(int count, const char* const* words, Wishes& wishes) {
+std::optional<int> ReadWishes(int count, const char* const* words, Wishes& wishes) {
   std::string folder, mark;
   bool windows = false, dialogs = false;
   CommandLine line("ostrinka-screens", "Saves a picture of every window and looks for texts that are not fit to be seen.");
@@ -75,6 +75,6 @@ int main(int argc, char** argv) {
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  if (const auto status = ostrinka::Read(argc, argv, wishes)) return *status;
+  if (const auto status = ostrinka::ReadWishes(argc, argv, wishes)) return *status;
   return ostrinka::Run(wishes);
 }
