@@ -114,7 +114,7 @@ TEST_F(DatabaseFormsTest, ChoosingTheDefaultFolderKeepsTheOwnOneForLater) {
   EXPECT_EQ(form.txtDbPath.Text(), platform.folder / "inna");
 }
 
-// A company that is open, in the default folder.
+// A company that is open.
 class OpenCompanyTest : public CompanyTest {
  protected:
   OpenCompanyTest() { program.main_view = &view; }
@@ -131,7 +131,7 @@ class OpenCompanyTest : public CompanyTest {
 TEST_F(OpenCompanyTest, WhoIsAskedAtTheStartDoesNotGetPastItThroughTheConnection) {
   program.settings.SaveSettingValue(kCommon, "dbLogin", "login", true);
   Shown();
-  EXPECT_EQ(form.userName.Text(), "ala");
+  EXPECT_EQ(form.userName.Text(), kTestLogin);
   EXPECT_EQ(form.userPassword.Text(), "");
   // Without the password the question stays, whatever else is typed.
   for (const char* password : {"", "pies"}) {
@@ -139,7 +139,7 @@ TEST_F(OpenCompanyTest, WhoIsAskedAtTheStartDoesNotGetPastItThroughTheConnection
     ASSERT_TRUE(form.btnSave.UserPress());
     EXPECT_TRUE(form.IsOpen());
     EXPECT_EQ(Setting("dbLogin", "login"), "True");
-    EXPECT_EQ(Setting("dbLogin", "password"), "kot");
+    EXPECT_EQ(Setting("dbLogin", "password"), kTestLogin);
     EXPECT_NE(MessageTexts().back().find(program.Text("msg.info.asklogin")), std::string::npos);
   }
   // With the question left on, the person is asked, and the stored password stays what it was.
@@ -147,14 +147,14 @@ TEST_F(OpenCompanyTest, WhoIsAskedAtTheStartDoesNotGetPastItThroughTheConnection
   int asked = 0;
   platform.ui.on_modal = [&](Form& login) {
     ++asked;
-    EXPECT_TRUE(Set(*login.Find("txtUser"), "ala") && Set(*login.Find("txtPassword"), "pies"));
+    EXPECT_TRUE(Set(*login.Find("txtUser"), kTestLogin) && Set(*login.Find("txtPassword"), "pies"));
     EXPECT_TRUE(login.FindButton("login.btn.ok")->UserPress());
   };
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_EQ(asked, 1);
   EXPECT_NE(MessageTexts().back().find(program.Text("msg.why.login", {"firma.ovd"})), std::string::npos);
-  EXPECT_EQ(Setting("dbLogin", "password"), "kot");
-  ASSERT_TRUE(Set(form.userPassword, "kot") && Set(form.dbLogin, "false"));
+  EXPECT_EQ(Setting("dbLogin", "password"), kTestLogin);
+  ASSERT_TRUE(Set(form.userPassword, kTestLogin) && Set(form.dbLogin, "false"));
   ASSERT_TRUE(form.btnSave.UserPress());
   EXPECT_FALSE(form.IsOpen());
   EXPECT_EQ(Setting("dbLogin", "login"), "False");
@@ -171,8 +171,8 @@ TEST_F(OpenCompanyTest, LeavingAfterATryThatFailedBringsTheWorkingConnectionBack
   EXPECT_NE(MessageTexts().back().find(program.Text("msg.why.folder", {platform.folder / "nowhere/"})), std::string::npos);
   view.calls.clear();
   ASSERT_TRUE(form.btnCancel.UserPress());
-  EXPECT_EQ(Setting("dbPath", "Remote"), "False");
-  EXPECT_EQ(Setting("dbLogin", "password"), "kot");
+  EXPECT_EQ(Setting("dbPath", "Path"), platform.folder / "firma/");
+  EXPECT_EQ(Setting("dbLogin", "password"), kTestLogin);
   EXPECT_TRUE(program.database_open);
   EXPECT_EQ(OpenFolder(), folder);
   EXPECT_THAT(view.calls, ElementsAre("show", "ref_"));
