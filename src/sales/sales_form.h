@@ -113,9 +113,10 @@ class frm_Dok_sprzed : public Form {
   void Save();
   void Print();
   void Refresh();
-  // False when an amount is too large or a table refuses; the caller tells it.
+  // The values of the line touched last, then the totals of all. False when an amount is too large or a table refuses; the caller tells it.
   [[nodiscard]] bool Recalculate();
-  LineOutcome RecalculateCurrentLine();
+  // The totals alone, and into the document when it is stored.
+  [[nodiscard]] bool SumUp();
   void Tell(bool done);  // a failure, once
   bool ConfirmedAndWritten(frm_Dok_add_TU& dialog, const std::function<LineOutcome()>& write);
   void LinesChanged();
@@ -134,6 +135,7 @@ class frm_Dok_sprzed : public Form {
   Program& program_;
   QdbTableSource lines_;
   int32_t id_ = 0, record_ = 0, opening_type_ = -1, number_ = 0, currency_ = 0;
+  int32_t touched_line_ = 0;  // that the person last added, edited or removed in this editor; 0 none: opening and choosing a row touch none
   float rate_ = 1;
   DocumentTotals totals_;
   std::map<int32_t, float> rate_memory_;

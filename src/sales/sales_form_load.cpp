@@ -26,6 +26,7 @@ void frm_Dok_sprzed::reload_() {
   LimitFields();
   record_ = Mode == EditMode::kEdit ? Table(program_, kDokSprzed).RECORD_POSITION() : 0;
   number_ = 0;
+  touched_line_ = 0;
   totals_ = {};
   rate_memory_.clear();
   memoCONTROL.Clear();
@@ -136,7 +137,7 @@ void frm_Dok_sprzed::LoadNewCorrection() {
   currency_ = corrected->currency;
   rate_ = corrected->rate;
   const bool copied = CopyLines(program_, corrected->identity, id_);
-  Tell(Recalculate() && copied);
+  Tell(SumUp() && copied);
 }
 
 void frm_Dok_sprzed::LoadNewCurrency() {

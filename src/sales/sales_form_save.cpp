@@ -82,7 +82,7 @@ bool frm_Dok_sprzed::Store(bool recalculate) {
   const bool fresh = Mode == EditMode::kNew;
   const bool stored = fresh ? StoreNew() : StoreChanged();
   // Not stored: the form stays open, so that what was typed is not lost.
-  Tell(stored && (!(recalculate || !fresh) || Recalculate()));
+  Tell(stored && (!(recalculate || !fresh) || SumUp()));
   if (stored) SetDirty(false);
   return stored;
 }
@@ -140,14 +140,11 @@ void frm_Dok_sprzed::Print() {
 
 // --- lines
 
-LineOutcome frm_Dok_sprzed::RecalculateCurrentLine() {
-  const int32_t line = Table(program_, kSprzedane).RECORD_POSITION();
-  if (id_ < 1 || ReadColumn(program_, line_columns::kDocument, line) != id_) return LineOutcome::kDone;
-  return RecalculateLine(program_, line);
+bool frm_Dok_sprzed::Recalculate() {
+  return (touched_line_ < 1 || RecalculateLine(program_, touched_line_) == LineOutcome::kDone) && SumUp();
 }
 
-bool frm_Dok_sprzed::Recalculate() {
-  if (RecalculateCurrentLine() != LineOutcome::kDone) return false;
+bool frm_Dok_sprzed::SumUp() {
   totals_ = SumLines(program_, id_, currency_);
   if (record_ < 1) return true;
   ColumnValues totals;
@@ -200,9 +197,13 @@ void frm_Dok_sprzed::AddLineByDialog() {
   dialog.DocumentCurrency = currency_;
   dialog.reload_();
   const auto written = [&] {
-    if (dialog.Article != frm_Dok_add_TU::kAdvance) return AddLine(program_, id_, dialog.Entry(), rate_).outcome;
-    SettlePickedAdvance();
-    return LineOutcome::kDone;
+    if (dialog.Article == frm_Dok_add_TU::kAdvance) {
+      SettlePickedAdvance();
+      return LineOutcome::kDone;
+    }
+    const AddedLine added = AddLine(program_, id_, dialog.Entry(), rate_);
+    if (added.outcome == LineOutcome::kDone) touched_line_ = added.record;
+    return added.outcome;
   };
   if (ConfirmedAndWritten(dialog, written)) LinesChanged();
 }
@@ -221,7 +222,9 @@ void frm_Dok_sprzed::EditLineByDialog() {
   const auto written = [&] {
     LineEntry entry = dialog.Entry();
     if (entry.article < 1 || !dialog.ArticleChanged()) entry.article = row->article;
-    return RewriteLine(program_, line, entry);
+    const LineOutcome outcome = RewriteLine(program_, line, entry);
+    if (outcome == LineOutcome::kDone) touched_line_ = line;
+    return outcome;
   };
   if (ConfirmedAndWritten(dialog, written)) LinesChanged();
 }
@@ -232,6 +235,7 @@ void frm_Dok_sprzed::RemoveLine() {
   if (program_.Message("msg.question.areyousure", MessageKind::kQuestion) != Answer::kYes) return;
   // A line that cannot be emptied stays: removed, it would go on counting in the totals.
   const bool zeroed = ZeroLine(program_, line) == LineOutcome::kDone;
+  if (zeroed) touched_line_ = line;
   const bool counted = zeroed && Recalculate();
   Tell(zeroed && Table(program_, kSprzedane).RECORD_DELETE(line) && counted);
   SetDirty(true);

@@ -30,6 +30,38 @@ TEST_F(SalesMoneyTest, AStoredRateComesBackWithItsCurrencyAndIsWrittenAtOnce) {
   EXPECT_EQ(form->txtKurs.Text(), "3,7000");
 }
 
+TEST_F(SalesMoneyTest, WhatStandsOnTheScreenIsStoredAndStaysWhenItIsOpenedAndSavedUntouched) {
+  const int32_t cheap = AddArticle("Nit", 3.33, 4.06), other = AddArticle("Klej", 1, 1.22);
+  auto form = NewDocument();
+  AddArticleLine(*form, cheap, "10000");
+  AddArticleLine(*form, other, "1");
+  Set(form->txtWaluta, "#2");
+  const double net = form->totals().net, gross = form->totals().gross;
+  const int32_t record = Save(*form);
+  const auto line = [&](int32_t n) {
+    return Stored(kSprzedane, n, "CENA_BRUTTO") + " " + Stored(kSprzedane, n, "WARTOSC_NETTO") + " " +
+           Stored(kSprzedane, n, "WARTOSC_BRUTTO");
+  };
+  const std::string first = line(1), second = line(2);
+  for (const int row : {1, 2}) {
+    form = Edit(record);
+    ASSERT_TRUE(form->SQL_Pic.UserClick(row, 1));
+    Save(*form);
+    EXPECT_EQ(line(1) + "; " + line(2), first + "; " + second) << row;
+    EXPECT_EQ(Stored(kDokSprzed, record, "WARTOSC_NETTO"), ToText(net)) << row;
+    EXPECT_EQ(Stored(kDokSprzed, record, "WARTOSC_BRUTTO"), ToText(gross)) << row;
+  }
+  // A line that the person changes is counted anew, and no other.
+  form = Edit(record);
+  EditLine(*form, 2, [](frm_Dok_add_TU& dialog) {
+    Set(dialog.txtIlość, "2");
+    Press(dialog.btnOK);
+  });
+  Save(*form);
+  EXPECT_EQ(line(1), first);
+  EXPECT_NE(line(2), second);
+}
+
 TEST_F(SalesMoneyTest, ADocumentWithoutARateIsInTheHomeCurrency) {
   const int32_t abroad = AddArticle("Pumpe", 10, 12.2, kVat22, kEuro);
   const int32_t record = AddDocumentAt(kZloty, 0);
