@@ -17,16 +17,16 @@ constexpr float kPointsPerMm = static_cast<float>(kPdfUnitsPerMm);
 constexpr float kTextSize = 0.333f;  // points of the element's size that MAKE_PDF writes, by kPointsPerMm
 
 // Invoices one behind the other until the job has so many pages.
-std::unique_ptr<ClassPRINT> InvoiceJob(Program& program, int32_t pages) {
-  auto job = std::make_unique<ClassPRINT>(program);
-  for (int32_t record = 1; job->Page() < pages; ++record) {
-    const int32_t before = job->Page();
-    job->CLEAR_PAGE_NUMBER_();
-    PrintSalesDocument(program, *job, record, true, "");
-    Require(job->Page() > before, "a document has no page");
+std::shared_ptr<ClassPRINT> InvoiceJob(Program& program, int32_t pages) {
+  PrintJob job = NewPrintJob(program);
+  for (int32_t record = 1; job.print->Page() < pages; ++record) {
+    const int32_t before = job.print->Page();
+    job.print->CLEAR_PAGE_NUMBER_();
+    PrintSalesDocument(job, {record, true, ""});
+    Require(job.print->Page() > before, "a document has no page");
   }
-  job->END_PAGE();
-  return job;
+  job.print->END_PAGE();
+  return job.print;
 }
 
 void Failed(HPDF_STATUS error, HPDF_STATUS, void*) {
@@ -135,7 +135,7 @@ double TheirPdf(const ClassPRINT& job, const std::string& path) {
 void PdfRows(Data& data, Report& report) {
   const char *library = "MAKE_PDF of 1,000 invoice pages", *growth = "MAKE_PDF, 1,000 pages to 250";
   if (!report.Wants(library) && !report.Wants(growth)) return;
-  const std::unique_ptr<ClassPRINT> job = InvoiceJob(data.small.program(), kPages), few = InvoiceJob(data.small.program(), kFewPages);
+  const std::shared_ptr<ClassPRINT> job = InvoiceJob(data.small.program(), kPages), few = InvoiceJob(data.small.program(), kFewPages);
   Require(job->Page() == kPages && few->Page() == kFewPages, "an invoice took more than one page at the end of the job");
   const std::string ours = data.scratch + "ours.pdf", theirs = data.scratch + "theirs.pdf";
   if (report.Wants(library)) {

@@ -28,6 +28,7 @@ class NobodyThere : public UserInterface {
   void StartMainTimer(int) override {}
   void StopMainTimer() override {}
   bool OpenWithSystem(const std::string&) override { return false; }
+  bool OpenAddress(const std::string&) override { return false; }
   void EndProgram() override {}
 };
 
