@@ -36,7 +36,7 @@ class NoWaiting : public Waiter {
 };
 
 struct ScriptPlatform {
-  ScriptPlatform(std::string application_folder, UserInterface& ui, std::optional<Date> day, std::optional<uint64_t> seed)
+  ScriptPlatform(const std::string& application_folder, UserInterface& ui, std::optional<Date> day, std::optional<uint64_t> seed)
       : clock(day), random(seed), pictures(files), download(files), platform{files,
                                                                              ui,
                                                                              clock,
