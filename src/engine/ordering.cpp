@@ -27,7 +27,7 @@ int Order(double a, double b) {
 
 }  // namespace
 
-Ordering::Ordering(const FieldId& id, const FieldLayout& layout, LinkReader links) : layout_(layout), links_(std::move(links)) {
+Ordering::Ordering(const FieldId& id, const FieldLayout& layout, LinkReader links) : links_(std::move(links)) {
   std::string name = Trim(id.name());
   const bool prefixed = !name.empty() && (name[0] == '.' || name[0] == '@');
   through_link_ = prefixed && name[0] == '@';

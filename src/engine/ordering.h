@@ -41,7 +41,6 @@ class Ordering {
   int Compare(const Entry& a, const Entry& b) const;
   void SiftDown(size_t root, size_t end, int sign);
 
-  const FieldLayout& layout_;
   LinkReader links_;
   const FieldDef* field_ = nullptr;
   int number_ = 0;
